@@ -1,0 +1,133 @@
+#include "engine/method_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+
+#include "engine/month_salary.h"
+#include "engine/salary_engine.h"
+#include "platform/data/error.h"
+
+namespace velmora {
+
+namespace {
+
+using quor::MethodResult;
+
+// The parameters of one call, by position, each converted when it is read.
+class Arguments {
+ public:
+  explicit Arguments(const quor::Parameters& values) : values_(values) {}
+
+  std::size_t count() const { return values_.size(); }
+  std::int16_t int16(std::size_t i) const { return at(i).to_int16(); }
+  std::int32_t int32(std::size_t i) const { return at(i).to_int32(); }
+  double number(std::size_t i) const { return at(i).to_double(); }
+  quor::Date date(std::size_t i) const { return at(i).to_date(); }
+  std::string text(std::size_t i) const { return at(i).to_text(); }
+  const std::shared_ptr<quor::Recordset>& record_set(std::size_t i) const { return at(i).record_set(); }
+
+  template <typename T>
+  std::shared_ptr<T> object(std::size_t i) const {
+    auto object = quor::to_object<T>(at(i));
+    if (!object) throw quor::Error(quor::ErrorKind::kObjectMissing, which(i) + " yra tuščia objekto nuoroda.");
+    return object;
+  }
+
+ private:
+  static std::string which(std::size_t i) { return "Parametras Nr. " + std::to_string(i); }
+
+  const quor::Variant& at(std::size_t i) const {
+    if (i < values_.size()) return values_[i];
+    throw quor::Error(quor::ErrorKind::kIndexOutOfRange, which(i) + " nepateiktas.");
+  }
+
+  const quor::Parameters& values_;
+};
+
+MethodResult answer(quor::Variant value) { return {.Code = 0, .Message = {}, .Value = std::move(value)}; }
+
+MethodResult wrong_parameters(const std::string& name) {
+  return {.Code = quor::kPluginFailure,
+          .Message = "Method " + name + ":" + quor::kLineBreak + "Klaidingi parametrai!",
+          .Value = {}};
+}
+
+MethodResult salary_components(UIO0402000& engine, const Arguments& in) {
+  if (in.count() != 4) return wrong_parameters("GetSalaryComponents");
+  const auto document = in.object<quor::QuorObjectUIO>(0);
+  const std::string key = in.text(1);
+  const bool hourly = in.int16(2) != 0;
+  return engine.salary_components(*document, key, hourly, in.date(3));
+}
+
+MethodResult salary_constant(UIO0402000& engine, const Arguments& in) {
+  if (in.count() != 2 && in.count() != 3) return wrong_parameters("GetSalaryConstant");
+  const bool hourly = in.int16(0) != 0;
+  const quor::Date date = in.date(1);
+  return engine.salary_constant(hourly, date, in.count() == 3 ? in.int32(2) : 0);
+}
+
+struct Method {
+  std::string_view name;
+  MethodResult (*run)(UIO0402000& engine, const Arguments& in);
+};
+
+// Parameters convert from left to right, so that the first one at fault is the one that is named.
+constexpr Method kMethods[] = {
+    {"GetMMACode", [](UIO0402000&, const Arguments&) { return answer("MMA_VT"); }},
+    {"GetMVACode", [](UIO0402000&, const Arguments&) { return answer("MVA_VT"); }},
+    {"GetPercentageByExperience",
+     [](UIO0402000&, const Arguments& in) {
+       const std::int16_t years = in.int16(0);
+       return UIO0402000::percentage_by_experience(years, in.record_set(1));
+     }},
+    {"GetPersonalExtraChargeComponents",
+     [](UIO0402000& engine, const Arguments& in) {
+       const std::int32_t person = in.int32(0);
+       return engine.personal_extra_charge_components(person, in.date(1));
+     }},
+    {"GetActionComponents", [](UIO0402000&, const Arguments& in) { return UIO0402000::action_components(in.text(0)); }},
+    {"GetSalaryComponents", salary_components},
+    {"GetMonthSalaryValue",
+     [](UIO0402000&, const Arguments& in) {
+       const double factors[] = {in.number(0), in.number(1), in.number(2)};
+       return answer(month_salary(factors[0], factors[1], factors[2]));
+     }},
+    {"GetSalaryComponentsByID",
+     [](UIO0402000& engine, const Arguments& in) {
+       const std::int32_t row_id = in.int32(0);
+       const bool hourly = in.int16(1) != 0;
+       return engine.salary_components_by_id(row_id, hourly, in.date(2));
+     }},
+    {"GetSalaryConstant", salary_constant},
+    {"GetExtraUIOByGUID",
+     [](UIO0402000& engine, const Arguments& in) {
+       const std::string row_id = in.text(0);
+       return engine.extra_uio_by_guid(row_id, in.date(1));
+     }},
+    {"CheckExtraComponents",
+     [](UIO0402000&, const Arguments& in) {
+       return UIO0402000::check_extra_components(*in.object<quor::NamedMembers>(0));
+     }},
+};
+
+constexpr bool names_differ() {
+  for (auto one = std::begin(kMethods); one != std::end(kMethods); ++one) {
+    for (auto other = std::next(one); other != std::end(kMethods); ++other) {
+      if (one->name == other->name) return false;
+    }
+  }
+  return true;
+}
+static_assert(names_differ(), "two methods of one name: the second would never run");
+
+}  // namespace
+
+MethodResult run_method(UIO0402000& engine, std::string_view name, const quor::Parameters& parameters) {
+  const auto* method = std::find_if(std::begin(kMethods), std::end(kMethods),
+                                    [&](const Method& candidate) { return candidate.name == name; });
+  return method == std::end(kMethods) ? MethodResult{} : method->run(engine, Arguments(parameters));
+}
+
+}  // namespace velmora

@@ -1,0 +1,54 @@
+#include "frame/catalogue.h"
+
+#include "platform/data/number_text.h"
+#include "platform/data/utf8.h"
+
+namespace velmora::catalogue {
+
+std::string quoted(std::string_view text) {
+  std::string result = "'";
+  for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
+  return result += '\'';
+}
+
+std::string quoted(quor::Date date) { return quoted(quor::date_text(date)); }
+
+char32_t numeric_key(char32_t typed, std::string_view text, bool allow_negative, bool allow_decimal) {
+  constexpr char32_t kBackspace = 8;
+  constexpr char32_t kSwallow = 0;
+  if ((typed >= U'0' && typed <= U'9') || typed == kBackspace) return typed;
+  if (typed == U'-') return allow_negative ? typed : kSwallow;
+  if (typed == U'.') typed = U',';
+  if (typed == U',' && allow_decimal && text.find(',') == std::string_view::npos) return typed;
+  return kSwallow;
+}
+
+std::string normalised_number(std::string_view text, std::int16_t decimals, bool zero_when_not_numeric) {
+  if (quor::is_numeric(text)) return quor::fixed_text(quor::parse_number(text), decimals);
+  return zero_when_not_numeric ? quor::fixed_text(0.0, decimals) : std::string();
+}
+
+void select_all(quor::TextBox& box) {
+  if (!box.text().empty()) box.select(0, quor::character_count(box.text()));
+}
+
+void clear(quor::TextBox& box) {
+  box.set_text("");
+  box.set_tag("");
+}
+
+void query_rights(quor::QuorApplication& application, Rights& rights, const std::string& object_type) {
+  using quor::UserRight;
+  constexpr UserRight kInOrder[] = {UserRight::kView, UserRight::kCreate, UserRight::kDelete, UserRight::kPrint,
+                                    UserRight::kWrite};
+  for (std::size_t i = 0; i < rights.flags.size(); ++i) {
+    rights.flags[i] = application.HasRight(kInOrder[i], object_type, 0);
+  }
+}
+
+std::string pick_object(quor::QuorApplication& application, const std::string& code, const std::string& current,
+                        const std::string& mode) {
+  return application.SelectObject(code.substr(0, quor::kTypeCodeLength), current, mode).Identity;
+}
+
+}  // namespace velmora::catalogue

@@ -1,0 +1,56 @@
+// `Catalogue`: the small routines that the engine, the editors and the previews share. Free functions without state.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "frame/contract/quor_application.h"
+#include "platform/data/date.h"
+#include "platform/data/filter_test.h"
+#include "platform/data/variant.h"
+#include "platform/toolkit/text_box.h"
+
+namespace velmora::catalogue {
+
+// Null reads as zero, an empty text or the zero date; anything else converts, or throws as its conversion does.
+using quor::null_to_date;
+using quor::null_to_double;
+using quor::null_to_int16;
+using quor::null_to_int32;
+using quor::null_to_text;
+
+// Sets the filter and tells whether a row passes; none: the filter is removed. Missing and empty sets stay untouched.
+using quor::filter_test;
+
+using quor::first_of_month;
+
+// Text between single quotes as request parameters and filters carry it; a quote inside is doubled. A date goes in its
+// short date form.
+std::string quoted(std::string_view text);
+std::string quoted(quor::Date date);
+
+// What a numeric text box does with a typed character: the character to accept (a full stop becomes a comma),
+// or 0 to swallow it. `text` is the box's whole text, selected or not.
+char32_t numeric_key(char32_t typed, std::string_view text, bool allow_negative, bool allow_decimal);
+
+// A numeric text with exactly `decimals` decimals and no grouping. Other text gives 0 in that form, or "" without
+// `zero_when_not_numeric`.
+std::string normalised_number(std::string_view text, std::int16_t decimals, bool zero_when_not_numeric);
+
+void select_all(quor::TextBox& box);  // an empty box is left alone
+void clear(quor::TextBox& box);       // its text and its tag
+
+// The current user's five rights on an object type, in the host's order.
+struct Rights {
+  std::array<bool, 5> flags{};
+  bool may_write() const { return flags[4]; }
+};
+void query_rights(quor::QuorApplication& application, Rights& rights, const std::string& object_type);
+
+// Lets the user pick an object of the type that `code` begins with; answers its identity, or "" for no choice.
+std::string pick_object(quor::QuorApplication& application, const std::string& code, const std::string& current,
+                        const std::string& mode = "");
+
+}  // namespace velmora::catalogue

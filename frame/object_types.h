@@ -1,0 +1,20 @@
+// The object types and identifiers that the plug-in contributes, each code once.
+#pragma once
+
+namespace velmora {
+
+inline constexpr char kLibraryName[] = "Velmora";
+
+inline constexpr char kEngineType[] = "O0402000";        // the salary extension: the engine
+inline constexpr char kTarificationType[] = "O0402100";  // tarification
+inline constexpr char kCategoryType[] = "O0402200";      // position categories
+inline constexpr char kSettingsType[] = "O0402300";      // civil-servant settings
+
+inline constexpr char kLayoutCode[] = "L04010021";
+inline constexpr char kLayoutKey[] = "CSalaryExtraLayout";
+inline constexpr char kGroupKey[] = "COfficeEmployees";
+
+inline constexpr char kLayoutCaption[] = "Darbo užmokesčio išplėtimas";
+inline constexpr char kGroupCaption[] = "Valstybės tarnautojai";
+
+}  // namespace velmora
