@@ -1,0 +1,21 @@
+#include "host/business/company.h"
+
+namespace quor {
+
+Company::Company(std::unique_ptr<Database> database)
+    : database_(std::move(database)), change_count_(database_->change_count()) {}
+
+void Company::refresh() {
+  const std::int64_t now = database_->change_count();
+  if (now == change_count_) return;
+  kept_.clear();
+  change_count_ = now;
+}
+
+std::shared_ptr<Recordset> Company::kept(const std::string& name, const Reader& read) {
+  std::shared_ptr<Recordset>& entry = kept_[name];
+  if (!entry || entry->has_changes()) entry = read();
+  return entry;
+}
+
+}  // namespace quor

@@ -1,0 +1,46 @@
+// The record sets that the business object answers by name. Each reads its whole parameter text and throws quor::Error
+// when it does not parse; what it returns is the caller's own set or clone.
+#pragma once
+
+#include <memory>
+
+#include "host/business/company.h"
+#include "host/business/parameter_text.h"
+
+namespace quor::requests {
+
+using Answer = std::shared_ptr<Recordset>;
+
+// None. ID, ParentID, Name: every department.
+Answer departments(Company& company, ParameterText& parameter);
+// None. ID, DepartmentID, Preview (display name), UsrAccDate: every employee, in alphabetical order.
+Answer employees(Company& company, ParameterText& parameter);
+
+// None. IndicationCode, CodeID, Code, CodeName: work-time codes ("WorkTime") and the other indications.
+Answer indications(Company& company, ParameterText& parameter);
+// None. ID, Code, Name.
+Answer salary_codes(Company& company, ParameterText& parameter);
+// 'date'. ConstantTypeID, Code, Name, DateFrom, ConstantValue: each salary constant in force at the date.
+Answer salary_constants(Company& company, ParameterText& parameter);
+
+// id,'date'. ID, GUID, Name, DateFrom, Factor: the category with its factor in force at the date; no row without one.
+Answer office_employee_category(Company& company, ParameterText& parameter);
+// 'date'. The settings in force at the date, one line a scale row: the settings' fields, then RowGUID, YearFrom,
+// YearTo, Percentage; one line with these null when the scale is empty.
+Answer office_employee_settings(Company& company, ParameterText& parameter);
+
+// None. UserID, DateExperience, ExperienceYears, ExperienceMonthes: at most one row an employee.
+Answer office_employee_experience(Company& company, ParameterText& parameter);
+// None. ID, PersonalID, DateFrom, DateTo, SalaryExtraOID, SumA, Percentage, SalaryCodeID: every charge of everybody.
+// Open bounds are 1990.01.01 and 2999.12.31, so that a filter by dates finds them.
+Answer office_employee_extra_charges(Company& company, ParameterText& parameter);
+// 'employee key' (O0400100 + ID). The charges of one employee; open bounds are null.
+Answer personal_extra_charges(Company& company, ParameterText& parameter);
+
+// 'key','date'. ID, OIDR, PersonalContractGUID, SalaryPersonalNormGUID, SalaryConstantTypeID,
+// OfficeEmployeeCategoryID, Share: the position of that key that is in force at the date.
+Answer salary_extra_row(Company& company, ParameterText& parameter);
+// id,'date'. The same fields of the stored position with that ID, whatever its dates.
+Answer salary_extra_row_by_id(Company& company, ParameterText& parameter);
+
+}  // namespace quor::requests

@@ -1,0 +1,158 @@
+#include "host/console/commands.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <string_view>
+
+#include "host/business/object_codes.h"
+#include "host/console/json_values.h"
+#include "host/console/session.h"
+#include "host/payroll/month_components.h"
+#include "host/report/record_text.h"
+#include "host/sample/sample_company.h"
+#include "platform/data/error.h"
+
+namespace quor {
+
+namespace {
+
+void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& format,
+                std::ostream& out) {
+  if (format == "json") {
+    out << to_json(rows).dump() << '\n';
+  } else {
+    out << (format == "csv" ? csv_text(rows, columns) : table_text(rows, columns));
+  }
+}
+
+Json read_json_file(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in) throw std::runtime_error("Nepavyksta perskaityti failo „" + file + "“.");
+  Json json = Json::parse(in, nullptr, /*allow_exceptions=*/false);
+  if (json.is_discarded()) throw std::runtime_error("Faile „" + file + "“ nėra taisyklingo JSON.");
+  return json;
+}
+
+// "@FILE.json", or "@NAME" and "@NAME:PARAMETER".
+Variant record_set_argument(const std::string& text, Session& session) {
+  const std::string source = text.substr(1);
+  if (source.ends_with(".json")) return record_set_from_json(read_json_file(source));
+  const std::size_t colon = source.find(':');
+  const std::string parameter = colon == std::string::npos ? kNoParameter : source.substr(colon + 1);
+  return session.named_record_set(source.substr(0, colon), parameter);
+}
+
+// An argument that is a JSON number, true or false is that; anything else is text.
+Variant argument(const std::string& text, Session& session) {
+  if (text.starts_with('@')) return record_set_argument(text, session);
+  const bool blank_around = text.empty() || text.find_first_of(" \t\r\n") != std::string::npos;
+  const Json json = blank_around ? Json(nullptr) : Json::parse(text, nullptr, /*allow_exceptions=*/false);
+  if (json.is_boolean()) return json.get<bool>();
+  if (json.is_number_integer()) {
+    const auto whole = json.get<std::int64_t>();
+    if (whole == static_cast<std::int32_t>(whole)) return static_cast<std::int32_t>(whole);
+  }
+  if (json.is_number()) return json.get<double>();
+  return text;
+}
+
+// The engine answers an empty result for a name that it does not know; the program says so.
+constexpr std::string_view kEngineMethods[] = {
+    "GetMMACode",          "GetMVACode",          "GetPercentageByExperience", "GetPersonalExtraChargeComponents",
+    "GetActionComponents", "GetSalaryComponents", "GetMonthSalaryValue",       "GetSalaryComponentsByID",
+    "GetSalaryConstant",   "GetExtraUIOByGUID",   "CheckExtraComponents"};
+
+bool same_but_for_case(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
+}
+
+bool say_unknown_method(const std::string& name) {
+  if (std::count(std::begin(kEngineMethods), std::end(kEngineMethods), name) > 0) return false;
+  std::cerr << "quor: variklis nežino metodo „" << name << "“";
+  const auto* close = std::find_if(std::begin(kEngineMethods), std::end(kEngineMethods),
+                                   [&](std::string_view known) { return same_but_for_case(known, name); });
+  if (close != std::end(kEngineMethods)) std::cerr << "; gal norėjote „" << *close << "“?";
+  std::cerr << '\n';
+  return true;
+}
+
+Json boxes_json(const std::vector<ShownBox>& boxes) {
+  Json array = Json::array();
+  for (const ShownBox& box : boxes) {
+    array.push_back({{"text", box.text},
+                     {"icon", icon_name(box.icon)},
+                     {"buttons", buttons_name(box.buttons)},
+                     {"title", box.title}});
+  }
+  return array;
+}
+
+Month month_of(const std::string& text) {
+  try {
+    return Month::parse(text);
+  } catch (const Error& error) {
+    throw UsageError(error.what());
+  }
+}
+
+}  // namespace
+
+ExitStatus run(const InitCommand& command, const CommonOptions& options, std::ostream& out) {
+  if (command.employees < 1)
+    throw UsageError("Darbuotojų turi būti bent vienas, nurodyta --employees " + std::to_string(command.employees) +
+                     ".");
+  const auto database = Database::create(options.company);
+  make_sample_company(*database, {.employees = command.employees, .seed = command.seed, .progress = {}});
+  out << "Sukurta pavyzdinė įmonė „" << options.company << "“: darbuotojų " << command.employees << ".\n";
+  return ExitStatus::kDone;
+}
+
+ExitStatus run(const CallCommand& command, const CommonOptions& options, std::ostream& out) {
+  Session session(options);
+  const auto engine = session.application().new_data_object(kSalaryExtensionType);
+  engine->OID(command.oid);
+  Parameters parameters;
+  for (const std::string& text : command.arguments) parameters.push_back(argument(text, session));
+
+  const MethodResult result = engine->Methods(command.method, parameters);
+  const Json json = {{"Code", result.Code},
+                     {"Message", result.Message},
+                     {"Value", to_json(result.Value)},
+                     {"messages", boxes_json(session.application().shown_boxes())}};
+  out << json.dump() << '\n';
+  if (say_unknown_method(command.method)) return ExitStatus::kFailed;
+  return result.Code == 0 ? ExitStatus::kDone : ExitStatus::kFailed;
+}
+
+ExitStatus run(const GetCommand& command, const CommonOptions& options, std::ostream& out) {
+  Session session(options);
+  const auto rows = session.named_record_set(command.name, command.parameter);
+  write_rows(*rows, all_fields(*rows), options.format, out);
+  return ExitStatus::kDone;
+}
+
+ExitStatus run(const MonthCommand& command, const CommonOptions& options, std::ostream& out) {
+  const Month month = month_of(command.month);
+  Session session(options);
+  const MonthComponents components = month_components(session.application(), month, command.department);
+  write_rows(*components.rows,
+             {{"Person", "Pavardė, vardas"},
+              {"Category", "Pareigybių kategorija"},
+              {"Factor", "Koeficientas", 2},
+              {"BaseTariff", "Bazinė alga", 2},
+              {"Share", "Etatas"},
+              {"MonthSalary", "Pareiginė alga", 2},
+              {"ServiceYears", "Tarnybos metai"},
+              {"SupplementPercentage", "Priedo %"},
+              {"Supplement", "Priedas", 2}},
+             options.format, out);
+  for (const PersonFault& fault : components.faults) {
+    std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
+  }
+  return components.faults.empty() ? ExitStatus::kDone : ExitStatus::kFailed;
+}
+
+}  // namespace quor

@@ -1,0 +1,53 @@
+// The commands of the program: each does its work, writes its result to `out` and answers the exit status.
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace quor {
+
+// The words of the call are off; the text says which and gives a hint.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+enum class ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
+
+// What the options of every command say, as text until a command needs it.
+struct CommonOptions {
+  std::string company;
+  std::string plugin;
+  std::string today;
+  std::string format = "table";
+  std::string output;
+};
+
+struct InitCommand {
+  std::int32_t employees = 30;
+  std::uint32_t seed = 1;
+};
+struct CallCommand {
+  std::string method;
+  std::vector<std::string> arguments;
+  std::string oid;
+};
+struct GetCommand {
+  std::string name;
+  std::string parameter;
+};
+struct MonthCommand {
+  std::string month;
+  std::optional<std::int32_t> department;
+};
+
+ExitStatus run(const InitCommand& command, const CommonOptions& options, std::ostream& out);
+ExitStatus run(const CallCommand& command, const CommonOptions& options, std::ostream& out);
+ExitStatus run(const GetCommand& command, const CommonOptions& options, std::ostream& out);
+ExitStatus run(const MonthCommand& command, const CommonOptions& options, std::ostream& out);
+
+}  // namespace quor

@@ -1,0 +1,174 @@
+// The program `quor`: reads the words of the call and runs the command they name.
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <sstream>
+
+#include "host/business/plugin_library.h"
+#include "host/console/commands.h"
+#include "host/store/database.h"
+#include "platform/data/error.h"
+
+namespace {
+
+using quor::ExitStatus;
+
+// The plug-in stands beside the program.
+std::string default_plugin() {
+  std::error_code error;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+  return (program.parent_path() / "libvelmora.so").string();
+}
+
+// The words that no command understood, quoted.
+std::string quoted_words(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "„" : ", „") + word + "“";
+  return text;
+}
+
+// The parser's own texts are English; each kind of slip has its Lithuanian one. What the slip is about stands behind
+// the colon of the parser's text, or is its first word.
+std::string usage_text(const CLI::App& app, const CLI::ParseError& error) {
+  const std::string text = error.what();
+  const std::string subject = text.find(": ") == std::string::npos ? text : text.substr(text.find(": ") + 2);
+  const std::vector<std::string> left = app.remaining(true);
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) return "nesuprantama: " + quoted_words(left);
+  if (dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    if (app.get_subcommands().empty())
+      return left.empty() ? "trūksta komandos" : "nežinoma komanda " + quoted_words(left);
+    return "trūksta reikšmės " + text.substr(0, text.find(' '));
+  }
+  if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) return "netinkama reikšmė: " + subject;
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "netinka reikšmių skaičius: " + subject;
+  return "netinkamas kvietimas: " + subject;
+}
+
+ExitStatus fail(ExitStatus status, const std::string& text) {
+  std::cerr << "quor: " << text << '\n';
+  if (status == ExitStatus::kUsage) std::cerr << "Pagalba: quor --help\n";
+  return status;
+}
+
+// The edge of the program: whatever went wrong is one clear line and an exit status.
+ExitStatus guarded(const std::function<ExitStatus()>& command) {
+  try {
+    return command();
+  } catch (const quor::UsageError& error) {
+    return fail(ExitStatus::kUsage, error.what());
+  } catch (const std::exception& error) {
+    return fail(ExitStatus::kFailed, error.what());
+  }
+}
+
+// The result goes to the file whole, or not at all.
+ExitStatus write_result(const quor::CommonOptions& options, const std::function<ExitStatus(std::ostream&)>& command) {
+  if (options.output.empty()) return command(std::cout);
+  std::ostringstream result;
+  const ExitStatus status = command(result);
+  std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
+  file << result.str() << std::flush;
+  if (!file) return fail(ExitStatus::kFailed, "nepavyksta įrašyti failo „" + options.output + "“");
+  return status;
+}
+
+void label_in_lithuanian(CLI::App& app) {
+  const auto formatter = app.get_formatter();
+  formatter->label("Usage", "Naudojimas");
+  formatter->label("OPTIONS", "PARINKTYS");
+  formatter->label("Options", "Parinktys");
+  formatter->label("SUBCOMMAND", "KOMANDA");
+  formatter->label("SUBCOMMANDS", "KOMANDOS");
+  formatter->label("Subcommands", "Komandos");
+  formatter->label("Positionals", "Reikšmės");
+  formatter->label("REQUIRED", "(būtina)");
+  formatter->label("Env", "aplinkos kintamasis");
+  formatter->label("TEXT", "TEKSTAS");
+  formatter->label("INT", "SKAIČIUS");
+  formatter->label("UINT", "SKAIČIUS");
+  app.option_defaults()->group("Parinktys");
+  app.set_help_flag("-h,--help", "parodo šią pagalbą");
+}
+
+void add_common_options(CLI::App& app, quor::CommonOptions& options) {
+  app.add_option("--company", options.company, "įmonės failas")->envname("QUOR_COMPANY");
+  app.add_option("--plugin", options.plugin, "įskiepio biblioteka")->envname("QUOR_PLUGIN");
+  app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
+  app.add_option("--format", options.format, "table, csv arba json");
+  app.add_option("--output", options.output, "failas, į kurį rašomas rezultatas");
+}
+
+void check_format(const quor::CommonOptions& options) {
+  if (options.format != "table" && options.format != "csv" && options.format != "json") {
+    throw quor::UsageError("nežinomas formatas „" + options.format + "“: yra table, csv, json");
+  }
+}
+
+// The command that the words name, ready to run.
+using Command = std::function<ExitStatus(std::ostream&)>;
+
+// Adds one subcommand whose words fill `words`; choosing it makes it the command.
+template <typename Words>
+CLI::App& add_command(CLI::App& app, const std::string& name, const std::string& description, Words& words,
+                      const quor::CommonOptions& options, Command& command) {
+  CLI::App& added = *app.add_subcommand(name, description);
+  label_in_lithuanian(added);
+  added.group("Komandos");
+  added.callback([&] { command = [&](std::ostream& out) { return run(words, options, out); }; });
+  return added;
+}
+
+struct AllWords {
+  quor::InitCommand init;
+  quor::MonthCommand month;
+  quor::CallCommand call;
+  quor::GetCommand get{.name = {}, .parameter = "None"};
+};
+
+void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
+  CLI::App& init = add_command(app, "init", "sukuria pavyzdinę įmonę", words.init, options, command);
+  init.add_option("--employees", words.init.employees, "darbuotojų skaičius");
+  init.add_option("--seed", words.init.seed, "pavyzdžio numeris: tas pats numeris duoda tą pačią įmonę");
+
+  CLI::App& month = add_command(app, "month", "mėnesio darbo užmokesčio dedamosios", words.month, options, command);
+  month.add_option("MĖNUO", words.month.month, "mėnuo, pvz., 2008-01")->required();
+  month.add_option("--department", words.month.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
+
+  CLI::App& call = add_command(app, "call", "kviečia vieną variklio metodą", words.call, options, command);
+  call.add_option("METODAS", words.call.method, "metodo vardas")->required();
+  call.add_option("ARGUMENTAI", words.call.arguments,
+                  "skaičius, true, false, @failas.json, @RINKINYS[:PARAMETRAS] arba tekstas");
+  call.add_option("--oid", words.call.oid, "variklio objekto OID");
+
+  CLI::App& get = add_command(app, "get", "parodo vieną įrašų rinkinį", words.get, options, command);
+  get.add_option("RINKINYS", words.get.name, "įrašų rinkinio vardas, pvz., SalaryConstants")->required();
+  get.add_option("PARAMETRAS", words.get.parameter, "parametro tekstas, pvz., \"'2008.01.31'\"");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app("Valstybės tarnautojų darbo užmokestis", "quor");
+  app.require_subcommand(1);
+  app.fallthrough();
+  quor::CommonOptions options{.company = "sample.quor", .plugin = default_plugin(), .today = {}, .output = {}};
+  label_in_lithuanian(app);
+  add_common_options(app, options);
+  AllWords words;
+  Command command;
+  add_commands(app, words, options, command);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    std::cout << app.help();
+    return static_cast<int>(ExitStatus::kDone);
+  } catch (const CLI::ParseError& error) {
+    return static_cast<int>(fail(ExitStatus::kUsage, usage_text(app, error)));
+  }
+  return static_cast<int>(guarded([&] {
+    check_format(options);
+    return write_result(options, command);
+  }));
+}

@@ -1,0 +1,69 @@
+#include "host/console/session.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "host/business/main_bo.h"
+
+namespace quor {
+
+namespace {
+
+std::optional<Date> today_of(const CommonOptions& options) {
+  if (options.today.empty()) return std::nullopt;
+  const auto date = try_parse_date(options.today);
+  if (!date) throw UsageError("„" + options.today + "“ nėra data: rašykite, pvz., --today 2008.01.31.");
+  return date->without_time();
+}
+
+}  // namespace
+
+Session::Session(const CommonOptions& options) {
+  ApplicationOptions application_options;
+  application_options.today = today_of(options);
+  company_ = std::make_unique<Company>(Database::open(options.company));
+  application_ = std::make_unique<Application>(*company_, application_options);
+  application_->on_box([](const ShownBox& box) {
+    std::string text = box.text;
+    text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
+    std::cerr << "[" << icon_name(box.icon) << "] " << box.title << ": " << text << '\n';
+  });
+  application_->load_plugin(options.plugin);
+}
+
+std::shared_ptr<Recordset> Session::named_record_set(const std::string& name, const std::string& parameter) {
+  if (!MainBO::knows("Get" + name)) throw std::runtime_error("Nėra įrašų rinkinio „" + name + "“.");
+  const MethodResult result = application_->NewMainBO()->RunMethod("Get" + name, parameter, 0);
+  if (result.Code != 0) throw std::runtime_error(result.Message);
+  return result.Value.record_set();
+}
+
+const char* icon_name(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kNone:
+      return "none";
+    case BoxIcon::kCritical:
+      return "critical";
+    case BoxIcon::kQuestion:
+      return "question";
+    case BoxIcon::kExclamation:
+      return "exclamation";
+    case BoxIcon::kInformation:
+      return "information";
+  }
+  return "none";
+}
+
+const char* buttons_name(BoxButtons buttons) {
+  switch (buttons) {
+    case BoxButtons::kOk:
+      return "ok";
+    case BoxButtons::kOkCancel:
+      return "okcancel";
+    case BoxButtons::kYesNo:
+      return "yesno";
+  }
+  return "ok";
+}
+
+}  // namespace quor

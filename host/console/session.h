@@ -1,0 +1,32 @@
+// What a command works with: the opened company, the application around it and the loaded plug-in.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/business/application.h"
+#include "host/console/commands.h"
+
+namespace quor {
+
+class Session {
+ public:
+  // Opens the company and loads the plug-in. Message boxes go to standard error, one line each.
+  explicit Session(const CommonOptions& options);
+
+  Application& application() { return *application_; }
+
+  // The named record set of the business object; throws std::runtime_error with its text when it fails, or when there
+  // is no such record set.
+  std::shared_ptr<Recordset> named_record_set(const std::string& name, const std::string& parameter);
+
+ private:
+  std::unique_ptr<Company> company_;
+  std::unique_ptr<Application> application_;
+};
+
+// The names of a box's icon and buttons, as programs read them.
+const char* icon_name(BoxIcon icon);
+const char* buttons_name(BoxButtons buttons);
+
+}  // namespace quor

@@ -1,0 +1,174 @@
+#include "host/sample/sample_company.h"
+
+#include <algorithm>
+#include <string>
+
+#include "host/sample/sample_data.h"
+#include "host/sample/sample_people.h"
+#include "host/sample/sample_random.h"
+#include "host/sample/table_rows.h"
+#include "host/store/sort_key.h"
+#include "platform/data/date.h"
+
+namespace quor {
+namespace {
+
+constexpr std::int32_t kPeoplePerDepartment = 25;
+// Every fourth department is of the first level; the next three are its divisions.
+constexpr std::int32_t kDivisions = 3;
+// People a batch: bounds the memory, and the number of statements grows only with it.
+constexpr std::int32_t kBatch = 5000;
+
+Date date_of(sample_data::Day day) { return Date::from_ymd(day.year, day.month, day.day); }
+
+std::vector<std::int32_t> add_departments(Database& database, std::int32_t employees) {
+  const auto areas = sample_data::department_areas();
+  const auto tasks = sample_data::division_tasks();
+  const std::int32_t most = static_cast<std::int32_t>(areas.size()) * (kDivisions + 1);
+  const std::int32_t count = std::clamp(employees / kPeoplePerDepartment + 1, kDivisions + 1, most);
+  const std::int32_t first = database.reserve_ids("departments", count);
+
+  TableRows rows("departments", {{"id", FieldType::kInt32},
+                                 {"parent_id", FieldType::kInt32},
+                                 {"name", FieldType::kText},
+                                 {"sort_key", FieldType::kText}});
+  std::vector<std::int32_t> ids;
+  for (std::int32_t n = 0; n < count; ++n) {
+    const std::string area(areas[static_cast<std::size_t>(n / (kDivisions + 1))]);
+    const std::int32_t place = n % (kDivisions + 1);
+    const std::string name =
+        place == 0 ? area + " skyrius"
+                   : area + " skyriaus " + std::string(tasks[static_cast<std::size_t>(place - 1)]) + " poskyris";
+    const auto parent = place == 0 ? std::nullopt : std::optional(first + n - place);
+    ids.push_back(first + n);
+    rows.add(first + n, parent, name, lithuanian_sort_key(name));
+  }
+  rows.insert_into(database);
+  return ids;
+}
+
+// Answers the ID of the first salary constant type.
+std::int32_t add_constants(Database& database) {
+  TableRows types("constant_types",
+                  {{"id", FieldType::kInt32}, {"code", FieldType::kText}, {"name", FieldType::kText}});
+  for (std::int32_t n = 0; const auto& type : sample_data::constant_types()) types.add(n++, type.code, type.name);
+  const std::int32_t first = types.insert_with_ids(database);
+
+  TableRows values("constant_values", {{"id", FieldType::kInt32},
+                                       {"constant_type_id", FieldType::kInt32},
+                                       {"date_from", FieldType::kDate},
+                                       {"value", FieldType::kDouble}});
+  for (std::int32_t n = 0; const auto& value : sample_data::constant_values()) {
+    values.add(n++, first + static_cast<std::int32_t>(value.type), date_of(value.from), value.value);
+  }
+  values.insert_with_ids(database);
+  return first;
+}
+
+void add_indications(Database& database) {
+  TableRows rows("indications", {{"id", FieldType::kInt32},
+                                 {"indication_code", FieldType::kText},
+                                 {"code_id", FieldType::kInt32},
+                                 {"code", FieldType::kText},
+                                 {"code_name", FieldType::kText}});
+  for (std::int32_t n = 0; const auto& row : sample_data::indications()) {
+    rows.add(n++, row.indication, row.code_id, row.code, row.name);
+  }
+  rows.insert_with_ids(database);
+}
+
+std::int32_t add_salary_codes(Database& database) {
+  TableRows rows("salary_codes", {{"id", FieldType::kInt32}, {"code", FieldType::kText}, {"name", FieldType::kText}});
+  for (std::int32_t n = 0; const auto& code : sample_data::salary_codes()) rows.add(n++, code.code, code.name);
+  return rows.insert_with_ids(database);
+}
+
+std::vector<std::int32_t> add_categories(Database& database, SampleRandom& random) {
+  TableRows categories("categories", {{"id", FieldType::kInt32},
+                                      {"guid", FieldType::kText},
+                                      {"name", FieldType::kText},
+                                      {"row_version", FieldType::kInt32}});
+  for (std::int32_t n = 0; const auto& category : sample_data::categories()) {
+    categories.add(n++, random.guid(), category.name, 1);
+  }
+  const std::int32_t first = categories.insert_with_ids(database);
+
+  TableRows rows("category_rows", {{"id", FieldType::kInt32},
+                                   {"guid", FieldType::kText},
+                                   {"category_id", FieldType::kInt32},
+                                   {"date_from", FieldType::kDate},
+                                   {"factor", FieldType::kDouble}});
+  std::vector<std::int32_t> ids;
+  std::int32_t row = 0;
+  for (const auto& category : sample_data::categories()) {
+    const std::int32_t id = first + static_cast<std::int32_t>(ids.size());
+    ids.push_back(id);
+    rows.add(row++, random.guid(), id, Date::from_ymd(2005, 1, 1), category.factor_2005);
+    if (category.factor_2006 > 0.0)
+      rows.add(row++, random.guid(), id, Date::from_ymd(2006, 7, 1), category.factor_2006);
+    rows.add(row++, random.guid(), id, Date::from_ymd(2007, 7, 1), category.factor_2007);
+  }
+  rows.insert_with_ids(database);
+  return ids;
+}
+
+void add_settings(Database& database, SampleRandom& random, std::int32_t first_constant) {
+  TableRows settings("settings", {{"id", FieldType::kInt32},
+                                  {"guid", FieldType::kText},
+                                  {"date_from", FieldType::kDate},
+                                  {"base_month_tariff_id", FieldType::kInt32},
+                                  {"base_hour_tariff_id", FieldType::kInt32},
+                                  {"personal_time_code_id_list", FieldType::kText},
+                                  {"extra_charge_percentage", FieldType::kDouble},
+                                  {"surcharge_percentage", FieldType::kDouble},
+                                  {"total_charge_percentage", FieldType::kDouble},
+                                  {"row_version", FieldType::kInt32}});
+  std::int32_t count = 0;
+  for (const auto& each : sample_data::settings()) {
+    settings.add(count++, random.guid(), date_of(each.from),
+                 first_constant + static_cast<std::int32_t>(sample_data::kMonthTariff),
+                 first_constant + static_cast<std::int32_t>(sample_data::kHourTariff), each.time_codes,
+                 each.extra_limit, each.surcharge_limit, each.total_limit, 1);
+  }
+  const std::int32_t first = settings.insert_with_ids(database);
+
+  // One per cent a year of service, from the third year to the thirtieth.
+  TableRows rows("settings_rows", {{"id", FieldType::kInt32},
+                                   {"guid", FieldType::kText},
+                                   {"settings_id", FieldType::kInt32},
+                                   {"year_from", FieldType::kInt32},
+                                   {"year_to", FieldType::kInt32},
+                                   {"percentage", FieldType::kDouble}});
+  for (std::int32_t n = 0, row = 0; n < count; ++n) {
+    for (std::int32_t year = 3; year <= 30; ++year) {
+      rows.add(row++, random.guid(), first + n, year, year < 30 ? year + 1 : 100, static_cast<double>(year));
+    }
+  }
+  rows.insert_with_ids(database);
+}
+
+}  // namespace
+
+void make_sample_company(Database& database, const SampleOptions& options) {
+  SampleRandom random(options.seed);
+  Transaction transaction(database);
+  database.execute("UPDATE company SET name = :p0", {sample_data::kCompanyName});
+  SampleSurroundings around;
+  around.departments = add_departments(database, options.employees);
+  around.first_constant = add_constants(database);
+  add_indications(database);
+  around.first_salary_code = add_salary_codes(database);
+  around.categories = add_categories(database, random);
+  add_settings(database, random, around.first_constant);
+
+  SamplePeople people(random, around);
+  for (std::int32_t done = 0; done < options.employees;) {
+    const std::int32_t count = std::min(kBatch, options.employees - done);
+    people.add(database, done, count);
+    done += count;
+    if (options.progress) options.progress(done, options.employees);
+  }
+  transaction.commit();
+}
+
+}  // namespace quor

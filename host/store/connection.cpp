@@ -1,0 +1,227 @@
+#include "host/store/connection.h"
+
+#include <algorithm>
+#include <soci/postgresql/soci-postgresql.h>
+#include <soci/sqlite3/soci-sqlite3.h>
+
+#include "host/store/addresses.h"
+#include "platform/data/error.h"
+
+namespace quor {
+namespace {
+
+// How long a statement waits for another program before it gives up with kLocked.
+constexpr int kPatienceMilliseconds = 2000;
+// Pages of the file kept in memory, in KiB: random GUIDs of a large company would else be read again and again.
+constexpr int kCacheKibibytes = 64 * 1024;
+
+StoreFault sqlite_fault(int code) {
+  switch (code & 0xff) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return StoreFault::kLocked;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_CANTOPEN:
+      return StoreFault::kNotWritable;
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+      return StoreFault::kNotACompany;
+    default:
+      return StoreFault::kFailed;
+  }
+}
+
+StoreFault server_fault(const std::string& state) {
+  if (state == "55P03" || state == "40P01" || state == "40001") return StoreFault::kLocked;  // lock wait, deadlock
+  if (state == "25006" || state == "42501") return StoreFault::kNotWritable;                 // read-only, no right
+  return StoreFault::kFailed;
+}
+
+// The database's own words: the first line without the C++ function that SOCI puts before it, without the SQL lines
+// that the server puts behind it.
+std::string reason(const std::string& message) {
+  std::size_t begin = 0;
+  for (const std::string_view mark :
+       {"ERROR:", "FATAL:", "failed: ", "to the database.\n", "::loadOne:", "::load_one:", "::prepare:"}) {
+    const auto at = message.find(mark);
+    if (at == std::string::npos) continue;
+    begin = at + mark.size();
+    break;
+  }
+  begin = std::min(message.find_first_not_of(' ', begin), message.size());
+  return message.substr(begin, message.find('\n', begin) - begin);
+}
+
+std::string fault_text(StoreFault fault, const std::string& name, const std::string& message) {
+  const std::string quoted = "„" + name + "“";
+  switch (fault) {
+    case StoreFault::kLocked:
+      return "įmonės duomenis dabar laiko kita programa: " + quoted;
+    case StoreFault::kNotWritable:
+      return "įmonės duomenų negalima keisti: " + quoted;
+    case StoreFault::kNotACompany:
+      return "tai ne įmonės duomenys arba jie sugadinti: " + quoted;
+    default:
+      return "duomenų bazės klaida (" + quoted + "): " + reason(message);
+  }
+}
+
+// SQLite ends a transaction by itself when the disk is full or fails: nothing is left to roll back then.
+// (The sanitizer cannot look at the backend's class: its library keeps the type information to itself.)
+[[gnu::no_sanitize("vptr")]] bool has_ended_by_itself(soci::session& session) {
+  const auto* backend = static_cast<soci::sqlite3_session_backend*>(session.get_backend());
+  return sqlite_api::sqlite3_get_autocommit(backend->conn_) != 0;
+}
+
+}  // namespace
+
+StoreError translated(const soci::soci_error& error, const std::string& name) {
+  StoreFault fault = StoreFault::kFailed;
+  if (const auto* sqlite = dynamic_cast<const soci::sqlite3_soci_error*>(&error))
+    fault = sqlite_fault(sqlite->result());
+  if (const auto* server = dynamic_cast<const soci::postgresql_soci_error*>(&error))
+    fault = server_fault(server->sqlstate());
+  return StoreError(fault, fault_text(fault, name, error.get_error_message()));
+}
+
+Bindings::Bindings(const std::vector<Variant>& values) {
+  for (const Variant& value : values) {
+    Value& bound = values_.emplace_back();
+    bound.name = "p" + std::to_string(values_.size() - 1);
+    switch (value.kind()) {
+      case Variant::Kind::kEmpty:
+      case Variant::Kind::kNull:
+        bound.indicator = soci::i_null;
+        break;
+      case Variant::Kind::kBool:
+        bound.value = value.to_bool() ? 1LL : 0LL;
+        break;
+      case Variant::Kind::kInt16:
+      case Variant::Kind::kInt32:
+        bound.value = static_cast<long long>(value.to_int32());
+        break;
+      case Variant::Kind::kDouble:
+        bound.value = value.to_double();
+        break;
+      case Variant::Kind::kDate:
+        bound.value = static_cast<long long>(value.to_date().without_time().serial());
+        break;
+      case Variant::Kind::kText:
+        bound.value = value.to_text();
+        break;
+      default:
+        throw Error(ErrorKind::kTypeMismatch,
+                    "tokios reikšmės duomenų bazė nelaiko: " + std::string(kind_name(value.kind())));
+    }
+  }
+}
+
+void Bindings::attach(soci::statement& statement) {
+  for (Value& bound : values_) {
+    std::visit([&](auto& value) { statement.exchange(soci::use(value, bound.indicator, bound.name)); }, bound.value);
+  }
+}
+
+Database::Connection::Connection(const soci::backend_factory& backend, const std::string& connect_text,
+                                 std::string shown_name)
+    : session(backend, connect_text),
+      name(std::move(shown_name)),
+      on_server(session.get_backend_name() == "postgresql") {}
+
+std::unique_ptr<Database::Connection> Database::Connection::to_memory() {
+  auto connection = std::make_unique<Connection>(soci::sqlite3, "db=:memory:", ":memory:");
+  connection->command("PRAGMA foreign_keys=ON");
+  return connection;
+}
+
+// The roll-back journal is kept: after a kill the next program to open the file undoes the half-done transaction, and
+// between transactions a company is one file, which people copy.
+std::unique_ptr<Database::Connection> Database::Connection::to_file(const std::string& path) {
+  std::unique_ptr<Connection> connection;
+  try {
+    connection = std::make_unique<Connection>(soci::sqlite3, "db=" + existing_file_uri(path), path);
+  } catch (const soci::soci_error& error) {
+    throw StoreError(StoreFault::kMissing,
+                     "nepavyko atverti įmonės failo „" + path + "“: " + error.get_error_message());
+  }
+  connection->command("PRAGMA busy_timeout=" + std::to_string(kPatienceMilliseconds));
+  connection->command("PRAGMA cache_size=-" + std::to_string(kCacheKibibytes));
+  connection->command("PRAGMA foreign_keys=ON");
+  return connection;
+}
+
+std::unique_ptr<Database::Connection> Database::Connection::to_server(const std::string& address) {
+  const ServerAddress server = parse_server_address(address);
+  std::unique_ptr<Connection> connection;
+  try {
+    connection = std::make_unique<Connection>(soci::postgresql, server.connect_text, server.shown);
+  } catch (const soci::soci_error& error) {
+    throw StoreError(StoreFault::kMissing,
+                     "nepavyko pasiekti įmonės „" + server.shown + "“: " + reason(error.get_error_message()));
+  }
+  connection->command("SET client_encoding = 'UTF8'");
+  connection->command("SET client_min_messages = warning");
+  connection->command("SET lock_timeout = " + std::to_string(kPatienceMilliseconds));
+  return connection;
+}
+
+void Database::Connection::command(const std::string& sql) {
+  run([&](soci::session& database) { database << sql; });
+}
+
+std::optional<std::int64_t> Database::Connection::whole_number(const std::string& sql,
+                                                               const std::vector<Variant>& values) {
+  return run([&](soci::session& database) -> std::optional<std::int64_t> {
+    Bindings bindings(values);
+    long long number = 0;
+    soci::indicator indicator = soci::i_ok;
+    soci::statement statement(database);
+    statement.alloc();
+    statement.prepare(sql, soci::details::st_one_time_query);
+    bindings.attach(statement);
+    statement.exchange(soci::into(number, indicator));
+    statement.define_and_bind();
+    if (!statement.execute(true) || indicator == soci::i_null) return std::nullopt;
+    return number;
+  });
+}
+
+void Database::Connection::begin() {
+  if (state == State::kTransaction || state == State::kDoomed) {
+    throw StoreError(StoreFault::kFailed, "ankstesnis įrašymas dar nebaigtas: „" + name + "“");
+  }
+  // Immediate: two programs that read first and write later would else fail each other at the write.
+  command(on_server ? "BEGIN" : "BEGIN IMMEDIATE");
+  state = State::kTransaction;
+}
+
+void Database::Connection::commit() {
+  // The server would take a commit after a failed statement and silently roll back.
+  if (state == State::kDoomed) {
+    throw StoreError(StoreFault::kFailed, "pakeitimai atšaukti, nes vienas iš įrašymų nepavyko: „" + name + "“");
+  }
+  command("UPDATE company SET change_count = change_count + 1");
+  command("COMMIT");
+  state = State::kOpen;
+}
+
+void Database::Connection::roll_back() {
+  if (!on_server && has_ended_by_itself(session)) {
+    state = State::kOpen;
+    return;
+  }
+  try {
+    command("ROLLBACK");
+    state = State::kOpen;
+  } catch (...) {
+    state = State::kBroken;
+    throw;
+  }
+}
+
+void Database::Connection::doom() {
+  if (state == State::kTransaction) state = State::kDoomed;
+}
+
+}  // namespace quor

@@ -1,0 +1,77 @@
+// The open connection behind a Database: the SOCI session, its transaction's state and the one way that every
+// statement takes. Included only by the sources of this folder.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <soci/soci.h>
+
+#include "host/store/database.h"
+
+namespace quor {
+
+// What SOCI reported as a StoreError about `name`: the fault by the database's own code, the text without SQL.
+StoreError translated(const soci::soci_error& error, const std::string& name);
+
+// Values of one statement, bound by name to :p0, :p1, … ; must live until the statement has run.
+class Bindings {
+ public:
+  explicit Bindings(const std::vector<Variant>& values);
+  void attach(soci::statement& statement);
+
+ private:
+  struct Value {
+    std::string name;
+    std::variant<long long, double, std::string> value;
+    soci::indicator indicator = soci::i_ok;
+  };
+  std::deque<Value> values_;
+};
+
+struct Database::Connection {
+  enum class State { kOpen, kTransaction, kDoomed, kBroken };
+
+  Connection(const soci::backend_factory& backend, const std::string& connect_text, std::string shown_name);
+
+  // Each connects or throws StoreError; the schema is not looked at.
+  static std::unique_ptr<Connection> to_memory();
+  static std::unique_ptr<Connection> to_file(const std::string& path);
+  static std::unique_ptr<Connection> to_server(const std::string& address);
+
+  // Counts, asks the fault hook, runs `work(session)`, translates what fails and dooms the open transaction.
+  template <typename Work>
+  auto run(Work&& work) {
+    if (state == State::kBroken)
+      throw StoreError(StoreFault::kFailed, "ryšys su įmonės duomenimis nutrūko: „" + name + "“");
+    ++statements;
+    try {
+      if (fault) fault(statements);
+      return work(session);
+    } catch (const soci::soci_error& error) {
+      doom();
+      throw translated(error, name);
+    } catch (...) {
+      doom();
+      throw;
+    }
+  }
+
+  void command(const std::string& sql);  // without values and answer
+  std::optional<std::int64_t> whole_number(const std::string& sql, const std::vector<Variant>& values = {});
+
+  void begin();
+  void commit();     // the transaction stays open when it throws
+  void roll_back();  // broken when it throws
+
+  soci::session session;
+  std::string name;
+  bool on_server;
+  State state = State::kOpen;
+  std::uint64_t statements = 0;
+  std::function<void(std::uint64_t)> fault;
+
+ private:
+  void doom();
+};
+
+}  // namespace quor

@@ -1,0 +1,113 @@
+#include "host/store/database.h"
+
+#include <iostream>
+
+#include "host/store/addresses.h"
+#include "host/store/connection.h"
+#include "host/store/schema.h"
+
+namespace quor {
+
+Database::Database(std::unique_ptr<Connection> connection) : connection_(std::move(connection)) {}
+Database::~Database() = default;
+
+std::unique_ptr<Database> Database::open(const std::string& address) {
+  if (is_memory_address(address)) return create(address);
+  if (!is_server_address(address)) require_company_file(address);
+  std::unique_ptr<Database> database(
+      new Database(is_server_address(address) ? Connection::to_server(address) : Connection::to_file(address)));
+  if (!holds_company(*database)) {
+    throw StoreError(StoreFault::kNotACompany,
+                     (is_server_address(address) ? "šioje bazėje nėra įmonės: „" : "tai ne įmonės failas: „") +
+                         database->name() + "“");
+  }
+  migrate(*database);
+  return database;
+}
+
+std::unique_ptr<Database> Database::create(const std::string& address) {
+  std::unique_ptr<Database> database;
+  if (is_memory_address(address)) {
+    database.reset(new Database(Connection::to_memory()));
+    migrate(*database);
+  } else if (is_server_address(address)) {
+    database.reset(new Database(Connection::to_server(address)));
+    if (holds_company(*database)) {
+      throw StoreError(StoreFault::kAlreadyThere, "įmonė jau yra: „" + database->name() + "“");
+    }
+    migrate(*database);
+  } else {
+    NewFile file(address);  // declared first: on a failure the connection must close before the file goes
+    std::unique_ptr<Database> made(new Database(Connection::to_file(address)));
+    migrate(*made);
+    file.keep();
+    database = std::move(made);
+  }
+  return database;
+}
+
+const std::string& Database::name() const { return connection_->name; }
+bool Database::on_server() const { return connection_->on_server; }
+
+std::int64_t Database::execute(const std::string& sql, const std::vector<Variant>& values) {
+  return connection_->run([&](soci::session& session) {
+    Bindings bindings(values);
+    soci::statement statement(session);
+    statement.alloc();
+    statement.prepare(sql, soci::details::st_one_time_query);
+    bindings.attach(statement);
+    statement.define_and_bind();
+    statement.execute(true);
+    return static_cast<std::int64_t>(statement.get_affected_rows());
+  });
+}
+
+std::int32_t Database::reserve_ids(std::string_view table, std::int32_t count) {
+  // One statement, so that two programs never get the same numbers.
+  const auto next = connection_->whole_number(
+      "INSERT INTO next_ids (table_name, next_id) VALUES (:p0, 1 + :p1) "
+      "ON CONFLICT (table_name) DO UPDATE SET next_id = next_ids.next_id + :p1 RETURNING next_id",
+      {table, count});
+  return static_cast<std::int32_t>(next.value_or(0) - count);
+}
+
+std::int64_t Database::change_count() {
+  return connection_->whole_number("SELECT change_count FROM company").value_or(0);
+}
+
+std::uint64_t Database::statements() const { return connection_->statements; }
+void Database::set_fault(std::function<void(std::uint64_t)> fault) { connection_->fault = std::move(fault); }
+
+Transaction::Transaction(Database& database) : database_(database) { database_.connection_->begin(); }
+
+Transaction::~Transaction() {
+  if (state_ == State::kOpen) roll_back();
+}
+
+void Transaction::commit() {
+  if (state_ != State::kOpen) {
+    throw StoreError(StoreFault::kFailed, "įrašymas jau baigtas: „" + database_.name() + "“");
+  }
+  try {
+    database_.connection_->commit();
+    state_ = State::kCommitted;
+  } catch (...) {
+    roll_back();
+    throw;
+  }
+}
+
+void Transaction::roll_back() noexcept {
+  try {
+    database_.connection_->roll_back();
+    state_ = State::kRolledBack;
+  } catch (const std::exception& error) {
+    state_ = State::kFailed;
+    std::clog << "quor: nepavyko atšaukti pakeitimų: " << error.what() << '\n';
+  } catch (...) {
+    state_ = State::kFailed;
+    std::clog << "quor: nepavyko atšaukti pakeitimų\n";
+  }
+}
+
+}  // namespace quor

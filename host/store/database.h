@@ -1,0 +1,112 @@
+// A connection to one company: an SQLite file or a PostgreSQL database behind the same SQL text.
+//
+// Every statement goes through this class, so that statements can be counted, faults can be injected and no value is
+// ever glued into SQL. Bulk reads and writes move whole columns. Dates are stored as whole serial day numbers, truth as
+// 0 and 1. What fails throws StoreError with one line for the user; SQL and passwords are never in it.
+//
+//   state              leaves it by
+//   open               a Transaction -> transaction open
+//   transaction open   commit or roll-back -> open; a statement that fails -> doomed
+//   doomed             roll-back -> open (commit refuses and rolls back)
+//   broken             nothing: a roll-back failed, every further statement fails; close the Database
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/data/column.h"
+#include "platform/data/recordset.h"
+
+namespace quor {
+
+// Why the store refused or failed; for programs. The text of the error is for people.
+enum class StoreFault {
+  kMissing,           // no such company file or server
+  kNotACompany,       // a file or database of something else
+  kAlreadyThere,      // a company stands where a new one was to be made
+  kNewerSchema,       // written by a newer program
+  kNotWritable,       // the file or its folder cannot be written
+  kLocked,            // another program holds it
+  kChangedElsewhere,  // the record was changed or deleted by someone else
+  kFailed,            // anything else that the database reported
+};
+
+class StoreError : public std::runtime_error {
+ public:
+  StoreError(StoreFault fault, const std::string& text) : std::runtime_error(text), fault_(fault) {}
+  StoreFault fault() const { return fault_; }
+
+ private:
+  StoreFault fault_;
+};
+
+class Database {
+ public:
+  // `address`: a file's path, ":memory:" (a company of its own, gone with the object), or "postgresql://…".
+  // Opens a company that is there and applies the migrations that it lacks. Throws StoreError and changes nothing.
+  static std::unique_ptr<Database> open(const std::string& address);
+  // Makes an empty company with the newest schema. Refuses an address where something stands already; a server's
+  // database must be there, without our tables. What fails on the way leaves no file and no table behind.
+  static std::unique_ptr<Database> create(const std::string& address);
+  ~Database();
+
+  // The address as errors show it: without a password.
+  const std::string& name() const;
+  // True for PostgreSQL; for the few statements that differ.
+  bool on_server() const;
+
+  // Runs `sql` once with `values` bound to :p0, :p1, … by name; answers the number of rows touched. Null and Empty are
+  // bound as NULL. A write belongs into a Transaction: outside one it stands at once and raises no change count.
+  std::int64_t execute(const std::string& sql, const std::vector<Variant>& values = {});
+  // Reads every row of a SELECT into a new open record set; `fields` gives names and types of the columns in order.
+  // Whole numbers that do not fit their field throw Error, never wrap.
+  std::shared_ptr<Recordset> read(const std::string& sql, const std::vector<FieldInfo>& fields,
+                                  const std::vector<Variant>& values = {});
+  // Inserts the rows of `columns` (their info.name are the table's columns) in bulk, many rows a statement, inside the
+  // open transaction or one of its own: all rows or none.
+  void insert(std::string_view table, const std::vector<ColumnData>& columns);
+  // Reserves `count` (1 or more) IDs of the table and answers the first; the first ever is 1. Part of the open
+  // transaction, if any: a roll-back gives the IDs back.
+  std::int32_t reserve_ids(std::string_view table, std::int32_t count = 1);
+
+  // A number that every committed transaction of any program raises: what was read at an equal number still holds.
+  std::int64_t change_count();
+
+  // Statements sent to the database so far by this connection.
+  std::uint64_t statements() const;
+  // Called before each statement with its number; what it throws is what the statement fails with. For tests.
+  void set_fault(std::function<void(std::uint64_t statement)> fault);
+
+ private:
+  friend class Transaction;
+  struct Connection;
+  explicit Database(std::unique_ptr<Connection> connection);
+
+  std::unique_ptr<Connection> connection_;
+};
+
+// A transaction as a scope: rolls back unless committed; raises the change count on commit. One at a time.
+class Transaction {
+ public:
+  // Takes the right to write at once; throws kLocked when another program keeps it too long.
+  explicit Transaction(Database& database);
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction();  // a roll-back that fails goes to the log and leaves the database broken
+  // Throws and rolls everything back when a statement inside failed or the database refuses.
+  void commit();
+
+ private:
+  enum class State { kOpen, kCommitted, kRolledBack, kFailed };
+  void roll_back() noexcept;
+
+  Database& database_;
+  State state_ = State::kOpen;
+};
+
+}  // namespace quor

@@ -1,0 +1,136 @@
+#include "engine/length_of_service.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/salary_engine.h"
+#include "tests/support/test_company.h"
+
+namespace velmora {
+namespace {
+
+using quor::day;
+using quor::FieldType;
+using quor::kNull;
+
+TEST(LengthOfService, WholeYearsGrowWithTheMonthBoundaries) {
+  struct Case {
+    std::int16_t years, months;
+    const char* reached_on;
+    const char* date;
+    std::int16_t expected;
+  };
+  const Case cases[] = {
+      {3, 11, "2005.01.31", "2008.02.01", 7},  // 37 months and 11 are four whole years
+      {3, 10, "2005.01.31", "2008.02.29", 6},  {0, 0, "2007.01.31", "2008.01.01", 1},  // the days play no part
+      {0, 0, "2007.02.01", "2008.01.31", 0},   {2, 24, "2008.01.15", "2008.01.31", 4},
+      {4, 0, "2008.05.01", "2008.03.01", 3},  // two months before: a year is not whole any more
+      {4, 2, "2008.05.01", "2008.03.31", 4},   {0, 0, "2008.05.01", "2008.03.01", -1},
+      {0, 0, "1899.12.30", "2008.01.31", 108},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(std::string(c.reached_on) + " to " + c.date);
+    EXPECT_EQ(service_years({.years = c.years, .months = c.months, .reached_on = day(c.reached_on)}, day(c.date)),
+              c.expected);
+  }
+  const RecordedService most{.years = 32767, .months = 12, .reached_on = day("2008.01.01")};
+  EXPECT_EQ(quor::outcome([&] { return service_years(most, day("2007.01.01")); }), "32767");
+  EXPECT_EQ(quor::outcome([&] { return service_years(most, day("2008.01.01")); }), "Overflow");
+}
+
+std::shared_ptr<quor::Recordset> scale(const std::vector<std::vector<quor::Variant>>& rows) {
+  return quor::record_set({{"GUID", FieldType::kText},
+                           {"RowGUID", FieldType::kText},
+                           {"YearFrom", FieldType::kInt16},
+                           {"YearTo", FieldType::kInt16},
+                           {"Percentage", FieldType::kDouble}},
+                          rows);
+}
+
+TEST(LengthOfService, TheFirstMatchingBandOfTheFirstSettingsRecordGivesThePercentage) {
+  const auto settings = scale({{"A'1", "r1", 0, 5, 2.5},
+                               {"B", "r2", 30, 40, 99.0},  // of other settings
+                               {"A'1", kNull, 50, 60, 88.0},
+                               {"A'1", "r3", kNull, 60, 77.0},
+                               {"A'1", "r4", 20, kNull, 66.0},
+                               {"A'1", "r5", 5, 10, 5.0},
+                               {"A'1", "r6", 8, 12, 6.0},
+                               {"a'1", "r7", 12, 13, kNull}});
+  struct Case {
+    std::int16_t years;
+    double percentage;
+  };
+  const Case cases[] = {{-1, 0},   {0, 2.5}, {4, 2.5}, {5, 5.0}, {9, 5.0}, {10, 6.0},
+                        {11, 6.0}, {12, 0},  {13, 0},  {25, 0},  {35, 0},  {55, 0}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.years);
+    settings->Filter("");
+    EXPECT_EQ(percentage_for_years(c.years, settings.get()), c.percentage);
+    EXPECT_EQ(settings->Filter(), "GUID = 'A''1' AND RowGUID <> Null") << "the filter stays on the caller's set";
+  }
+  EXPECT_EQ(percentage_for_years(5, nullptr), 0.0);
+  EXPECT_EQ(percentage_for_years(5, scale({}).get()), 0.0);
+  EXPECT_EQ(percentage_for_years(5, scale({{"A", kNull, 0, 10, 7.0}}).get()), 0.0) << "settings without a scale";
+}
+
+class SupplementTest : public testing::Test {
+ protected:
+  std::string components(std::int32_t person, const char* date) {
+    return quor::called(engine_, "GetPersonalExtraChargeComponents", {person, day(date)});
+  }
+
+  quor::TestCompany company_;
+  UIO0402000 engine_{company_.application()};
+};
+
+TEST_F(SupplementTest, APersonsYearsGiveTheBandsPercentageAndAComment) {
+  company_.given_tariffs();
+  const std::int32_t first = company_.given_employee("Pirmoji");
+  const std::int32_t second = company_.given_employee("Antras");
+  const std::int32_t third = company_.given_employee("Trečias");
+  company_.given_service(second, day("2005.01.31"), 3, 11);
+  company_.given_service(third, kNull, 1, kNull);
+
+  EXPECT_EQ(components(second, "2008.02.01"), "5;Tarnybos stažas datai 2008.02.01 (metai): 7");
+  EXPECT_EQ(components(second, "2008.01.31"), "5;Tarnybos stažas datai 2008.01.31 (metai): 6");
+  EXPECT_EQ(components(second, "2005.02.01"), "3;Tarnybos stažas datai 2005.02.01 (metai): 4");
+  EXPECT_EQ(components(first, "2008.01.31"), "0;Tarnybos stažas datai 2008.01.31 (metai): 0") << "no service recorded";
+  // 1297 months since the zero date are 108 years.
+  EXPECT_EQ(components(third, "2008.01.31"), "0;Tarnybos stažas datai 2008.01.31 (metai): 109");
+  EXPECT_EQ(components(second, "2004.12.31"), "0;Tarnybos stažas datai 2004.12.31 (metai): 3") << "no settings yet";
+  EXPECT_TRUE(company_.application().shown_boxes().empty());
+}
+
+TEST_F(SupplementTest, WithoutServiceTheBandThatHoldsZeroCounts) {
+  company_.given_settings({.from = "2005.01.01", .bands = {{0, 1, 1.5}, {1, 2, 9.0}}});
+  EXPECT_EQ(components(17, "2008.01.31"), "1,5;Tarnybos stažas datai 2008.01.31 (metai): 0");
+}
+
+TEST_F(SupplementTest, AFailedRequestStopsWithCode16AndOnlyTheRequestsOwnBox) {
+  company_.given_tariffs();
+  for (const char* request : {"GetOfficeEmployeeExperience", "GetOfficeEmployeeSettings"}) {
+    SCOPED_TRACE(request);
+    company_.application().answers.clear();
+    company_.application().refuse(request, "ryšys nutrūko");
+    const std::size_t before = company_.application().boxes().size();
+    EXPECT_EQ(components(1, "2008.01.31"), "[16: Kliada!\r\nGetPersonalExtraChargeComponents:\r\nryšys nutrūko]");
+    const auto boxes = company_.application().boxes();
+    ASSERT_EQ(boxes.size(), before + 1);
+    EXPECT_EQ(boxes.back(), "exclamation, ok, Testas: ryšys nutrūko");
+  }
+  EXPECT_EQ(company_.application().requests,
+            (std::vector<std::string>{"GetOfficeEmployeeExperience(None), flag 0",  // the first failure stops
+                                      "GetOfficeEmployeeExperience(None), flag 0",
+                                      "GetOfficeEmployeeSettings('2008.01.31'), flag 0"}));
+}
+
+TEST_F(SupplementTest, ActionsAreNamedExactly) {
+  const auto named = [&](const char* action) { return quor::called(engine_, "GetActionComponents", {action}); };
+  EXPECT_EQ(named("SalaryTariff"), "Valstybės tarnautojų atlyginimas");
+  EXPECT_EQ(named("PersonalExtraCharge"), "Valstybės tarnautojų priedas už tarnybos stažą");
+  EXPECT_EQ(named("salaryTariff"), "[0: No action.] Empty");
+  EXPECT_EQ(named(""), "[0: No action.] Empty");
+  EXPECT_TRUE(company_.application().shown_boxes().empty());
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,130 @@
+#include <cstdio>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <set>
+#include <sstream>
+
+#include "frame/contract/quor_header_security.h"
+#include "tests/host/company_place.h"
+#include "tests/support/test_company.h"
+
+namespace quor {
+namespace {
+
+std::string loading(const std::string& file) {
+  return error_text([&] { PluginLibrary{file}; });
+}
+
+TEST(PluginLibrary, OnlyAPluginOfThisContractIsLoaded) {
+  const TemporaryFolder folder;
+  const std::string text_file = folder.path("tekstas.so");
+  std::ofstream(text_file) << "ne biblioteka";
+  EXPECT_EQ(loading(VELMORA_PLUGIN), "no error");
+  struct Case {
+    std::string file;
+    const char* reason;
+  };
+  const Case cases[] = {{folder.path("nėra.so"), "nerastas."},
+                        {text_file, "neįkeliamas: "},
+                        {folder.path(""), "neįkeliamas: "},
+                        {VELMORA_LIBQUOR, "nėra šios programos įskiepis."},
+                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 2, reikia 1."}};
+  for (const Case& c : cases) {
+    const std::string expected = "Įskiepis „" + c.file + "“ " + c.reason;
+    EXPECT_EQ(loading(c.file).substr(0, expected.size()), expected);
+  }
+}
+
+TEST(PluginLibrary, ClassesAreMadeByTheirExactIdentifier) {
+  TestCompany company;
+  const PluginLibrary library(VELMORA_PLUGIN);
+  EXPECT_TRUE(library.create<QuorHeader>("Velmora.DLLHeader", company.application()));
+  EXPECT_TRUE(library.create<QuorHeaderSecurity>("Velmora.SecurityHeader", company.application()));
+  EXPECT_TRUE(library.create<QuorObjectUIO>("Velmora.UIO0402000", company.application()));
+  for (const char* unknown : {"", "Velmora", "UIO0402000", "velmora.UIO0402000", "Velmora.UIO0402000 "}) {
+    EXPECT_EQ(library.create_object(unknown, company.application()), nullptr) << unknown;
+  }
+  for (const char* refused : {"Velmora.Nothing", "Velmora.SecurityHeader"}) {
+    EXPECT_EQ(error_text([&] { library.create<QuorHeader>(refused, company.application()); }),
+              std::string("Įskiepis „" VELMORA_PLUGIN "“ neturi klasės „") + refused + "“.");
+  }
+}
+
+TEST(PluginLibrary, NoExceptionLeavesTheEntry) {
+  struct BrokenApplication : TestApplication {
+    using TestApplication::TestApplication;
+    std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO() override { throw Error(ErrorKind::kOverflow, "nėra vietos"); }
+  };
+  TestCompany company;
+  BrokenApplication application(company.company(), {});
+  EXPECT_EQ(PluginLibrary(VELMORA_PLUGIN).create_object("Velmora.UIO0402000", application), nullptr);
+}
+
+TEST(Plugin, RegistersItselfWithTheHost) {
+  TestCompany company;
+  company.application().load_plugin(VELMORA_PLUGIN);
+  const Registrations& all = company.application().registrations();
+  ASSERT_EQ(all.layouts.size(), 1U);
+  const RegisteredLayout& layout = *all.layouts[0];
+  EXPECT_EQ(layout.code + ", " + layout.caption + ", " + layout.key,
+            "L04010021, Darbo užmokesčio išplėtimas, CSalaryExtraLayout");
+  ASSERT_EQ(layout.groups.size(), 1U);
+  EXPECT_EQ(layout.groups[0]->key + ": " + layout.groups[0]->object_type, "COfficeEmployees: O0402200");
+  EXPECT_EQ(layout.groups[0]->objects, std::vector<std::string>{"O0402200"});
+  std::string types;
+  for (const auto& [code, type] : all.types) types += type.class_id("UI", code) + " ";
+  EXPECT_EQ(types, "Velmora.UI0402000 Velmora.UI0402100 Velmora.UI0402200 Velmora.UI0402300 ");
+
+  const auto names = [](const std::map<std::string, Picture>& icons) {
+    std::string text;
+    for (const auto& [key, picture] : icons) text += key + "=" + picture.name + " ";
+    return text;
+  };
+  // Found in whatever letter case the resource is named.
+  const std::string object_icons =
+      "CategoryType=CATEGORYTYPE OfficeEmployeePreview=OFFICEEMPLOYEEPREVIEW "
+      "OfficeEmployeeSettings=OFFICEEMPLOYEESETTINGS ";
+  EXPECT_EQ(names(all.object_icons), object_icons);
+  EXPECT_EQ(names(all.layout_icons), "CategoryType=CATEGORYTYPE L04010021=LAYOUT " +
+                                         object_icons.substr(object_icons.find("OfficeEmployeePreview")));
+  std::set<std::vector<unsigned char>> pictures;
+  for (const auto& [key, picture] : all.layout_icons) pictures.emplace(picture.bytes.begin(), picture.bytes.end());
+  EXPECT_EQ(pictures.size(), 4U) << "four different pictures";
+
+  EXPECT_EQ(error_text([&] { company.application().load_plugin(VELMORA_PLUGIN); }),
+            "Skyrius „CSalaryExtraLayout“ jau užregistruotas.");
+}
+
+TEST(Plugin, ItsEngineIsReachedByTheTypeItRegistered) {
+  TestCompany company;
+  const auto making = [&](const char* type) {
+    return error_text([&] { company.application().new_data_object(type); });
+  };
+  EXPECT_EQ(making("O0402000"), "Objekto tipo „O0402000“ niekas neregistravo.") << "nothing is loaded yet";
+  EXPECT_EQ(company.application().create("Velmora.UIO0402000"), nullptr);
+  company.application().load_plugin(VELMORA_PLUGIN);
+  EXPECT_EQ(making("O9999000"), "Objekto tipo „O9999000“ niekas neregistravo.");
+  EXPECT_EQ(called(*company.application().new_data_object("O0402000"), "GetMonthSalaryValue", {130, 9.7, 0.5}), "630");
+}
+
+// What a library defines for others; weak symbols are the standard library's templates.
+std::set<std::string> exported_symbols(const std::string& file) {
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(
+      popen((VELMORA_NM " -D --defined-only '" + file + "'").c_str(), "r"), pclose);
+  std::string listing;
+  for (int c = std::fgetc(pipe.get()); c != EOF; c = std::fgetc(pipe.get())) listing += static_cast<char>(c);
+  std::istringstream lines(listing);
+  std::set<std::string> names;
+  for (std::string address, kind, name; lines >> address >> kind >> name;) {
+    const bool strong = kind == "T" || kind == "D" || kind == "R" || kind == "B";
+    if (strong && !name.starts_with("__odr_asan.")) names.insert(name);  // the sanitizer's own
+  }
+  return names;
+}
+
+TEST(Plugin, ShowsTheHostTwoSymbols) {
+  EXPECT_EQ(exported_symbols(VELMORA_PLUGIN), (std::set<std::string>{"quor_plugin_abi", "quor_plugin_create"}));
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,267 @@
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "tests/host/company_place.h"
+#include "tests/program/running.h"
+#include "tests/support/test_company.h"
+
+namespace quor {
+namespace {
+
+using Words = std::vector<std::string>;
+
+class ProgramTest : public testing::Test {
+ protected:
+  // In the test's folder; `sample.quor` there is what a call without --company opens.
+  Outcome quor(const Words& words) const { return run_quor(folder_.path(""), words); }
+
+  // Two people, tariffs of 130 and 0,8, one category.
+  void given_company() const {
+    TestCompany company(folder_.path("sample.quor"));
+    company.given_tariffs();
+    const auto category = company.given_category("A lygis, \"13\"", {{"2005.01.01", 9.7}});
+    const auto top = company.given_department("Skyrius");
+    const auto below = company.given_department("Poskyris", top);
+    const auto first = company.given_employee("Žilinas", top);
+    const auto second = company.given_employee("Čepaitė", below);
+    company.given_service(second, parse_date("2005.01.31"), 3, 11);
+    company.given_position({.employee = first, .category = category, .share = 0.5});
+    company.given_position({.employee = second, .category = category, .contract = "K2"});
+  }
+
+  // One line for the user that names the value; a hint below it when the words of the call are off.
+  static void expect_refused(const Outcome& run, int status, const std::string& named) {
+    EXPECT_EQ(run.status, status) << run.err;
+    EXPECT_TRUE(run.err.starts_with("quor: ")) << run.err;
+    EXPECT_NE(run.err.substr(0, run.err.find('\n')).find(named), std::string::npos) << run.err << " names " << named;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), status) << run.err;
+    EXPECT_EQ(run.err.ends_with("\nPagalba: quor --help\n"), status == 2) << run.err;
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(ProgramTest, TheSampleCompanyIsTheSameForTheSameNumberAndSeed) {
+  const auto everything = [&](const char* company, const char* employees, const char* seed) {
+    const Outcome made = quor({"init", "--company", company, "--employees", employees, "--seed", seed});
+    EXPECT_EQ(made.out, std::string("Sukurta pavyzdinė įmonė „") + company + "“: darbuotojų " + employees + ".\n");
+    std::string all = quor({"month", "2008-01", "--company", company, "--format", "csv"}).out;
+    for (const char* set : {"Departments", "Employees", "OfficeEmployeeExperience", "OfficeEmployeeExtraCharges"}) {
+      const Outcome run = quor({"get", set, "--company", company, "--format", "json"});
+      EXPECT_EQ(run.err, "");
+      all += run.out;
+    }
+    return all + quor({"get", "OfficeEmployeeSettings", "'2008.01.31'", "--company", company}).out;
+  };
+  const std::string first = everything("a.quor", "12", "5");
+  EXPECT_EQ(std::count(first.begin(), first.end(), '\r') > 10, true) << first;
+  EXPECT_EQ(first, everything("b.quor", "12", "5"));
+  EXPECT_NE(first, everything("c.quor", "12", "6"));
+  EXPECT_NE(first, everything("d.quor", "11", "5"));
+}
+
+TEST_F(ProgramTest, AMethodsResultIsPrintedAsJson) {
+  given_company();
+  std::ofstream(folder_.path("skalė.json"))
+      << R"({"fields":[{"name":"GUID","type":"text"},{"name":"RowGUID","type":"text"},{"name":"YearFrom","type":)"
+         R"("int16"},{"name":"YearTo","type":"int16"},{"name":"Percentage","type":"double"}],)"
+         R"("rows":[["A","a",0,5,2.5],["A","b",5,10,5]]})";
+  const std::string tariff =
+      R"({"fields":[{"name":"ConstantID","type":"int32"},{"name":"ConstantValue","type":"double"}])";
+  const std::string supplement =
+      R"({"fields":[{"name":"ExtraChargePercentage","type":"double"},{"name":"Comment","type":"text"}])";
+  struct Case {
+    Words words;
+    std::string value;
+  };
+  const Case cases[] = {
+      {{"GetMonthSalaryValue", "130", "9.7", "1"}, "1260"},
+      {{"GetMonthSalaryValue", "130", "9.7", "0.5"}, "630"},
+      {{"GetMonthSalaryValue", "2525", "0.5", "1"}, "1265"},
+      {{"GetMonthSalaryValue", "1267.4", "1", "1"}, "1265"},
+      {{"GetMonthSalaryValue", "1268", "1", "1"}, "1270"},
+      {{"GetMonthSalaryValue", "-130", "9,7", "true"}, "1262"},  // true is -1
+      {{"GetMonthSalaryValue", "1265", "1", "0.001"}, "1.27"},
+      {{"GetMMACode"}, "\"MMA_VT\""},
+      {{"GetPersonalExtraChargeComponents", "2", "2008.02.01"},
+       supplement + R"(,"rows":[[5,"Tarnybos stažas datai 2008.02.01 (metai): 7"]]})"},
+      {{"GetSalaryConstant", "0", "2008.01.31"}, tariff + R"(,"rows":[[1,130]]})"},
+      {{"GetSalaryConstant", "0", "2004.12.31"}, tariff + R"(,"rows":[[0,0]]})"},
+      {{"GetPercentageByExperience", "4", "@skalė.json"}, "2.5"},
+      {{"GetPercentageByExperience", "5", "@skalė.json"}, "5"},
+      {{"GetPercentageByExperience", "10", "@skalė.json"}, "0"},
+      {{"GetPercentageByExperience", "4", "@OfficeEmployeeSettings:'2008.01.31'"}, "3"},
+      {{"GetExtraUIOByGUID", "K2N1", "2008.01.31"}, R"({"object":"O04020002"})"},
+  };
+  for (const Case& c : cases) {
+    Words words = {"call"};
+    words.insert(words.end(), c.words.begin(), c.words.end());
+    const Outcome run = quor(words);
+    EXPECT_EQ(run.out, R"({"Code":0,"Message":"","Value":)" + c.value + ",\"messages\":[]}\n") << c.words[0];
+    EXPECT_EQ(std::to_string(run.status) + run.err, "0") << c.words[0];
+  }
+  EXPECT_EQ(quor({"call", "GetActionComponents", "salaryTariff"}).out,
+            R"({"Code":0,"Message":"No action.","Value":null,"messages":[]})"
+            "\n");
+}
+
+TEST_F(ProgramTest, AFailingMethodPrintsItsResultAndItsBoxes) {
+  given_company();
+  const Outcome run = quor({"call", "GetSalaryConstant", "0"});
+  EXPECT_EQ(run.status, 1);
+  const std::string text = R"("Method GetSalaryConstant:\r\nKlaidingi parametrai!")";
+  EXPECT_EQ(run.out, R"({"Code":777,"Message":)" + text + R"(,"Value":null,"messages":[{"text":)" + text +
+                         R"(,"icon":"exclamation","buttons":"ok","title":"Quor"}]})" + "\n");
+  EXPECT_TRUE(run.err.starts_with("[exclamation] Quor: Method GetSalaryConstant:")) << run.err;
+}
+
+TEST_F(ProgramTest, RecordSetsAndTheMonthComeInThreeFormats) {
+  given_company();
+  struct Case {
+    Words words;
+    const char* out;
+  };
+  const Case cases[] = {
+      {{"get", "SalaryConstants", "'2008.01.31'", "--format", "csv"},
+       "ConstantTypeID,Code,Name,DateFrom,ConstantValue\r\n"
+       "1,MMA_VT,Konstanta MMA_VT,2005-01-01,130\r\n"
+       "2,MVA_VT,Konstanta MVA_VT,2005-01-01,0.8\r\n"},
+      {{"get", "Departments", "--format=json"},
+       R"({"fields":[{"name":"ID","type":"int32"},{"name":"ParentID","type":"int32"},{"name":"Name","type":"text"}],)"
+       R"("rows":[[2,1,"Poskyris"],[1,null,"Skyrius"]]})"
+       "\n"},
+      {{"month", "2008-02"},
+       "Pavardė, vardas  Pareigybių kategorija  Koeficientas  Bazinė alga  Etatas  Pareiginė alga  Tarnybos metai"
+       "  Priedo %  Priedas\n"
+       "---------------  ---------------------  ------------  -----------  ------  --------------  --------------"
+       "  --------  -------\n"
+       "Čepaitė          A lygis, \"13\"                  9,70       130,00       1         1260,00               7"
+       "         5    63,00\n"
+       "Žilinas          A lygis, \"13\"                  9,70       130,00     0,5          630,00               0"
+       "         0     0,00\n"},
+      {{"month", "2008-02", "--department", "2", "--format", "csv"},
+       "\"Pavardė, vardas\",Pareigybių kategorija,Koeficientas,Bazinė alga,Etatas,Pareiginė alga,Tarnybos metai,"
+       "Priedo %,Priedas\r\n"
+       "Čepaitė,\"A lygis, \"\"13\"\"\",9.7,130,1,1260,7,5,63\r\n"},
+  };
+  for (const Case& c : cases) {
+    const Outcome run = quor(c.words);
+    EXPECT_EQ(run.out, c.out);
+    EXPECT_EQ(std::to_string(run.status) + run.err, "0");
+  }
+}
+
+TEST_F(ProgramTest, AResultGoesToAFileWholeOrNotAtAll) {
+  given_company();
+  const std::string file = folder_.path("rezultatas.csv");
+  const auto written = [&] {
+    std::ifstream in(file, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  };
+  const Outcome run = quor({"get", "Departments", "--format", "csv", "--output", file});
+  EXPECT_EQ(std::to_string(run.status) + run.out + run.err, "0");
+  EXPECT_EQ(written(), "ID,ParentID,Name\r\n2,1,Poskyris\r\n1,,Skyrius\r\n");
+  expect_refused(quor({"get", "Nieko", "--output", file}), 1, "„Nieko“");
+  EXPECT_EQ(written(), "ID,ParentID,Name\r\n2,1,Poskyris\r\n1,,Skyrius\r\n");
+  expect_refused(quor({"get", "Departments", "--output", file + "/x"}), 1, "rezultatas.csv/x“");
+}
+
+TEST_F(ProgramTest, WordsThatAreOffAreNamedAndChangeNothing) {
+  given_company();
+  std::ofstream(folder_.path("ne.json")) << "{";
+  std::ofstream(folder_.path("laukai.json")) << R"({"fields":[{"name":"a","type":"pinigai"}],"rows":[]})";
+  struct Case {
+    Words words;
+    int status;
+    const char* named;
+  };
+  const Case cases[] = {
+      {{}, 2, "komandos"},
+      {{"pabaiga"}, 2, "„pabaiga“"},
+      {{"month"}, 2, "MĖNUO"},
+      {{"month", "2008-01", "2008-02"}, 2, "„2008-02“"},
+      {{"month", "2008-13"}, 2, "„2008-13“"},
+      {{"month", "sausis"}, 2, "„sausis“"},
+      {{"month", "2008-01", "--department", "x"}, 2, "x"},
+      {{"month", "2008-01", "--department", "99"}, 1, "99"},
+      {{"month", "2008-01", "--spalva"}, 2, "„--spalva“"},
+      {{"month", "2008-01", "--format", "pdf"}, 2, "„pdf“"},
+      {{"month", "2008-01", "--today", "rytoj"}, 2, "„rytoj“"},
+      {{"month", "2008-01", "--today", "2008.02.30"}, 2, "„2008.02.30“"},
+      {{"month", "2008-01", "--plugin", "nėra.so"}, 1, "„nėra.so“"},
+      {{"month", "2008-01", "--plugin", "sample.quor"}, 1, "„sample.quor“"},
+      {{"get"}, 2, "RINKINYS"},
+      {{"get", "Nieko"}, 1, "„Nieko“"},
+      {{"get", "departments"}, 1, "„departments“"},
+      {{"get", "SalaryConstants"}, 1, "„None“"},
+      {{"get", "SalaryConstants", "2008.01.31"}, 1, "„2008.01.31“"},
+      {{"get", "SalaryConstants", "'2008.01.32'"}, 1, "„'2008.01.32'“"},
+      {{"get", "Departments", "--format", "JSON"}, 2, "„JSON“"},
+      {{"call"}, 2, "METODAS"},
+      {{"call", "GetMonthSalaryValue", "130"}, 1, "1"},
+      {{"call", "GetMonthSalaryValue", "a", "1", "1"}, 1, "„a“"},
+      {{"call", "GetSalaryConstant", "0", "rytoj"}, 1, "„rytoj“"},
+      {{"call", "GetPercentageByExperience", "5", "@nėra.json"}, 1, "„nėra.json“"},
+      {{"call", "GetPercentageByExperience", "5", "@ne.json"}, 1, "„ne.json“"},
+      {{"call", "GetPercentageByExperience", "5", "@laukai.json"}, 1, "„pinigai“"},
+      {{"call", "GetPercentageByExperience", "5", "@Nieko:1"}, 1, "„Nieko“"},
+      {{"init", "--company", "nauja.quor", "--employees", "0"}, 2, "0"},
+      {{"init", "--company", "nauja.quor", "--employees", "-5"}, 2, "-5"},
+      {{"init", "--company", "nauja.quor", "--employees", "daug"}, 2, "daug"},
+      {{"init", "--company", "nauja.quor", "--seed", "x"}, 2, "x"},
+  };
+  const std::string before = folder_.contents();
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.words.empty() ? "" : c.words[0] + " … " + c.words.back());
+    const Outcome run = quor(c.words);
+    expect_refused(run, c.status, c.named);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(folder_.contents(), before);
+  }
+  for (const auto& [method, hint] : {std::pair{"getmmacode", "GetMMACode"}, {"Nieko", "„Nieko“"}}) {
+    const Outcome run = quor({"call", method});
+    expect_refused(run, 1, std::string("„") + method + "“");
+    EXPECT_NE(run.err.find(hint), std::string::npos) << run.err;
+    EXPECT_EQ(run.out, "{\"Code\":0,\"Message\":\"\",\"Value\":null,\"messages\":[]}\n") << "an empty result";
+  }
+}
+
+TEST_F(ProgramTest, WhatIsNoCompanyIsNamedAndLeftAsItIs) {
+  given_company();
+  std::ofstream(folder_.path("tekstas.quor")) << "Ne įmonė, o tekstas.";
+  std::ofstream(folder_.path("tuščias.quor")).flush();
+  {
+    const auto newer = Database::create(folder_.path("naujesnė.quor"));
+    newer->execute("INSERT INTO schema_migrations (number, applied_at) VALUES (9999, '')");
+  }
+  const std::string before = folder_.contents();
+  for (const Words& command : {Words{"get", "Departments"}, Words{"month", "2008-01"}, Words{"call", "GetMMACode"}}) {
+    for (const char* company : {"nėra.quor", ".", "tekstas.quor", "tuščias.quor", "naujesnė.quor", "tekstas.quor/x"}) {
+      SCOPED_TRACE(command[0] + " " + company);
+      Words words = command;
+      words.insert(words.end(), {"--company", company});
+      const Outcome run = quor(words);
+      expect_refused(run, 1, std::string("„") + company + "“");
+      EXPECT_EQ(run.out, "");
+    }
+  }
+  for (const char* company :
+       {"sample.quor", "tekstas.quor", "tuščias.quor", ".", "nėra/nauja.quor", "tekstas.quor/x"}) {
+    SCOPED_TRACE(company);
+    expect_refused(quor({"init", "--company", company}), 1, std::string("„") + company + "“");
+  }
+  EXPECT_EQ(folder_.contents(), before);
+}
+
+TEST_F(ProgramTest, ACompanyThatAnotherProgramHoldsIsNamed) {
+  given_company();
+  const auto other = Database::open(folder_.path("sample.quor"));
+  other->execute("BEGIN EXCLUSIVE");
+  expect_refused(quor({"get", "Departments"}), 1, "kita programa: „sample.quor“");
+  other->execute("ROLLBACK");
+  EXPECT_EQ(quor({"get", "Departments"}).status, 0);
+}
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,107 @@
+// A company in memory (or in a new file) for one test, filled by small verbs, with the application around it. Today is
+// 2008-01-31.
+//
+// Dates are texts, "2008.01.31". Every verb answers the ID of what it made.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frame/contract/quor_object_uio.h"
+#include "host/business/application.h"
+#include "tests/platform/recordset_rows.h"
+
+namespace quor {
+
+// An application titled "Testas" that writes down every request to the business object.
+class TestApplication : public Application {
+ public:
+  using Application::Application;
+  std::shared_ptr<QuorMainBO> NewMainBO() override;
+
+  std::vector<std::string> requests;            // "GetSalaryConstants('2008.01.31'), flag 0"
+  std::map<std::string, MethodResult> answers;  // by request name: answered instead of asking the company
+
+  void refuse(const std::string& request, const std::string& text) { answers[request] = {5, text, {}}; }
+  // Each box shown so far as "icon, buttons, title: text".
+  std::vector<std::string> boxes() const;
+};
+
+struct Dated {
+  const char* from;
+  double value;
+};
+struct Band {
+  Variant year_from;
+  Variant year_to;
+  Variant percentage;
+};
+struct Position {
+  std::int32_t employee;
+  Variant category = kNull;
+  Variant constant_type = kNull;
+  double share = 1.0;
+  const char* from = "2005.01.01";
+  Variant to = kNull;  // a Date
+  const char* contract = "K1";
+  const char* norm = "N1";
+};
+struct Settings {
+  const char* from;
+  Variant month_tariff = kNull;
+  Variant hour_tariff = kNull;
+  std::vector<Band> bands = {};
+};
+
+class TestCompany {
+ public:
+  explicit TestCompany(const std::string& address = ":memory:") : company_(Database::create(address)) {}
+
+  Database& database() { return company_.database(); }
+  Company& company() { return company_; }
+  TestApplication& application() { return application_; }
+
+  std::int32_t given_department(const char* name, Variant parent = kNull);
+  std::int32_t given_employee(const char* name, std::int32_t department);
+  std::int32_t given_employee(const char* name);  // in a department of its own
+  std::int32_t given_category(const char* name, const std::vector<Dated>& factors);
+  std::int32_t given_constant(const char* code, const std::vector<Dated>& values);
+  std::int32_t given_settings(const Settings& settings);
+  void given_service(std::int32_t employee, Variant reached_on, Variant years, Variant months);
+  std::int32_t given_position(const Position& position);
+  std::int32_t given_charge(std::int32_t employee, Variant from, Variant to, Variant sum);
+
+  // A base tariff (type 1) of 130 with an hourly one (type 2) of 0,8, and settings from 2005 that name them, with a
+  // scale of 3 % from the 3rd year and 5 % from the 5th to the 10th.
+  void given_tariffs();
+
+  // The answer of a request, one row behind the other: "1;A lygis;9,7 | 2;…"; or what went wrong.
+  std::string get(const std::string& name, const std::string& parameter);
+  // The record set of a request that works.
+  std::shared_ptr<Recordset> rows(const std::string& name, const std::string& parameter = "None");
+
+  // Every statement from the n-th from now fails with `text`.
+  void fail_statements(std::uint64_t n = 1, const char* text = "ryšys nutrūko");
+  void heal() { database().set_fault({}); }
+
+ private:
+  std::int32_t insert(const std::string& table, const std::string& columns, std::vector<Variant> values);
+
+  Company company_;
+  TestApplication application_{company_,
+                               {.title = "Testas", .user = "testuotoja", .today = Date::from_ymd(2008, 1, 31)}};
+};
+
+// The last day of January 2008 and others, short to write.
+inline Date day(const char* text) { return parse_date(text); }
+
+// The view of a record set as text, "1;A | 2;Null"; "" without rows. The cursor is past the last row then.
+std::string rows_text(Recordset& rows);
+// A result as text: its value ("Empty" for none), behind its Message if there is one; a failure as "[777: text]".
+std::string result_text(const MethodResult& result);
+// An engine method's result as text, or the kind of the error that it throws.
+std::string called(QuorObjectUIO& engine, const std::string& method, const Parameters& parameters);
+
+}  // namespace quor
