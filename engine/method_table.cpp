@@ -25,6 +25,7 @@ class Arguments {
   double number(std::size_t i) const { return at(i).to_double(); }
   quor::Date date(std::size_t i) const { return at(i).to_date(); }
   std::string text(std::size_t i) const { return at(i).to_text(); }
+  bool boolean(std::size_t i) const { return at(i).to_bool(); }
   const std::shared_ptr<quor::Recordset>& record_set(std::size_t i) const { return at(i).record_set(); }
 
   template <typename T>
@@ -68,6 +69,17 @@ MethodResult salary_constant(UIO0402000& engine, const Arguments& in) {
   return engine.salary_constant(hourly, date, in.count() == 3 ? in.int32(2) : 0);
 }
 
+// The last two play no part, but must convert.
+MethodResult handle_select_event(UIO0402000& engine, const Arguments& in) {
+  const quor::Date date = in.date(0);
+  const std::int32_t constant_id = in.int32(1);
+  const double constant_value = in.number(2);
+  const std::int32_t category = in.int32(3);
+  in.number(4);
+  in.text(5);
+  return engine.handle_select_event(date, constant_id, constant_value, category);
+}
+
 struct Method {
   std::string_view name;
   MethodResult (*run)(UIO0402000& engine, const Arguments& in);
@@ -109,6 +121,20 @@ constexpr Method kMethods[] = {
     {"CheckExtraComponents",
      [](UIO0402000&, const Arguments& in) {
        return UIO0402000::check_extra_components(*in.object<quor::NamedMembers>(0));
+     }},
+    {"CheckSalaryRows",
+     [](UIO0402000& engine, const Arguments& in) {
+       const auto& time_rows = in.record_set(0);
+       const auto& salary_rows = in.record_set(1);
+       const quor::Date date = in.date(2);
+       return engine.check_salary_rows(time_rows, salary_rows, date, in.int32(3));
+     }},
+    {"HandleSelectEvent", handle_select_event},
+    {"FillExtraUIOFields",
+     [](UIO0402000& engine, const Arguments& in) {
+       const auto source = in.object<quor::NamedMembers>(0);
+       const std::string record_id = in.text(1);
+       return engine.fill_extra_uio_fields(*source, record_id, in.boolean(2));
      }},
 };
 

@@ -8,6 +8,8 @@
 //   month_salary.h         the rounded month salary (a pure rule)
 //   length_of_service.cpp  the length-of-service supplement (rules in length_of_service.h)
 //   extra_rows.cpp         the extra-row object of an identifier, and its completeness
+//   salary_row_checks.cpp  a month's rows against the limits (the rule in charge_limits.h)
+//   category_selection.cpp the choice of a category for a row, and the row's own fields
 #pragma once
 
 #include <memory>
@@ -74,6 +76,21 @@ class UIO0402000 : public quor::QuorObjectUIO {
 
   quor::MethodResult extra_uio_by_guid(const std::string& row_id, quor::Date date);
   static quor::MethodResult check_extra_components(const quor::NamedMembers& extra_row);
+
+  // A month's supplements and surcharges against the limits in force at the date. The base is the time of `fd_code` of
+  // the documents whose rows carry this object's OID. Code 4 is over a limit, 16 unusable parameters or settings; both
+  // sets may be missing, and end without a filter.
+  quor::MethodResult check_salary_rows(const std::shared_ptr<quor::Recordset>& time_rows,
+                                       const std::shared_ptr<quor::Recordset>& salary_rows, quor::Date date,
+                                       std::int32_t fd_code);
+
+  // Lets the user pick a category: one row with the constant passed in, the category and its factor at the date. Empty
+  // when nothing usable or the same category was picked.
+  quor::MethodResult handle_select_event(quor::Date date, std::int32_t constant_id, double constant_value,
+                                         std::int32_t current_category);
+  // Writes what `source` chose into this object's own record, with `record_id` as its contract or else its norm.
+  quor::MethodResult fill_extra_uio_fields(const quor::NamedMembers& source, const std::string& record_id,
+                                           bool contract);
 
  private:
   struct Position {

@@ -64,6 +64,7 @@ TEST(LengthOfService, TheFirstMatchingBandOfTheFirstSettingsRecordGivesThePercen
   for (const Case& c : cases) {
     SCOPED_TRACE(c.years);
     settings->Filter("");
+    settings->MoveLast();
     EXPECT_EQ(percentage_for_years(c.years, settings.get()), c.percentage);
     EXPECT_EQ(settings->Filter(), "GUID = 'A''1' AND RowGUID <> Null") << "the filter stays on the caller's set";
   }

@@ -76,7 +76,7 @@ TEST_F(SalaryComponentsTest, TheBaseTariffIsTheSettingsOneOrTheTypeThatIsAskedFo
                         {"any hourly flag but 0", {-1, day(kJanuary)}, "2;0,8"},
                         {"type 0 means the settings", {0, day(kJanuary), 0}, "1;130"},
                         {"a type wins over the settings", {1, day(kJanuary), 3}, "3;99,5"},
-                        {"an unknown type", {0, day(kJanuary), 4}, "0;0"},
+                        {"an unknown type", {0, day(kJanuary), 2147483647}, "0;0"},
                         {"first day in force", {0, day("2005.01.01")}, "1;130"},
                         {"no settings yet", {0, day("2004.12.31")}, "0;0"},
                         {"no value yet", {0, day("2004.12.31"), 3}, "0;0"}};
@@ -127,10 +127,10 @@ TEST_F(SalaryComponentsTest, AStoredPositionGivesTariffCategoryAndFactorOfTheDat
   EXPECT_EQ(by_key("KN", 1), "3;99,5;1;9,7;A lygis") << "the type wins over the hourly flag";
   EXPECT_EQ(by_key("KN", 0, "2007.06.30"), "3;99,5;1;9,1;A lygis");
   EXPECT_EQ(by_key("P'L"), "1;130;0;0;") << "no type: the settings' tariff; no category: nothing";
-  EXPECT_EQ(by_key("P'L", 1), "2;0,8;0;0;");
+  EXPECT_EQ(by_key("P'L", -1), "2;0,8;0;0;");
   EXPECT_EQ(by_key("NK"), "1;130;0;0;") << "no such position";
   EXPECT_EQ(by_id(stored), "3;99,5;1;9,7;A lygis");
-  EXPECT_EQ(by_id(plain, 1), "2;0,8;0;0;");
+  EXPECT_EQ(by_id(plain, -1), "2;0,8;0;0;");
   EXPECT_EQ(by_id(future), "1;130;0;0;") << "the category has no factor yet";
   EXPECT_EQ(by_id(99), "1;130;0;0;");
   EXPECT_TRUE(company_.application().boxes().empty());
@@ -199,13 +199,14 @@ TEST_F(SalaryComponentsTest, AFailedCategoryIsThePluginsFailure) {
 }
 
 TEST_F(SalaryComponentsTest, OnlyAPositiveCategoryIsAskedFor) {
+  company_.application().refuse("GetOfficeEmployeeCategory", "nėra ryšio");
   const std::vector<quor::FieldInfo> fields = {{"SalaryConstantTypeID", FieldType::kInt32},
                                                {"OfficeEmployeeCategoryID", FieldType::kInt32}};
   for (const quor::Variant& category : {quor::Variant(-1), quor::Variant(0), quor::Variant(kNull)}) {
     company_.application().answers["GetSalaryExtraRowByID"] = {0, "", quor::record_set(fields, {{3, category}})};
     EXPECT_EQ(by_id(5), "3;99,5;0;0;");
   }
-  company_.application().answers["GetSalaryExtraRowByID"] = {0, "", quor::record_set(fields, {{kNull, category_}})};
+  company_.application().answers = {{"GetSalaryExtraRowByID", {0, "", quor::record_set(fields, {{kNull, category_}})}}};
   EXPECT_EQ(by_id(5), "1;130;1;9,7;A lygis");
 }
 
