@@ -59,7 +59,7 @@ BoxAnswer Application::MessageBox(const std::string& text, BoxIcon icon, BoxButt
 
 PickedObject Application::SelectObject(const std::string& /*object_type*/, const std::string& /*current*/,
                                        const std::string& /*mode*/) {
-  return {};  // nobody is there to choose
+  return {.Identity = options_.pick, .Name = {}};  // nobody is there to choose
 }
 
 // Whoever can open the company from the console may do everything in it.
@@ -69,8 +69,11 @@ bool Application::HasRight(UserRight /*right*/, const std::string& /*object_type
 
 std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& key) {
   const std::string object_type = key.substr(0, kTypeCodeLength);
-  if (!registrations_.types.contains(object_type)) return nullptr;
-  auto object = new_data_object(object_type);
+  const auto type = registrations_.types.find(object_type);
+  if (type == registrations_.types.end()) return nullptr;
+  auto object = std::dynamic_pointer_cast<QuorObjectUIO>(create(type->second.class_id("UIO", object_type)));
+  // A type whose plug-in brings no data class of its own is served by the standard object.
+  if (!object) object = NewStandardObjectUIO();
   object->OIDR(key);
   return object->Read().Failed ? nullptr : object;
 }

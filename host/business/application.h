@@ -27,7 +27,8 @@ struct ShownBox {
 struct ApplicationOptions {
   std::string title = "Quor";
   std::string user = "konsolė";
-  std::optional<Date> today;  // the system's date when none is given
+  std::optional<Date> today = {};  // the system's date when none is given
+  std::string pick = {};           // what the object picker answers where nobody is there to choose
 };
 
 class Application : public QuorApplication {
@@ -43,6 +44,7 @@ class Application : public QuorApplication {
   std::shared_ptr<QuorObjectUIO> new_data_object(const std::string& object_type);
 
   Company& company() { return company_; }
+  const std::string& user() const { return options_.user; }
   const Registrations& registrations() const { return registrations_; }
 
   // Every box shown so far, and who else is told of each.

@@ -20,6 +20,18 @@ const std::vector<RecordType>& record_types() {
         {{"Share", FieldType::kDouble}, "share"},
         {{"DateFrom", FieldType::kDate}, "date_from"},
         {{"DateTo", FieldType::kDate}, "date_to"}}},
+      {kCategoryType,
+       "categories",
+       {{{"GUID", FieldType::kText}, "guid"}, {{"Name", FieldType::kText}, "name"}},
+       "Name",
+       ChildRows{"Rows",
+                 "category_rows",
+                 "category_id",
+                 "OfficeEmployeeCategoryGUID",
+                 "date_from, id",
+                 {{{"GUID", FieldType::kText}, "guid"},
+                  {{"DateFrom", FieldType::kDate}, "date_from"},
+                  {{"Factor", FieldType::kDouble}, "factor"}}}},
   };
   return types;
 }

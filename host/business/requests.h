@@ -34,11 +34,11 @@ Answer office_employee_experience(Company& company, ParameterText& parameter);
 // None. ID, PersonalID, DateFrom, DateTo, SalaryExtraOID, SumA, Percentage, SalaryCodeID: every charge of everybody.
 // Open bounds are 1990.01.01 and 2999.12.31, so that a filter by dates finds them.
 Answer office_employee_extra_charges(Company& company, ParameterText& parameter);
-// 'employee key' (O0400100 + ID). The charges of one employee; open bounds are null.
+// 'employee key' (O0400100 + ID). The charges of one employee; open bounds are null. Throws for an unknown employee.
 Answer personal_extra_charges(Company& company, ParameterText& parameter);
 
 // 'key','date'. ID, OIDR, PersonalContractGUID, SalaryPersonalNormGUID, SalaryConstantTypeID,
-// OfficeEmployeeCategoryID, Share: the position of that key that is in force at the date.
+// OfficeEmployeeCategoryID, Share, Key, DateFrom, DateTo: the position of that key that is in force at the date.
 Answer salary_extra_row(Company& company, ParameterText& parameter);
 // id,'date'. The same fields of the stored position with that ID, whatever its dates.
 Answer salary_extra_row_by_id(Company& company, ParameterText& parameter);

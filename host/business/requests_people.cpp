@@ -99,12 +99,17 @@ Answer office_employee_extra_charges(Company& company, ParameterText& parameter)
 Answer personal_extra_charges(Company& company, ParameterText& parameter) {
   const std::string key = parameter.text();
   parameter.end();
-  const auto employee = id_of_key(key);
+  const auto employee = key.starts_with(kEmployeeType) ? id_of_key(key) : std::nullopt;
   if (!employee) throw Error(ErrorKind::kTypeMismatch, "„" + key + "“ nėra darbuotojo raktas.");
-  return company.database().read(
+  Database& database = company.database();
+  auto charges = database.read(
       "SELECT guid, date_from, date_to, sum_a, salary_extra_oid, percentage, salary_code_id, comment"
       " FROM extra_charges WHERE employee_id = :p0 ORDER BY id",
       kPersonalChargeFields, {*employee});
+  if (charges->RecordCount() > 0) return charges;
+  const auto known = database.read("SELECT id FROM employees WHERE id = :p0", {{"ID", FieldType::kInt32}}, {*employee});
+  if (known->RecordCount() > 0) return charges;
+  throw Error(ErrorKind::kObjectMissing, "Nėra darbuotojo, kurio raktas yra „" + key + "“.");
 }
 
 Answer salary_extra_row(Company& company, ParameterText& parameter) {

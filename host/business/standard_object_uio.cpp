@@ -1,5 +1,6 @@
 #include "host/business/standard_object_uio.h"
 
+#include "host/business/child_rows.h"
 #include "host/business/guid.h"
 #include "host/business/object_codes.h"
 #include "host/store/record_guard.h"
@@ -45,6 +46,7 @@ SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*p
       insert_record(*type);
     }
     record_->AcceptBatch();
+    if (const auto rows = child_rows(*type)) rows->AcceptBatch();
     return {};
   } catch (const StoreError& error) {
     return {.Failed = true, .ErrorText = error.what()};
@@ -60,12 +62,25 @@ void StandardObjectUIO::CancelUpdate() {
   }
 }
 
+namespace {
+
+// One open row of the type's fields, and the rows that belong to it.
+std::shared_ptr<Recordset> empty_record(const RecordType& type) {
+  auto record = std::make_shared<Recordset>();
+  for (const RecordField& field : type.fields) {
+    record->Fields().Append(field.info.name, field.info.type, field.info.size);
+  }
+  if (type.rows) record->Fields().Append(type.rows->field, FieldType::kRecordSet);
+  record->Open();
+  record->AddNew();
+  return record;
+}
+
+}  // namespace
+
 void StandardObjectUIO::make_new_record(const RecordType& type) {
-  record_ = std::make_shared<Recordset>();
-  for (const RecordField& field : type.fields)
-    record_->Fields().Append(field.info.name, field.info.type, field.info.size);
-  record_->Open();
-  record_->AddNew();
+  record_ = empty_record(type);
+  if (type.rows) record_->set_field(type.rows->field, new_child_rows(*type.rows));
   row_version_ = 0;
 }
 
@@ -76,12 +91,35 @@ bool StandardObjectUIO::read_record(const RecordType& type, std::int32_t id) {
     columns += std::string(", ") + field.column;
     fields.push_back(field.info);
   }
-  const auto record =
-      company_.database().read("SELECT " + columns + " FROM " + type.table + " WHERE id = :p0", fields, {id});
-  if (record->RecordCount() == 0) return false;
+  Database& database = company_.database();
+  const auto stored = database.read("SELECT " + columns + " FROM " + type.table + " WHERE id = :p0", fields, {id});
+  if (stored->RecordCount() == 0) return false;
+  auto record = empty_record(type);
+  for (const RecordField& field : type.fields) record->set_field(field.info.name, stored->field(field.info.name));
+  if (type.rows) {
+    const std::string guid = null_to_text(record->field("GUID"));
+    record->set_field(type.rows->field, read_child_rows(database, *type.rows, id, guid));
+  }
+  record->Update();
+  record->AcceptBatch();
   record_ = record;
-  row_version_ = record->field("RowVersion").to_int32();
+  row_version_ = stored->field("RowVersion").to_int32();
+  if (type.name_field != nullptr) preview_ = null_to_text(record->field(type.name_field));
   return true;
+}
+
+// The rows that belong to the record, with what is being typed committed; null when the type has none.
+std::shared_ptr<Recordset> StandardObjectUIO::child_rows(const RecordType& type) const {
+  if (!type.rows) return nullptr;
+  const Variant rows = record_->field(type.rows->field);
+  return rows.is_null() ? nullptr : rows.record_set();
+}
+
+void StandardObjectUIO::store_rows(const RecordType& type, std::int32_t id) {
+  if (const auto rows = child_rows(type)) {
+    rows->Update();
+    store_child_rows(company_.database(), *type.rows, id, *rows);
+  }
 }
 
 void StandardObjectUIO::insert_record(const RecordType& type) {
@@ -97,6 +135,7 @@ void StandardObjectUIO::insert_record(const RecordType& type) {
     values.push_back(record_->field(field.info.name));
   }
   database.execute(std::string("INSERT INTO ") + type.table + " (" + columns + ") VALUES (" + binds + ")", values);
+  store_rows(type, id);
   transaction.commit();
   row_version_ = 1;
   oidr_ = object_key(type.object_type, id);
@@ -119,6 +158,7 @@ void StandardObjectUIO::update_record(const RecordType& type, std::int32_t id) {
                                             " WHERE id = " + id_bind + " AND row_version = " + version_bind,
                                         values);
   if (touched == 0) throw_changed_elsewhere(database, type.table, id);
+  store_rows(type, id);
   transaction.commit();
   ++row_version_;
 }

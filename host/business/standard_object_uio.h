@@ -45,6 +45,8 @@ class StandardObjectUIO : public QuorObjectUIO {
  private:
   void make_new_record(const RecordType& type);
   bool read_record(const RecordType& type, std::int32_t id);
+  std::shared_ptr<Recordset> child_rows(const RecordType& type) const;
+  void store_rows(const RecordType& type, std::int32_t id);
   void insert_record(const RecordType& type);
   void update_record(const RecordType& type, std::int32_t id);
 

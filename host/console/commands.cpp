@@ -7,25 +7,14 @@
 #include <string_view>
 
 #include "host/business/object_codes.h"
+#include "host/console/exchange_commands.h"
 #include "host/console/json_values.h"
 #include "host/console/session.h"
-#include "host/payroll/month_components.h"
-#include "host/report/record_text.h"
 #include "host/sample/sample_company.h"
-#include "platform/data/error.h"
 
 namespace quor {
 
 namespace {
-
-void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& format,
-                std::ostream& out) {
-  if (format == "json") {
-    out << to_json(rows).dump() << '\n';
-  } else {
-    out << (format == "csv" ? csv_text(rows, columns) : table_text(rows, columns));
-  }
-}
 
 Json read_json_file(const std::string& file) {
   std::ifstream in(file, std::ios::binary);
@@ -62,7 +51,8 @@ Variant argument(const std::string& text, Session& session) {
 constexpr std::string_view kEngineMethods[] = {
     "GetMMACode",          "GetMVACode",          "GetPercentageByExperience", "GetPersonalExtraChargeComponents",
     "GetActionComponents", "GetSalaryComponents", "GetMonthSalaryValue",       "GetSalaryComponentsByID",
-    "GetSalaryConstant",   "GetExtraUIOByGUID",   "CheckExtraComponents"};
+    "GetSalaryConstant",   "GetExtraUIOByGUID",   "CheckExtraComponents",      "CheckSalaryRows",
+    "HandleSelectEvent",   "FillExtraUIOFields"};
 
 bool same_but_for_case(std::string_view a, std::string_view b) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
@@ -90,28 +80,21 @@ Json boxes_json(const std::vector<ShownBox>& boxes) {
   return array;
 }
 
-Month month_of(const std::string& text) {
-  try {
-    return Month::parse(text);
-  } catch (const Error& error) {
-    throw UsageError(error.what());
-  }
-}
-
 }  // namespace
 
 ExitStatus run(const InitCommand& command, const CommonOptions& options, std::ostream& out) {
+  if (command.empty) return make_empty_company(options, out);
   if (command.employees < 1)
     throw UsageError("Darbuotojų turi būti bent vienas, nurodyta --employees " + std::to_string(command.employees) +
                      ".");
   const auto database = Database::create(options.company);
   make_sample_company(*database, {.employees = command.employees, .seed = command.seed, .progress = {}});
-  out << "Sukurta pavyzdinė įmonė „" << options.company << "“: darbuotojų " << command.employees << ".\n";
+  out << "Sukurta pavyzdinė įmonė „" << database->name() << "“: darbuotojų " << command.employees << ".\n";
   return ExitStatus::kDone;
 }
 
 ExitStatus run(const CallCommand& command, const CommonOptions& options, std::ostream& out) {
-  Session session(options);
+  Session session(options, command.pick);
   const auto engine = session.application().new_data_object(kSalaryExtensionType);
   engine->OID(command.oid);
   Parameters parameters;
@@ -132,27 +115,6 @@ ExitStatus run(const GetCommand& command, const CommonOptions& options, std::ost
   const auto rows = session.named_record_set(command.name, command.parameter);
   write_rows(*rows, all_fields(*rows), options.format, out);
   return ExitStatus::kDone;
-}
-
-ExitStatus run(const MonthCommand& command, const CommonOptions& options, std::ostream& out) {
-  const Month month = month_of(command.month);
-  Session session(options);
-  const MonthComponents components = month_components(session.application(), month, command.department);
-  write_rows(*components.rows,
-             {{"Person", "Pavardė, vardas"},
-              {"Category", "Pareigybių kategorija"},
-              {"Factor", "Koeficientas", 2},
-              {"BaseTariff", "Bazinė alga", 2},
-              {"Share", "Etatas"},
-              {"MonthSalary", "Pareiginė alga", 2},
-              {"ServiceYears", "Tarnybos metai"},
-              {"SupplementPercentage", "Priedo %"},
-              {"Supplement", "Priedas", 2}},
-             options.format, out);
-  for (const PersonFault& fault : components.faults) {
-    std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
-  }
-  return components.faults.empty() ? ExitStatus::kDone : ExitStatus::kFailed;
 }
 
 }  // namespace quor

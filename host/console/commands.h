@@ -30,18 +30,20 @@ struct CommonOptions {
 struct InitCommand {
   std::int32_t employees = 30;
   std::uint32_t seed = 1;
+  bool empty = false;  // no data, only the schema
 };
 struct CallCommand {
   std::string method;
   std::vector<std::string> arguments;
   std::string oid;
+  std::string pick;  // what the object picker answers
 };
 struct GetCommand {
   std::string name;
   std::string parameter;
 };
 struct MonthCommand {
-  std::string month;
+  std::vector<std::string> words;  // the month; or "close" or "reopen" and the month
   std::optional<std::int32_t> department;
 };
 

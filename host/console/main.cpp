@@ -8,6 +8,7 @@
 
 #include "host/business/plugin_library.h"
 #include "host/console/commands.h"
+#include "host/console/exchange_commands.h"
 #include "host/store/database.h"
 #include "platform/data/error.h"
 
@@ -42,7 +43,9 @@ std::string usage_text(const CLI::App& app, const CLI::ParseError& error) {
     return "trūksta reikšmės " + text.substr(0, text.find(' '));
   }
   if (dynamic_cast<const CLI::ConversionError*>(&error) != nullptr) return "netinkama reikšmė: " + subject;
-  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) return "netinka reikšmių skaičius: " + subject;
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr) {
+    return "netinka reikšmių skaičius: " + text.substr(0, text.find(':'));
+  }
   return "netinkamas kvietimas: " + subject;
 }
 
@@ -65,7 +68,10 @@ ExitStatus guarded(const std::function<ExitStatus()>& command) {
 
 // The result goes to the file whole, or not at all.
 ExitStatus write_result(const quor::CommonOptions& options, const std::function<ExitStatus(std::ostream&)>& command) {
-  if (options.output.empty()) return command(std::cout);
+  if (options.output.empty()) {
+    const ExitStatus status = command(std::cout);
+    return std::cout.flush() ? status : fail(ExitStatus::kFailed, "nepavyksta išvesti rezultato");
+  }
   std::ostringstream result;
   const ExitStatus status = command(result);
   std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
@@ -93,7 +99,8 @@ void label_in_lithuanian(CLI::App& app) {
 }
 
 void add_common_options(CLI::App& app, quor::CommonOptions& options) {
-  app.add_option("--company", options.company, "įmonės failas")->envname("QUOR_COMPANY");
+  app.add_option("--company", options.company, "įmonės failas arba postgresql://naudotojas@serveris/bazė")
+      ->envname("QUOR_COMPANY");
   app.add_option("--plugin", options.plugin, "įskiepio biblioteka")->envname("QUOR_PLUGIN");
   app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
   app.add_option("--format", options.format, "table, csv arba json");
@@ -125,15 +132,33 @@ struct AllWords {
   quor::MonthCommand month;
   quor::CallCommand call;
   quor::GetCommand get{.name = {}, .parameter = "None"};
+  quor::ExportCommand export_table;
+  quor::ImportCommand import_file;
 };
+
+void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
+  CLI::App& take_out = add_command(app, "export", "išveda lentelę CSV pavidalu", words.export_table, options, command);
+  take_out.add_option("LENTELĖ", words.export_table.table, "lentelės vardas, pvz., worked_time");
+  take_out.add_option("--all", words.export_table.folder, "aplankas, į kurį įrašomos visos lentelės");
+
+  CLI::App& bring_in =
+      add_command(app, "import", "įkelia CSV failą: visą arba nieko", words.import_file, options, command);
+  bring_in.add_option("LENTELĖ", words.import_file.table, "lentelės vardas, pvz., worked_time");
+  bring_in.add_option("FAILAS", words.import_file.file, "CSV failas");
+  bring_in.add_option("--all", words.import_file.folder, "aplankas, iš kurio įkeliamos visos lentelės");
+}
 
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
   CLI::App& init = add_command(app, "init", "sukuria pavyzdinę įmonę", words.init, options, command);
   init.add_option("--employees", words.init.employees, "darbuotojų skaičius");
   init.add_option("--seed", words.init.seed, "pavyzdžio numeris: tas pats numeris duoda tą pačią įmonę");
+  init.add_flag("--empty", words.init.empty, "be duomenų: įmonė, į kurią jie bus įkelti");
 
-  CLI::App& month = add_command(app, "month", "mėnesio darbo užmokesčio dedamosios", words.month, options, command);
-  month.add_option("MĖNUO", words.month.month, "mėnuo, pvz., 2008-01")->required();
+  CLI::App& month =
+      add_command(app, "month", "apskaičiuoja mėnesio darbo užmokestį ir jį parodo", words.month, options, command);
+  month.add_option("MĖNUO", words.month.words, "mėnuo, pvz., 2008-01; close 2008-01 jį uždaro, reopen 2008-01 atveria")
+      ->required()
+      ->expected(1, 2);
   month.add_option("--department", words.month.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
 
   CLI::App& call = add_command(app, "call", "kviečia vieną variklio metodą", words.call, options, command);
@@ -141,6 +166,7 @@ void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& opt
   call.add_option("ARGUMENTAI", words.call.arguments,
                   "skaičius, true, false, @failas.json, @RINKINYS[:PARAMETRAS] arba tekstas");
   call.add_option("--oid", words.call.oid, "variklio objekto OID");
+  call.add_option("--pick", words.call.pick, "ką atsako objekto pasirinkimo langas, pvz., O04022005#GUID");
 
   CLI::App& get = add_command(app, "get", "parodo vieną įrašų rinkinį", words.get, options, command);
   get.add_option("RINKINYS", words.get.name, "įrašų rinkinio vardas, pvz., SalaryConstants")->required();
@@ -159,6 +185,7 @@ int main(int argc, char** argv) {
   AllWords words;
   Command command;
   add_commands(app, words, options, command);
+  add_exchange_commands(app, words, options, command);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "host/business/main_bo.h"
+#include "host/console/json_values.h"
 
 namespace quor {
 
@@ -18,8 +19,9 @@ std::optional<Date> today_of(const CommonOptions& options) {
 
 }  // namespace
 
-Session::Session(const CommonOptions& options) {
+Session::Session(const CommonOptions& options, const std::string& pick) {
   ApplicationOptions application_options;
+  application_options.pick = pick;
   application_options.today = today_of(options);
   company_ = std::make_unique<Company>(Database::open(options.company));
   application_ = std::make_unique<Application>(*company_, application_options);
@@ -36,6 +38,15 @@ std::shared_ptr<Recordset> Session::named_record_set(const std::string& name, co
   const MethodResult result = application_->NewMainBO()->RunMethod("Get" + name, parameter, 0);
   if (result.Code != 0) throw std::runtime_error(result.Message);
   return result.Value.record_set();
+}
+
+void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& format,
+                std::ostream& out) {
+  if (format == "json") {
+    out << to_json(rows).dump() << '\n';
+  } else {
+    out << (format == "csv" ? csv_text(rows, columns) : table_text(rows, columns));
+  }
 }
 
 const char* icon_name(BoxIcon icon) {

@@ -6,13 +6,15 @@
 
 #include "host/business/application.h"
 #include "host/console/commands.h"
+#include "host/report/record_text.h"
 
 namespace quor {
 
 class Session {
  public:
-  // Opens the company and loads the plug-in. Message boxes go to standard error, one line each.
-  explicit Session(const CommonOptions& options);
+  // Opens the company and loads the plug-in. Message boxes go to standard error; `pick` is what the object picker
+  // answers.
+  explicit Session(const CommonOptions& options, const std::string& pick = "");
 
   Application& application() { return *application_; }
 
@@ -24,6 +26,10 @@ class Session {
   std::unique_ptr<Company> company_;
   std::unique_ptr<Application> application_;
 };
+
+// The rows in the format of the call: a table, CSV or JSON.
+void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& format,
+                std::ostream& out);
 
 // The names of a box's icon and buttons, as programs read them.
 const char* icon_name(BoxIcon icon);

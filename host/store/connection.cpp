@@ -11,7 +11,8 @@ namespace quor {
 namespace {
 
 // How long a statement waits for another program before it gives up with kLocked.
-constexpr int kPatienceMilliseconds = 2000;
+constexpr int kPatienceMilliseconds = 5000;
+constexpr int kWriterLock = 4021;  // any number, the same in every program
 // Pages of the file kept in memory, in KiB: random GUIDs of a large company would else be read again and again.
 constexpr int kCacheKibibytes = 64 * 1024;
 
@@ -194,6 +195,18 @@ void Database::Connection::begin() {
   // Immediate: two programs that read first and write later would else fail each other at the write.
   command(on_server ? "BEGIN" : "BEGIN IMMEDIATE");
   state = State::kTransaction;
+  if (on_server) lock_for_writing();
+}
+
+// One writer at a time on a server too: what a transaction has read is then what it writes on. The lock goes with the
+// transaction.
+void Database::Connection::lock_for_writing() {
+  try {
+    command("SELECT pg_advisory_xact_lock(" + std::to_string(kWriterLock) + ")");
+  } catch (...) {
+    roll_back();
+    throw;
+  }
 }
 
 void Database::Connection::commit() {

@@ -71,6 +71,7 @@ struct Database::Connection {
   std::function<void(std::uint64_t)> fault;
 
  private:
+  void lock_for_writing();
   void doom();
 };
 

@@ -51,7 +51,8 @@ class Database {
   // Opens a company that is there and applies the migrations that it lacks. Throws StoreError and changes nothing.
   static std::unique_ptr<Database> open(const std::string& address);
   // Makes an empty company with the newest schema. Refuses an address where something stands already; a server's
-  // database must be there, without our tables. What fails on the way leaves no file and no table behind.
+  // database must be there, without our tables. What fails on the way leaves no file behind; on a server each migration
+  // is whole or absent, and opening goes on from the last one that is there.
   static std::unique_ptr<Database> create(const std::string& address);
   ~Database();
 

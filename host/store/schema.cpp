@@ -36,6 +36,9 @@ void apply(Database& database, const EmbeddedFile& file, bool first) {
   Transaction transaction(database);
   const std::int32_t number = migration_number(file);
   if (first) {
+    if (holds_company(database)) {
+      throw StoreError(StoreFault::kAlreadyThere, "įmonė jau yra: „" + database.name() + "“");
+    }
     database.execute("CREATE TABLE schema_migrations (number INTEGER PRIMARY KEY, applied_at TEXT NOT NULL)");
   } else if (single_number(database, "SELECT number FROM schema_migrations WHERE number = :p0", {number}) != 0) {
     return;  // another program was faster

@@ -2,14 +2,11 @@
 
 #include <filesystem>
 #include <fstream>
+#include <libpq-fe.h>
 #include <map>
 #include <stdexcept>
 #include <stdlib.h>
 #include <unistd.h>
-
-#ifdef VELMORA_TEST_POSTGRESQL
-#include <libpq-fe.h>
-#endif
 
 namespace quor {
 namespace {
@@ -22,23 +19,20 @@ class FilePlace : public CompanyPlace {
   TemporaryFolder folder_;
 };
 
-#ifdef VELMORA_TEST_POSTGRESQL
-// A database of its own in the server whose socket stands in that folder.
+// A database of its own in the test run's server.
 class ServerPlace : public CompanyPlace {
  public:
   ServerPlace() : name_("company_" + std::to_string(::getpid()) + "_" + std::to_string(++made_)) {
     run("DROP DATABASE IF EXISTS " + name_);
-    run("CREATE DATABASE " + name_);
+    run("CREATE DATABASE " + name_ + " TEMPLATE template0");  // two tests may copy it at once
   }
   ~ServerPlace() override { run("DROP DATABASE " + name_ + " WITH (FORCE)"); }
-  std::string address() const override { return of(name_); }
+  std::string address() const override { return server_address("quor", name_); }
 
  private:
-  static std::string of(const std::string& database) {
-    return "postgresql://quor@/" + database + "?host=" VELMORA_TEST_POSTGRESQL;
-  }
   static void run(const std::string& sql) {
-    PGconn* connection = PQconnectdb((of("postgres") + "&options=-c%20client_min_messages%3Dwarning").c_str());
+    PGconn* connection =
+        PQconnectdb((server_address("quor", "postgres") + "&options=-c%20client_min_messages%3Dwarning").c_str());
     PGresult* result = PQexec(connection, sql.c_str());
     const bool done = PQresultStatus(result) == PGRES_COMMAND_OK;
     const std::string message = PQerrorMessage(connection);
@@ -50,17 +44,19 @@ class ServerPlace : public CompanyPlace {
   static inline int made_ = 0;
   std::string name_;
 };
-#endif
 
 }  // namespace
 
 std::vector<Backend> backends() {
   return {
       {"SQLite", []() -> std::unique_ptr<CompanyPlace> { return std::make_unique<FilePlace>(); }},
-#ifdef VELMORA_TEST_POSTGRESQL
       {"PostgreSQL", []() -> std::unique_ptr<CompanyPlace> { return std::make_unique<ServerPlace>(); }},
-#endif
   };
+}
+
+std::string server_address(const std::string& user, const std::string& database) {
+  // The link is resolved here: it is there only while the tests run, and its own path may be too long for a socket.
+  return "postgresql://" + user + "@/" + database + "?host=" + std::filesystem::canonical(VELMORA_TEST_SERVER).string();
 }
 
 TemporaryFolder::TemporaryFolder() : folder_(std::filesystem::temp_directory_path() / "quor-test-XXXXXX") {

@@ -20,8 +20,15 @@ struct Backend {
   const char* name;
   std::unique_ptr<CompanyPlace> (*make_place)();
 };
-std::vector<Backend> backends();
+std::vector<Backend> backends();  // SQLite, PostgreSQL
 inline void PrintTo(const Backend& backend, std::ostream* out) { *out << backend.name; }
+// Runs a suite of tests with a Backend as their parameter on every database.
+#define ON_EVERY_DATABASE(Suite)                                           \
+  INSTANTIATE_TEST_SUITE_P(On, Suite, testing::ValuesIn(quor::backends()), \
+                           [](const auto& each) { return each.param.name; })
+
+// The address of any database of the test run's server; `user` may have a password, "user:password".
+std::string server_address(const std::string& user, const std::string& database);
 
 // A folder of its own for files.
 class TemporaryFolder {

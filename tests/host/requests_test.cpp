@@ -12,8 +12,11 @@ std::string field_of(TestCompany& company, const char* name, const std::string& 
 
 std::string on(const char* date) { return std::string("'") + date + "'"; }
 
-TEST(Requests, TheRowWithTheLatestStartOnOrBeforeTheDateIsInForce) {
-  TestCompany company;
+class Requests : public testing::TestWithParam<Backend> {};
+ON_EVERY_DATABASE(Requests);
+
+TEST_P(Requests, TheRowWithTheLatestStartOnOrBeforeTheDateIsInForce) {
+  TestCompany company(GetParam());
   company.given_constant("A", {{"2007.01.01", 2.0}, {"2005.01.01", 1.0}, {"2008.02.01", 3.0}});
   company.given_constant("B", {{"2008.01.31", 9.0}});
   company.given_category("A lygis", {{"2005.01.01", 9.1}, {"2007.07.01", 9.5}, {"2007.07.01", 9.7}});
@@ -42,8 +45,8 @@ TEST(Requests, TheRowWithTheLatestStartOnOrBeforeTheDateIsInForce) {
             "1;A;Konstanta A;2007.01.01;2 | 2;B;Konstanta B;2008.01.31;9");
 }
 
-TEST(Requests, SettingsComeWithTheirScaleALineABand) {
-  TestCompany company;
+TEST_P(Requests, SettingsComeWithTheirScaleALineABand) {
+  TestCompany company(GetParam());
   const std::string january = on("2008.01.31");
   company.given_settings({.from = "2004.01.01", .bands = {{0, 1, 99.0}}});
   company.given_settings({.from = "2005.01.01", .bands = {{3, 5, 3.5}, {kNull, 10, 5.0}}});
@@ -54,8 +57,8 @@ TEST(Requests, SettingsComeWithTheirScaleALineABand) {
   EXPECT_EQ(field_of(company, "OfficeEmployeeSettings", on("2008.02.01"), "RowGUID"), "Null") << "an empty scale";
 }
 
-TEST(Requests, APositionIsFoundByItsKeyAndDateOrByItsIdAlone) {
-  TestCompany company;
+TEST_P(Requests, APositionIsFoundByItsKeyAndDateOrByItsIdAlone) {
+  TestCompany company(GetParam());
   const auto person = company.given_employee("Pirmoji");
   const auto position = [&](const char* contract, const char* from, const Variant& to) {
     return company.given_position({.employee = person, .from = from, .to = to, .contract = contract, .norm = "N"});
@@ -77,8 +80,8 @@ TEST(Requests, APositionIsFoundByItsKeyAndDateOrByItsIdAlone) {
   EXPECT_EQ(field_of(company, "SalaryExtraRowByID", "5,'2008.01.31'", "OIDR"), "");
 }
 
-TEST(Requests, PeopleStandInLithuanianOrderAndOpenChargesFromTheirBounds) {
-  TestCompany company;
+TEST_P(Requests, PeopleStandInLithuanianOrderAndOpenChargesFromTheirBounds) {
+  TestCompany company(GetParam());
   const auto department = company.given_department("Žemės skyrius");
   company.given_department("Cechas", department);
   const auto last = company.given_employee("Šilas", department);
@@ -97,12 +100,15 @@ TEST(Requests, PeopleStandInLithuanianOrderAndOpenChargesFromTheirBounds) {
   EXPECT_EQ(field_of(company, "PersonalExtraCharges", "'O04001002'", "DateTo"), "2008.01.31");
 }
 
-TEST(Requests, WhatCannotBeAnsweredSaysWhy) {
-  TestCompany company;
+TEST_P(Requests, WhatCannotBeAnsweredSaysWhy) {
+  TestCompany company(GetParam());
   const std::string refused = "[1: Užklausos parametras „";
   EXPECT_EQ(company.get("Nothing", "None"), "[1: Nėra užklausos „GetNothing“.]");
   EXPECT_EQ(company.get("salaryCodes", "None"), "[1: Nėra užklausos „GetsalaryCodes“.]");
   EXPECT_EQ(company.get("PersonalExtraCharges", "'O0400100'"), "[1: „O0400100“ nėra darbuotojo raktas.]");
+  EXPECT_EQ(company.get("PersonalExtraCharges", "'O040010099'"),
+            "[1: Nėra darbuotojo, kurio raktas yra „O040010099“.]");
+  EXPECT_EQ(company.get("PersonalExtraCharges", "'O00016041'"), "[1: „O00016041“ nėra darbuotojo raktas.]");
   EXPECT_EQ(company.get("PersonalExtraCharges", "'O04001001x'"), "[1: „O04001001x“ nėra darbuotojo raktas.]");
   const std::vector<std::pair<const char*, std::vector<const char*>>> bad_parameters = {
       {"Departments", {"", "'x'"}},
@@ -158,8 +164,8 @@ void fill_every_set(TestCompany& company) {
   company.database().execute("INSERT INTO salary_codes VALUES (1, '10', 'Pareiginė alga')");
 }
 
-TEST(Requests, WhatACallerDoesWithAnAnswerDoesNotShowInTheNext) {
-  TestCompany company;
+TEST_P(Requests, WhatACallerDoesWithAnAnswerDoesNotShowInTheNext) {
+  TestCompany company(GetParam());
   fill_every_set(company);
   for (const AskedSet& set : kAskedSets) {
     SCOPED_TRACE(set.name);
@@ -185,8 +191,8 @@ TEST(Requests, WhatACallerDoesWithAnAnswerDoesNotShowInTheNext) {
   }
 }
 
-TEST(Requests, SharedSetsAreReadOnceUntilAWriteIsSeen) {
-  TestCompany company;
+TEST_P(Requests, SharedSetsAreReadOnceUntilAWriteIsSeen) {
+  TestCompany company(GetParam());
   fill_every_set(company);
   const auto statements_of_all = [&] {
     const auto before = company.database().statements();

@@ -152,13 +152,13 @@ TEST(SampleCompany, NeedsFewStatementsAThousandPeople) {
 }
 
 class SampleCompanyOn : public testing::TestWithParam<Backend> {};
-INSTANTIATE_TEST_SUITE_P(On, SampleCompanyOn, testing::ValuesIn(backends()),
-                         [](const auto& each) { return each.param.name; });
+ON_EVERY_DATABASE(SampleCompanyOn);
 
 TEST_P(SampleCompanyOn, IsWholeOrNotThereAtAll) {
   const auto place = GetParam().make_place();
   const auto database = Database::create(place->address());
   const SampleOptions options{2, 1, nullptr};
+  const std::int64_t changes = database->change_count();
   bool made = false;
   for (std::uint64_t at = 1; !made; ++at) {
     SCOPED_TRACE(at);
@@ -168,7 +168,8 @@ TEST_P(SampleCompanyOn, IsWholeOrNotThereAtAll) {
     });
     made = !refusal_of([&] { make_sample_company(*database, options); }).fault;
     database->set_fault(nullptr);
-    EXPECT_EQ(count(*database, "company WHERE name <> '' AND change_count = 2"), made ? 1 : 0);
+    EXPECT_EQ(count(*database, "company WHERE name <> ''"), made ? 1 : 0);
+    EXPECT_EQ(database->change_count() - changes, made ? 1 : 0);
     for (const char* table :
          {"next_ids", "departments", "constant_types", "constant_values", "indications", "salary_codes", "categories",
           "category_rows", "settings", "settings_rows", "employees", "experience", "positions", "extra_charges"}) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "host/store/database.h"
-#include "host/store/schema.h"
 #include "host/store/sort_key.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
@@ -23,7 +22,7 @@ class Store : public testing::TestWithParam<Backend> {
   }
   std::int32_t departments() { return count(*reopened(), "departments"); }
 };
-INSTANTIATE_TEST_SUITE_P(On, Store, testing::ValuesIn(backends()), [](const auto& each) { return each.param.name; });
+ON_EVERY_DATABASE(Store);
 
 const std::vector<FieldInfo> kAllTypes = {{"small", FieldType::kInt16},   {"whole", FieldType::kInt32},
                                           {"amount", FieldType::kDouble}, {"day", FieldType::kDate},
@@ -281,7 +280,7 @@ TEST_P(Store, GivesUpSoonWhenAnotherProgramIsWriting) {
     second.commit();
   });
   EXPECT_EQ(refusal.fault, StoreFault::kLocked);
-  EXPECT_EQ(begun, other->on_server());  // a file has one writer, and who comes second learns it before reading
+  EXPECT_FALSE(begun) << "there is one writer, and who comes second learns it before reading";
   writing.commit();
   EXPECT_EQ(count(*other, "company WHERE name = 'x'"), 1);
 }
@@ -307,39 +306,6 @@ TEST_P(Store, ReservesEachIdOnce) {
     EXPECT_EQ(database_->reserve_ids("employees", 10), 8);
   }
   EXPECT_EQ(database_->reserve_ids("employees"), 8);
-}
-
-TEST_P(Store, AppliesMigrationsOnceAndWhole) {
-  const auto file = [](std::string_view name, std::string_view sql) {
-    return EmbeddedFile{name, {reinterpret_cast<const unsigned char*>(sql.data()), sql.size()}};
-  };
-  std::vector<EmbeddedFile> files(migration_files().begin(), migration_files().end());
-  const auto known = static_cast<std::int32_t>(files.size());
-  const std::string next = "000" + std::to_string(known + 1) + "_next",
-                    last = "000" + std::to_string(known + 2) + "_last";
-  const auto applied = [&] { return count(*database_, "schema_migrations"); };
-
-  files.push_back(
-      file(next, "-- one; two\nCREATE TABLE notes (words TEXT);\nINSERT INTO notes (words) VALUES ('a;''b');"));
-  migrate(*database_, files);
-  migrate(*database_, files);
-  EXPECT_EQ(count(*database_, "notes WHERE words = 'a;''b'"), 1);
-  EXPECT_EQ(applied(), known + 1);
-
-  files.push_back(file(last, "CREATE TABLE half (n INTEGER);\nINSERT INTO no_such_table (n) VALUES (1);"));
-  EXPECT_EQ(refusal_of([&] { migrate(*database_, files); }).fault, StoreFault::kFailed);
-  EXPECT_EQ(applied(), known + 1);
-  EXPECT_THROW(count(*database_, "half"), StoreError);
-
-  const auto newer = refusal_of([&] { reopened(); });
-  EXPECT_EQ(newer.fault, StoreFault::kNewerSchema);
-  EXPECT_NE(newer.text.find(database_->name()), std::string::npos);
-}
-
-TEST_P(Store, RefusesToMakeACompanyWhereOneStands) {
-  add_department(1);
-  EXPECT_EQ(refusal_of([&] { Database::create(place_->address()); }).fault, StoreFault::kAlreadyThere);
-  EXPECT_EQ(departments(), 1);
 }
 
 TEST_P(Store, OrdersNamesByTheLithuanianAlphabet) {

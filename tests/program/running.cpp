@@ -1,5 +1,6 @@
 #include "tests/program/running.h"
 
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -9,8 +10,6 @@
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include "tests/host/company_place.h"
 
 namespace quor {
 
@@ -23,12 +22,11 @@ std::string content(const std::string& file) {
 
 }  // namespace
 
-Outcome run_quor(const std::string& folder, const std::vector<std::string>& words) {
+RunningQuor::RunningQuor(const std::string& folder, const std::vector<std::string>& words) {
   // What whoever runs the tests has set must not reach the program.
   unsetenv("QUOR_COMPANY");
   unsetenv("QUOR_PLUGIN");
-  const TemporaryFolder results;
-  const std::string out = results.path("out"), err = results.path("err");
+  const std::string out = results_.path("out"), err = results_.path("err");
 
   std::vector<std::string> texts = {VELMORA_PROGRAM};
   texts.insert(texts.end(), words.begin(), words.end());
@@ -41,14 +39,39 @@ Outcome run_quor(const std::string& folder, const std::vector<std::string>& word
   posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(), O_WRONLY | O_CREAT, 0600);
   posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT, 0600);
   posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
-  pid_t child = 0;
-  const int failed = posix_spawn(&child, VELMORA_PROGRAM, &actions, nullptr, arguments.data(), environ);
+  const int failed = posix_spawn(&child_, VELMORA_PROGRAM, &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
+  if (failed != 0) throw std::runtime_error("the program did not start");
+}
+
+RunningQuor::~RunningQuor() {
+  if (child_ != 0) stop(SIGKILL);
+}
+
+int RunningQuor::wait() {
   int status = 0;
-  if (failed != 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) {
-    throw std::runtime_error("the program did not run to its end: " + content(err));
+  waitpid(child_, &status, 0);
+  child_ = 0;
+  return status;
+}
+
+Outcome RunningQuor::finish() {
+  const int status = wait();
+  if (!WIFEXITED(status)) {
+    throw std::runtime_error("the program did not run to its end: " + content(results_.path("err")));
   }
-  return {.status = WEXITSTATUS(status), .out = content(out), .err = content(err)};
+  return {.status = WEXITSTATUS(status), .out = content(results_.path("out")), .err = content(results_.path("err"))};
+}
+
+void RunningQuor::signal(int signal) const { kill(child_, signal); }
+
+bool RunningQuor::stop(int signal) {
+  this->signal(signal);
+  return WIFSIGNALED(wait());
+}
+
+Outcome run_quor(const std::string& folder, const std::vector<std::string>& words) {
+  return RunningQuor(folder, words).finish();
 }
 
 }  // namespace quor

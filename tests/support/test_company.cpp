@@ -112,6 +112,12 @@ void TestCompany::given_tariffs() {
       {.from = "2005.01.01", .month_tariff = month, .hour_tariff = hour, .bands = {{3, 5, 3.0}, {5, 10, 5.0}}});
 }
 
+void TestCompany::given_time_codes() {
+  for (const auto& [id, code] : {std::pair{1, "FD"}, {2, "VD"}, {3, "L"}, {5, "PV"}}) {
+    insert("indications", "indication_code, code_id, code, code_name", {"WorkTime", id, code, code});
+  }
+}
+
 std::string TestCompany::get(const std::string& name, const std::string& parameter) {
   return result_text(application_.NewMainBO()->RunMethod("Get" + name, parameter, 0));
 }

@@ -1,5 +1,5 @@
-// A company in memory (or in a new file) for one test, filled by small verbs, with the application around it. Today is
-// 2008-01-31.
+// A company in memory (or in a new file, or on the database that a test names) for one test, filled by small verbs,
+// with the application around it. Today is 2008-01-31.
 //
 // Dates are texts, "2008.01.31". Every verb answers the ID of what it made.
 #pragma once
@@ -11,6 +11,7 @@
 
 #include "frame/contract/quor_object_uio.h"
 #include "host/business/application.h"
+#include "tests/host/company_place.h"
 #include "tests/platform/recordset_rows.h"
 
 namespace quor {
@@ -58,6 +59,8 @@ struct Settings {
 class TestCompany {
  public:
   explicit TestCompany(const std::string& address = ":memory:") : company_(Database::create(address)) {}
+  explicit TestCompany(const Backend& backend)
+      : place_(backend.make_place()), company_(Database::create(place_->address())) {}
 
   Database& database() { return company_.database(); }
   Company& company() { return company_; }
@@ -76,6 +79,8 @@ class TestCompany {
   // A base tariff (type 1) of 130 with an hourly one (type 2) of 0,8, and settings from 2005 that name them, with a
   // scale of 3 % from the 3rd year and 5 % from the 5th to the 10th.
   void given_tariffs();
+  // The work-time codes 1 FD (basic), 2 VD, 3 L and 5 PV.
+  void given_time_codes();
 
   // The answer of a request, one row behind the other: "1;A lygis;9,7 | 2;…"; or what went wrong.
   std::string get(const std::string& name, const std::string& parameter);
@@ -89,6 +94,7 @@ class TestCompany {
  private:
   std::int32_t insert(const std::string& table, const std::string& columns, std::vector<Variant> values);
 
+  std::unique_ptr<CompanyPlace> place_;  // none in memory
   Company company_;
   TestApplication application_{company_,
                                {.title = "Testas", .user = "testuotoja", .today = Date::from_ymd(2008, 1, 31)}};

@@ -1,0 +1,67 @@
+#include "host/console/exchange_commands.h"
+
+#include <iostream>
+
+#include "host/business/application.h"
+#include "host/exchange/export.h"
+#include "host/exchange/import.h"
+
+namespace quor {
+
+namespace {
+
+const ExchangedTable& table_of(const std::string& name) {
+  const ExchangedTable* table = find_exchanged_table(name);
+  if (table != nullptr) return *table;
+  std::string known;
+  for (const ExchangedTable& each : exchanged_tables()) known += (known.empty() ? "" : ", ") + std::string(each.name);
+  throw UsageError("nėra lentelės „" + name + "“: yra " + known);
+}
+
+std::vector<ImportSource> sources_of(const ImportCommand& command) {
+  if (!command.folder.empty()) {
+    if (!command.table.empty()) throw UsageError("su --all lentelė nerašoma: „" + command.table + "“");
+    return sources_of_folder(command.folder);
+  }
+  if (command.table.empty()) throw UsageError("trūksta reikšmės LENTELĖ arba --all");
+  if (command.file.empty()) throw UsageError("trūksta reikšmės FAILAS");
+  return {{&table_of(command.table), command.file}};
+}
+
+}  // namespace
+
+ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::ostream& out) {
+  if (command.table.empty() == command.folder.empty()) throw UsageError("rašykite lentelės vardą arba --all APLANKAS");
+  const ExchangedTable* const table = command.table.empty() ? nullptr : &table_of(command.table);
+  const auto database = Database::open(options.company);
+  if (table != nullptr) {
+    out << export_table(*database, *table);
+  } else {
+    export_company(*database, command.folder);
+    out << "Įrašytos visos lentelės: „" << command.folder << "“.\n";
+  }
+  return ExitStatus::kDone;
+}
+
+ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::ostream& out) {
+  const auto sources = sources_of(command);
+  const auto database = Database::open(options.company);
+  try {
+    for (const ImportedTable& done : import_tables(*database, sources, ApplicationOptions().user)) {
+      out << done.source.file << ": naujų " << done.added << ", pakeistų " << done.changed << ", nepakitusių "
+          << done.unchanged << ".\n";
+    }
+  } catch (const ImportRefused& refused) {
+    std::cerr << refused.what() << '\n';
+    throw std::runtime_error("neįrašyta nieko; klaidų: " + std::to_string(refused.faults().size()));
+  }
+  return ExitStatus::kDone;
+}
+
+ExitStatus make_empty_company(const CommonOptions& options, std::ostream& out) {
+  const auto database = Database::create(options.company);
+  out << "Sukurta tuščia įmonė „" << database->name() << "“.\n";
+  return ExitStatus::kDone;
+}
+
+}  // namespace quor

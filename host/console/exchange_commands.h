@@ -1,0 +1,28 @@
+// The commands that bring data in and out of a company, and the empty company to bring them into.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "host/console/commands.h"
+
+namespace quor {
+
+// Either a table or, with `folder`, all of them.
+struct ExportCommand {
+  std::string table;
+  std::string folder;
+};
+struct ImportCommand {
+  std::string table;
+  std::string file;
+  std::string folder;
+};
+
+ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::ostream& out);
+ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::ostream& out);
+
+// A company with its schema and nothing in it.
+ExitStatus make_empty_company(const CommonOptions& options, std::ostream& out);
+
+}  // namespace quor

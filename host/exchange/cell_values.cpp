@@ -1,0 +1,136 @@
+#include "host/exchange/cell_values.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <unicode/ustring.h>
+
+namespace quor {
+
+namespace {
+
+// The number after the largest must fit too: it is the next one to give.
+constexpr std::int32_t kLargestId = std::numeric_limits<std::int32_t>::max() - 1;
+
+// Text that both databases keep: valid UTF-8 without a zero character.
+bool storable(std::string_view text) {
+  UErrorCode status = U_ZERO_ERROR;
+  u_strFromUTF8(nullptr, 0, nullptr, text.data(), static_cast<std::int32_t>(text.size()), &status);
+  return status != U_INVALID_CHAR_FOUND && text.find('\0') == std::string_view::npos;
+}
+
+std::optional<std::int32_t> whole(std::string_view text) {
+  std::int32_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+std::optional<double> number(std::string_view text) {
+  std::string with_point(text);
+  std::replace(with_point.begin(), with_point.end(), ',', '.');
+  double value = 0.0;
+  const char* const last = with_point.data() + with_point.size();
+  const auto [end, error] = std::from_chars(with_point.data(), last, value);
+  if (error != std::errc() || end != last || !std::isfinite(value)) return std::nullopt;
+  return value;
+}
+
+std::optional<Date> day(std::string_view text) {
+  const auto date = try_parse_date(text);
+  return date && *date == date->without_time() ? date : std::nullopt;
+}
+
+// The first day of "2008-01", "2008.1" and the like.
+std::optional<Date> month(std::string_view text) {
+  const std::size_t separator = text.find_first_of("-./");
+  if (separator == std::string_view::npos || text.find_first_not_of("0123456789", separator + 1) != text.npos)
+    return std::nullopt;
+  return try_parse_date(std::string(text) + text[separator] + "1");
+}
+
+std::string day_text(Date date) {
+  std::string text = date_text(date);
+  std::replace(text.begin(), text.end(), '.', '-');
+  return text;
+}
+
+std::string month_text(Date date) { return day_text(date).substr(0, day_text(date).rfind('-')); }
+
+template <typename T>
+ParsedCell parsed(const std::optional<T>& value, std::string_view text, const char* what) {
+  if (value) return {*value, {}};
+  return {{}, "„" + std::string(storable(text) ? text : "?") + "“ nėra " + what};
+}
+
+}  // namespace
+
+ParsedCell parse_cell(CellType type, std::string_view text) {
+  switch (type) {
+    case CellType::kId: {
+      const auto id = whole(text);
+      const bool fits = id && *id >= 1 && *id <= kLargestId;
+      return parsed(fits ? id : std::nullopt, text, "ID (sveikasis skaičius nuo 1)");
+    }
+    case CellType::kWhole:
+      return parsed(whole(text), text, "sveikasis skaičius");
+    case CellType::kNumber:
+      return parsed(number(text), text, "skaičius");
+    case CellType::kDate:
+      return parsed(day(text), text, "data (rašykite, pvz., 2008-01-31)");
+    case CellType::kMonth:
+      return parsed(month(text), text, "mėnuo (rašykite, pvz., 2008-01)");
+    case CellType::kDayOrMonth:
+      if (const auto first_day = month(text)) return {Variant(month_text(*first_day)), {}};
+      return parsed(day(text), text, "nei diena (2008-01-31), nei mėnuo (2008-01)");
+    case CellType::kTimeCode:
+    case CellType::kText:
+      break;
+  }
+  if (!storable(text)) return {{}, "tekstas ne UTF-8 koduotės"};
+  return {Variant(text), {}};
+}
+
+std::string cell_text(CellType type, const Variant& value) {
+  if (value.kind() == Variant::Kind::kDouble) {
+    char text[32];
+    return {text, std::to_chars(text, text + sizeof text, value.to_double()).ptr};
+  }
+  if (value.kind() != Variant::Kind::kDate) return value.to_text();
+  return type == CellType::kMonth ? month_text(value.to_date()) : day_text(value.to_date());
+}
+
+bool same_value(const Variant& a, const Variant& b) {
+  if (a.kind() != b.kind()) return false;
+  if (a.kind() == Variant::Kind::kDouble) return a.to_double() == b.to_double();
+  return null_to_text(a) == null_to_text(b);
+}
+
+Date month_of_cell(const Variant& value) {
+  return value.kind() == Variant::Kind::kText ? month(value.to_text()).value_or(Date())
+                                              : first_of_month(value.to_date());
+}
+
+std::string key_text(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells) {
+  std::string text;
+  for (const std::string_view name : key) {
+    const std::size_t column = table.column(name);
+    text += cell_text(table.columns[column].type, cells[column]);
+    text += '\0';  // stands in no value
+  }
+  return text;
+}
+
+std::string key_words(const ExchangedTable& table, const ExchangedTable::Names& key,
+                      const std::vector<Variant>& cells) {
+  std::string text;
+  for (const std::string_view name : key) {
+    const std::size_t column = table.column(name);
+    text += (text.empty() ? "" : ", ") + std::string(name) + " " + cell_text(table.columns[column].type, cells[column]);
+  }
+  return text;
+}
+
+}  // namespace quor

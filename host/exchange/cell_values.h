@@ -1,0 +1,36 @@
+// Values of cells as text and back. A value is Null, or by type: an Int32 (ids, whole numbers), a Double, a Date, a
+// text. A day or month is a Date, or the text "2008-01"; a month is the Date of its first day. A time code is the text
+// that stands in the file until TimeCodes has made it the Int32 of its code_id.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/exchange/tables.h"
+#include "platform/data/variant.h"
+
+namespace quor {
+
+struct ParsedCell {
+  Variant value;      // Empty when there is a fault
+  std::string fault;  // "„abc“ nėra skaičius"
+};
+
+// The value of a cell that is not null. Numbers have a decimal point or comma, dates the forms of parse_date.
+ParsedCell parse_cell(CellType type, std::string_view text);
+
+// How a value that is not null stands in a file.
+std::string cell_text(CellType type, const Variant& value);
+
+// Equal to the last bit; two nulls are the same.
+bool same_value(const Variant& a, const Variant& b);
+
+// The first day of the month that a month, a day or a day's month is of.
+Date month_of_cell(const Variant& value);
+
+// The key columns' values as one text.
+std::string key_text(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells);
+// The same for people: "id 5", "month 2008-01, employee_id 7".
+std::string key_words(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells);
+
+}  // namespace quor

@@ -1,0 +1,51 @@
+// Brings CSV files into a company: everything in them, or nothing.
+//
+// A file has the columns of its table (see tables.h) in any order; optional ones may be missing: an update then leaves
+// them as they are, a new row has nothing there. A row whose key is stored is changed when it differs, any other is
+// added; no row is removed. A month that is closed takes no worked time and no documents.
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/exchange/import_file.h"
+#include "host/store/database.h"
+
+namespace quor {
+
+struct ImportSource {
+  const ExchangedTable* table;
+  std::string file;
+};
+
+struct ImportedTable {
+  ImportSource source;
+  std::size_t added;
+  std::size_t changed;
+  std::size_t unchanged;
+};
+
+// The files are not as they should be; nothing was written. The text has one line for every fault of every file:
+// "darbuotojai.csv:12: stulpelis „name“: trūksta reikšmės".
+class ImportRefused : public std::runtime_error {
+ public:
+  explicit ImportRefused(std::vector<ImportFault> faults);
+  const std::vector<ImportFault>& faults() const { return faults_; }
+
+ private:
+  std::vector<ImportFault> faults_;
+};
+
+// Imports the files, one a table, in one transaction; files that refer to each other may come in any order. When
+// nothing differs nothing is committed. `user` is kept with the records that change. Throws ImportRefused, StoreError,
+// or std::runtime_error for a file that cannot be read; nothing is written then.
+std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources,
+                                         const std::string& user);
+
+// The files TABLE.csv of a folder. Throws std::runtime_error when there are none, or other CSV files beside them.
+std::vector<ImportSource> sources_of_folder(const std::string& folder);
+
+}  // namespace quor

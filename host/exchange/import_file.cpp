@@ -1,0 +1,108 @@
+#include "host/exchange/import_file.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "host/exchange/cell_values.h"
+#include "host/exchange/csv.h"
+
+namespace quor {
+
+namespace {
+
+std::string content(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  if (!in || std::filesystem::is_directory(file))
+    throw std::runtime_error("nepavyksta perskaityti failo „" + file + "“");
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+class FileReader {
+ public:
+  FileReader(TableFile& file, std::vector<ImportFault>& faults) : file_(file), faults_(faults) {}
+
+  void take(const CsvRecord& record) {
+    if (!has_header_) {
+      read_header(record);
+    } else if (header_fits_) {
+      read_row(record);
+    }
+  }
+
+  void finish(const std::optional<CsvFault>& broken) {
+    if (broken) fault(broken->line, "", broken->text);
+    if (!has_header_ && !broken) fault(1, "", "failas tuščias: nėra stulpelių vardų");
+    file_.whole = header_fits_ && !broken;
+  }
+
+ private:
+  void fault(std::size_t line, std::string_view column, const std::string& text) {
+    faults_.push_back({file_.name, line, std::string(column), text});
+  }
+
+  void read_header(const CsvRecord& record) {
+    has_header_ = true;
+    header_fits_ = true;
+    const auto refuse = [&](const std::string& text) {
+      fault(record.line, "", text);
+      header_fits_ = false;
+    };
+    const auto& columns = file_.table->columns;
+    for (const CsvRecord::Cell& cell : record.cells) {
+      const std::size_t column = file_.table->column(cell.text);
+      if (column == columns.size()) {
+        refuse("nežinomas stulpelis „" + cell.text + "“");
+      } else if (file_.present[column]) {
+        refuse("stulpelis „" + cell.text + "“ yra du kartus");
+      } else {
+        file_.present[column] = true;
+      }
+      columns_.push_back(column);
+    }
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+      if (columns[column].required && !file_.present[column])
+        refuse("trūksta stulpelio „" + std::string(columns[column].name) + "“");
+    }
+  }
+
+  void read_row(const CsvRecord& record) {
+    if (record.cells.size() != columns_.size()) {
+      fault(record.line, "",
+            "langelių " + std::to_string(record.cells.size()) + ", o stulpelių " + std::to_string(columns_.size()));
+      return;
+    }
+    FileRow row{.line = record.line, .cells = std::vector<Variant>(file_.table->columns.size())};
+    for (std::size_t at = 0; at < columns_.size(); ++at) {
+      const ExchangedColumn& column = file_.table->columns[columns_[at]];
+      const CsvRecord::Cell& cell = record.cells[at];
+      ParsedCell parsed =
+          cell.null ? ParsedCell{kNull, column.required ? "trūksta reikšmės" : ""} : parse_cell(column.type, cell.text);
+      if (parsed.fault.empty()) {
+        row.cells[columns_[at]] = std::move(parsed.value);
+      } else {
+        fault(cell.line, column.name, parsed.fault);
+        row.sound = false;
+      }
+    }
+    file_.rows.push_back(std::move(row));
+  }
+
+  TableFile& file_;
+  std::vector<ImportFault>& faults_;
+  std::vector<std::size_t> columns_;  // of the table, by cell
+  bool has_header_ = false;
+  bool header_fits_ = false;
+};
+
+}  // namespace
+
+TableFile read_table_file(const ExchangedTable& table, const std::string& file, std::vector<ImportFault>& faults) {
+  TableFile result{.table = &table, .name = file, .present = std::vector<bool>(table.columns.size()), .rows = {}};
+  FileReader reader(result, faults);
+  reader.finish(read_csv(content(file), [&](const CsvRecord& record) { reader.take(record); }));
+  return result;
+}
+
+}  // namespace quor

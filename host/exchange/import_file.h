@@ -1,0 +1,45 @@
+// A file on its way in: its rows as values, and what is wrong with it as a file.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/exchange/tables.h"
+#include "platform/data/variant.h"
+
+namespace quor {
+
+struct ImportFault {
+  std::string file;
+  std::size_t line;
+  std::string column;  // "" when it is about the whole line
+  std::string text;
+};
+
+struct FileRow {
+  std::size_t line;
+  // By column of the table. Empty: the file has no such column, or the value at fault was told already.
+  std::vector<Variant> cells;
+  bool sound = true;    // no value of it was at fault
+  std::int32_t id = 0;  // the hidden one, once it is known
+};
+
+struct TableFile {
+  const ExchangedTable* table;
+  std::string name;
+  std::vector<bool> present;  // by column of the table
+  std::vector<FileRow> rows;  // those with as many cells as the header has
+  bool whole = false;         // the header fits and the file was read to its end
+
+  void add_fault(std::vector<ImportFault>& faults, const FileRow& row, std::string_view column,
+                 const std::string& text) const {
+    faults.push_back({name, row.line, std::string(column), text});
+  }
+};
+
+// Reads the file and appends its faults. Throws std::runtime_error when it cannot be read at all.
+TableFile read_table_file(const ExchangedTable& table, const std::string& file, std::vector<ImportFault>& faults);
+
+}  // namespace quor

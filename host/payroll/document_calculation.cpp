@@ -1,0 +1,199 @@
+#include "host/payroll/document_calculation.h"
+
+#include <charconv>
+#include <map>
+
+#include "host/business/guid.h"
+#include "host/business/object_codes.h"
+#include "host/business/parameter_text.h"
+#include "host/business/salary_document.h"
+#include "platform/data/column.h"
+#include "platform/data/error.h"
+#include "platform/data/number_text.h"
+
+namespace quor {
+
+namespace {
+
+// The time codes that earn a surcharge, from the settings in force at the end of the month; none without settings.
+std::optional<std::set<std::int32_t>> surcharge_codes(Application& application, Date date) {
+  const MethodResult settings =
+      application.NewMainBO()->RunMethod("GetOfficeEmployeeSettings", "'" + date_text(date) + "'", 0);
+  if (settings.Code != 0) throw Error(ErrorKind::kObjectMissing, settings.Message);
+  const auto& rows = settings.Value.record_set();
+  if (rows->RecordCount() == 0) return std::nullopt;
+  const std::string list = "'" + null_to_text(rows->field("PersonalTimeCodeIDList")) + "'";
+  const auto codes = ParameterText(list).whole_list();
+  return std::set<std::int32_t>(codes.begin(), codes.end());
+}
+
+// The engine says the years of service only in words, at the end of the supplement's comment.
+std::int16_t years_in_comment(const std::string& comment) {
+  const std::size_t blank = comment.rfind(' ');
+  std::int16_t years = 0;
+  std::from_chars(comment.data() + blank + 1, comment.data() + comment.size(), years);
+  return years;
+}
+
+// Tied to the salary extension: the percentage is the length-of-service supplement's.
+bool tied(const ChargeInput& charge) { return charge.salary_extra_oid.size() >= kTypeCodeLength; }
+
+std::string row_guid(const MonthDocument& document, const std::string& place) {
+  return named_guid(document.guid + "/" + place);
+}
+
+}  // namespace
+
+DocumentCalculation::DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs)
+    : engine_(application.new_data_object(kSalaryExtensionType)),
+      salary_document_(std::make_shared<SalaryDocument>(application.company(), application.NewMainBO(), "")),
+      rules_{month, inputs.norm_hours, inputs.basic_time_code, surcharge_codes(application, month.last_day())} {}
+
+CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
+  CalculatedMonth result;
+  if (!rules_.surcharge_codes) {
+    throw Error(ErrorKind::kObjectMissing,
+                "nėra valstybės tarnautojų nustatymų datai " + date_text(rules_.month.last_day()));
+  }
+  MonthDocument& document = result.document;
+  document.employee = person.employee;
+  document.guid = named_guid(std::to_string(person.employee) + "/" + rules_.month.text());
+  engine_->OID(object_key(kSalaryExtensionType, person.positions.front().id));
+  add_basic_time(person, result);
+  add_supplements(person, result);
+  add_other_time(person, result);
+  check(document);
+  return result;
+}
+
+// The one row that a method of the engine answers with.
+std::shared_ptr<Recordset> DocumentCalculation::ask(const char* method, const Parameters& parameters) {
+  const MethodResult result = engine_->Methods(method, parameters);
+  if (result.Code != 0) throw Error(ErrorKind::kObjectMissing, result.Message);
+  return result.Value.record_set();
+}
+
+double DocumentCalculation::month_salary(const PositionPay& pay, double multiplier) {
+  return engine_->Methods("GetMonthSalaryValue", {pay.tariff, pay.factor, multiplier}).Value.to_double();
+}
+
+void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMonth& result) {
+  MonthDocument& document = result.document;
+  for (const PositionInput& position : person.positions) {
+    const Date date = position.to;  // a position that ends within the month is in force no longer on its last day
+    const auto parts = ask("GetSalaryComponents", {salary_document_, position.key, std::int16_t{0}, date});
+    PositionPay pay{.category = null_to_text(parts->field("TariffFactorName")),
+                    .factor = null_to_double(parts->field("TariffFactorValue")),
+                    .tariff = null_to_double(parts->field("ConstantValue")),
+                    .share = position.share};
+    if (pay.tariff == 0) throw Error(ErrorKind::kObjectMissing, "nėra bazinės algos datai " + date_text(date));
+    if (null_to_int32(parts->field("TariffFactorID")) == 0) {
+      throw Error(ErrorKind::kObjectMissing, "nėra pareigybės kategorijos koeficiento datai " + date_text(date));
+    }
+    const double hours = basic_hours(person, position);
+    const double worked_part = hours / rules_.norm_hours;
+    pay.month_salary = month_salary(pay, position.share);
+    pay.base_pay = worked_part == 1 ? pay.month_salary : month_salary(pay, position.share * worked_part);
+    result.positions.push_back(pay);
+    if (hours == 0) continue;
+
+    const std::string place = std::to_string(document.time_rows.size());
+    document.time_rows.push_back(
+        {row_guid(document, "t" + place), engine_->OID(), position.id, rules_.basic_time_code, hours});
+    document.salary_rows.push_back({.guid = row_guid(document, "s" + place),
+                                    .time_row_guid = document.time_rows.back().guid,
+                                    .type = SumType::kBasePay,
+                                    .sum = pay.base_pay});
+  }
+}
+
+// Hours of the basic code within the position's days. Without any worked time, all of them; hours of a whole month are
+// spread over its working days.
+double DocumentCalculation::basic_hours(const PersonInput& person, const PositionInput& position) const {
+  const Month& month = rules_.month;
+  const int all_days = working_days(month.first_day(), month.last_day());
+  const double in_force = static_cast<double>(working_days(position.from, position.to)) / all_days;
+  if (person.worked.empty()) return rules_.norm_hours * in_force;
+  double hours = 0;
+  for (const WorkedTime& worked : person.worked) {
+    if (worked.time_code != rules_.basic_time_code) continue;
+    if (!worked.day) {
+      hours += worked.hours * in_force;
+    } else if (position.from <= *worked.day && *worked.day <= position.to) {
+      hours += worked.hours;
+    }
+  }
+  return hours;
+}
+
+// A charge above 0 is a fixed sum; otherwise it is a percentage of the base pay: the service's, or its own.
+void DocumentCalculation::add_supplements(const PersonInput& person, CalculatedMonth& result) {
+  MonthDocument& document = result.document;
+  const auto service = ask("GetPersonalExtraChargeComponents", {person.employee, rules_.month.last_day()});
+  result.service_years = years_in_comment(null_to_text(service->field("Comment")));
+  result.supplement_percentage = null_to_double(service->field("ExtraChargePercentage"));
+  const double base = document.sum_of(SumType::kBasePay);
+  result.service_supplement = round_half_up(base * result.supplement_percentage / 100, 2);
+  for (const ChargeInput& charge : person.charges) {
+    SalaryRow row{.guid = row_guid(document, "c" + std::to_string(charge.id)),
+                  .time_row_guid = {},
+                  .type = SumType::kSupplement,
+                  .sum = charge.sum,
+                  .percentage = 0,
+                  .extra_charge = charge.id,
+                  .salary_code = charge.salary_code};
+    if (charge.sum <= 0) {
+      row.percentage = tied(charge) ? result.supplement_percentage : charge.percentage;
+      row.sum = round_half_up(base * row.percentage / 100, 2);
+    }
+    if (row.sum != 0) document.salary_rows.push_back(row);
+  }
+}
+
+// Every other time code is one time row; those that the settings list earn a surcharge at the hour tariff by the factor
+// of the first position.
+void DocumentCalculation::add_other_time(const PersonInput& person, CalculatedMonth& result) {
+  std::map<std::int32_t, double> hours_of_code;
+  for (const WorkedTime& worked : person.worked) {
+    if (worked.time_code != rules_.basic_time_code) hours_of_code[worked.time_code] += worked.hours;
+  }
+  MonthDocument& document = result.document;
+  for (const auto& [code, hours] : hours_of_code) {
+    const std::string place = "o" + std::to_string(code);
+    document.time_rows.push_back({row_guid(document, "t" + place), engine_->OID(), 0, code, hours});
+    if (!rules_.surcharge_codes->contains(code)) continue;
+    const Date date = rules_.month.last_day();
+    const double tariff = null_to_double(ask("GetSalaryConstant", {std::int16_t{1}, date})->field("ConstantValue"));
+    if (tariff == 0) throw Error(ErrorKind::kObjectMissing, "nėra bazinio valandinio atlygio datai " + date_text(date));
+    document.salary_rows.push_back({.guid = row_guid(document, "s" + place),
+                                    .time_row_guid = document.time_rows.back().guid,
+                                    .type = SumType::kSurcharge,
+                                    .sum = round_half_up(tariff * result.positions.front().factor * hours, 2)});
+  }
+}
+
+void DocumentCalculation::check(MonthDocument& document) {
+  std::vector<ColumnData> times(3, ColumnData({"GUID", FieldType::kText}));
+  times[1] = ColumnData({"SalaryExtraOID", FieldType::kText});
+  times[2] = ColumnData({"SalaryTimeCodeID", FieldType::kInt32});
+  for (const TimeRow& row : document.time_rows) {
+    times[0].append(row.guid);
+    times[1].append(row.salary_extra_oid);
+    times[2].append(row.time_code);
+  }
+  std::vector<ColumnData> sums(3, ColumnData({"TimeRowGUID", FieldType::kText}));
+  sums[1] = ColumnData({"SumA", FieldType::kDouble});
+  sums[2] = ColumnData({"PersonalExtraChargeID", FieldType::kInt32});
+  for (const SalaryRow& row : document.salary_rows) {
+    sums[0].append(row.time_row_guid);
+    sums[1].append(row.sum);
+    sums[2].append(row.extra_charge);
+  }
+  const MethodResult result = engine_->Methods(
+      "CheckSalaryRows", {Recordset::from_columns(std::move(times)), Recordset::from_columns(std::move(sums)),
+                          rules_.month.last_day(), rules_.basic_time_code});
+  document.check_code = result.Code;
+  document.check_message = result.Message;
+}
+
+}  // namespace quor

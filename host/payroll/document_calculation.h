@@ -1,0 +1,63 @@
+// One person's month: the document with its time rows and salary rows, from what the engine answers by method name.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "host/business/application.h"
+#include "host/payroll/month_document.h"
+#include "host/payroll/month_inputs.h"
+
+namespace quor {
+
+// What holds for everybody in the month.
+struct MonthRules {
+  Month month;
+  double norm_hours;
+  std::int32_t basic_time_code;
+  std::optional<std::set<std::int32_t>> surcharge_codes;  // that the settings in force list; none without settings
+};
+
+// What the engine said of a position, for the printed month.
+struct PositionPay {
+  std::string category;
+  double factor = 0;
+  double tariff = 0;
+  double share = 0;
+  double month_salary = 0;  // of the whole month, by the share
+  double base_pay = 0;      // of the worked part
+};
+
+struct CalculatedMonth {
+  MonthDocument document;
+  std::vector<PositionPay> positions;
+  std::int16_t service_years = 0;
+  double supplement_percentage = 0;
+  double service_supplement = 0;  // what the percentage makes of the base pay
+};
+
+class DocumentCalculation {
+ public:
+  // Throws quor::Error when the settings cannot be read, PluginError without the engine.
+  DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs);
+
+  // Throws quor::Error with the reason when the person's data do not allow it: no tariff, no category, a failing
+  // method.
+  CalculatedMonth calculate(const PersonInput& person);
+
+ private:
+  std::shared_ptr<Recordset> ask(const char* method, const Parameters& parameters);
+  double month_salary(const PositionPay& pay, double multiplier);
+  void add_basic_time(const PersonInput& person, CalculatedMonth& result);
+  void add_supplements(const PersonInput& person, CalculatedMonth& result);
+  void add_other_time(const PersonInput& person, CalculatedMonth& result);
+  void check(MonthDocument& document);
+  double basic_hours(const PersonInput& person, const PositionInput& position) const;
+
+  std::shared_ptr<QuorObjectUIO> engine_;
+  std::shared_ptr<QuorObjectUIO> salary_document_;  // the document as the engine sees it
+  MonthRules rules_;
+};
+
+}  // namespace quor

@@ -1,0 +1,304 @@
+#include "host/payroll/document_store.h"
+
+#include <algorithm>
+
+#include "host/store/record_guard.h"
+#include "platform/data/column.h"
+#include "platform/data/error.h"
+
+namespace quor {
+
+namespace {
+
+struct StoredDocument {
+  std::int32_t id;
+  MonthDocument document;
+};
+
+// Columns of a table that are filled row by row and inserted at once.
+class Rows {
+ public:
+  explicit Rows(std::vector<FieldInfo> fields) : columns_(fields.begin(), fields.end()) {}
+
+  void append(std::initializer_list<Variant> values) {
+    auto column = columns_.begin();
+    for (const Variant& value : values) (column++)->append(value);
+  }
+  std::int32_t size() const { return static_cast<std::int32_t>(columns_.front().size()); }
+  void insert_into(Database& database, const char* table) const {
+    if (size() > 0) database.insert(table, columns_);
+  }
+
+ private:
+  std::vector<ColumnData> columns_;
+};
+
+Variant or_null(std::int32_t id) { return id == 0 ? Variant(kNull) : Variant(id); }
+Variant or_null(const std::string& text) { return text.empty() ? Variant(kNull) : Variant(text); }
+
+std::vector<StoredDocument> read_heads(Database& database, const Month& month, std::int32_t first, std::int32_t last) {
+  const auto rows = database.read(
+      "SELECT id, guid, employee_id, check_code, check_message FROM documents"
+      " WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2 ORDER BY employee_id",
+      {{"ID", FieldType::kInt32},
+       {"GUID", FieldType::kText},
+       {"UserID", FieldType::kInt32},
+       {"Code", FieldType::kInt32},
+       {"Message", FieldType::kText}},
+      {month.first_day(), first, last});
+  const FieldHandle id{0}, guid{1}, user{2}, code{3}, message{4};
+  std::vector<StoredDocument> documents;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    documents.push_back({rows->int32(id),
+                         {.guid = std::string(rows->text(guid)),
+                          .employee = rows->int32(user),
+                          .time_rows = {},
+                          .salary_rows = {},
+                          .check_code = rows->int32(code),
+                          .check_message = std::string(rows->text(message))}});
+  }
+  return documents;
+}
+
+// Rows come by employee and then in the order in which they were written: each goes to the next document.
+template <typename Add>
+void give_to_documents(std::vector<StoredDocument>& documents, Recordset& rows, const Add& add) {
+  const FieldHandle user{0};
+  auto document = documents.begin();
+  for (; !rows.Eof(); rows.MoveNext()) {
+    while (document->document.employee < rows.int32(user)) ++document;
+    add(document->document);
+  }
+}
+
+std::string rows_of(const char* columns, const char* table) {
+  return std::string("SELECT d.employee_id, ") + columns + " FROM documents d JOIN " + table +
+         " r ON r.document_id = d.id WHERE d.month = :p0 AND d.employee_id BETWEEN :p1 AND :p2"
+         " ORDER BY d.employee_id, r.id";
+}
+
+std::vector<StoredDocument> read_stored(Database& database, const Month& month, std::int32_t first, std::int32_t last) {
+  auto documents = read_heads(database, month, first, last);
+  if (documents.empty()) return documents;
+  const std::vector<Variant> values = {month.first_day(), first, last};
+
+  const auto times =
+      database.read(rows_of("r.guid, r.salary_extra_oid, r.position_id, r.time_code_id, r.hours", "time_rows"),
+                    {{"UserID", FieldType::kInt32},
+                     {"GUID", FieldType::kText},
+                     {"OID", FieldType::kText},
+                     {"Position", FieldType::kInt32},
+                     {"Code", FieldType::kInt32},
+                     {"Hours", FieldType::kDouble}},
+                    values);
+  give_to_documents(documents, *times, [&](MonthDocument& document) {
+    document.time_rows.push_back({std::string(times->text({1})), std::string(times->text({2})), times->int32({3}),
+                                  times->int32({4}), times->number({5})});
+  });
+
+  const auto sums =
+      database.read(rows_of("r.guid, r.time_row_guid, r.sum_type, r.sum_a, r.percentage, r.personal_extra_charge_id,"
+                            " r.salary_code_id",
+                            "salary_rows"),
+                    {{"UserID", FieldType::kInt32},
+                     {"GUID", FieldType::kText},
+                     {"TimeRow", FieldType::kText},
+                     {"Type", FieldType::kInt16},
+                     {"SumA", FieldType::kDouble},
+                     {"Percentage", FieldType::kDouble},
+                     {"Charge", FieldType::kInt32},
+                     {"Code", FieldType::kInt32}},
+                    values);
+  give_to_documents(documents, *sums, [&](MonthDocument& document) {
+    document.salary_rows.push_back({std::string(sums->text({1})), std::string(sums->text({2})),
+                                    static_cast<SumType>(sums->int32({3})), sums->number({4}), sums->number({5}),
+                                    sums->int32({6}), sums->int32({7})});
+  });
+  return documents;
+}
+
+// Documents to write, with the IDs of those that they replace.
+struct Difference {
+  std::vector<const MonthDocument*> written;
+  std::vector<std::int32_t> replaced_ids;
+};
+
+Difference difference(const std::vector<StoredDocument>& stored, const std::vector<MonthDocument>& calculated) {
+  Difference result;
+  auto old = stored.begin();
+  for (const MonthDocument& document : calculated) {
+    while (old != stored.end() && old->document.employee < document.employee) ++old;
+    const bool found = old != stored.end() && old->document.employee == document.employee;
+    if (found && old->document == document) continue;
+    result.written.push_back(&document);
+    if (found) result.replaced_ids.push_back(old->id);
+  }
+  return result;
+}
+
+// In batches that a statement can take.
+void remove_documents(Database& database, const std::vector<std::int32_t>& ids) {
+  constexpr std::size_t kBatch = 1000;
+  for (std::size_t first = 0; first < ids.size(); first += kBatch) {
+    const std::vector<Variant> batch(ids.begin() + static_cast<std::ptrdiff_t>(first),
+                                     ids.begin() + static_cast<std::ptrdiff_t>(std::min(first + kBatch, ids.size())));
+    std::string binds;
+    for (std::size_t i = 0; i < batch.size(); ++i) binds += (i == 0 ? ":p" : ", :p") + std::to_string(i);
+    for (const char* rows : {"salary_rows WHERE document_id", "time_rows WHERE document_id", "documents WHERE id"}) {
+      database.execute(std::string("DELETE FROM ") + rows + " IN (" + binds + ")", batch);
+    }
+  }
+}
+
+void insert_documents(Database& database, const Month& month, const std::vector<const MonthDocument*>& documents) {
+  if (documents.empty()) return;
+  Rows heads({{"id", FieldType::kInt32},
+              {"guid", FieldType::kText},
+              {"employee_id", FieldType::kInt32},
+              {"month", FieldType::kDate},
+              {"check_code", FieldType::kInt32},
+              {"check_message", FieldType::kText}});
+  Rows times({{"id", FieldType::kInt32},
+              {"guid", FieldType::kText},
+              {"document_id", FieldType::kInt32},
+              {"salary_extra_oid", FieldType::kText},
+              {"position_id", FieldType::kInt32},
+              {"time_code_id", FieldType::kInt32},
+              {"hours", FieldType::kDouble}});
+  Rows sums({{"id", FieldType::kInt32},
+             {"guid", FieldType::kText},
+             {"document_id", FieldType::kInt32},
+             {"time_row_guid", FieldType::kText},
+             {"sum_type", FieldType::kInt16},
+             {"sum_a", FieldType::kDouble},
+             {"percentage", FieldType::kDouble},
+             {"personal_extra_charge_id", FieldType::kInt32},
+             {"salary_code_id", FieldType::kInt32}});
+  std::size_t time_count = 0, sum_count = 0;
+  for (const MonthDocument* document : documents) {
+    time_count += document->time_rows.size();
+    sum_count += document->salary_rows.size();
+  }
+  std::int32_t document_id = database.reserve_ids("documents", static_cast<std::int32_t>(documents.size()));
+  std::int32_t time_id = time_count == 0 ? 0 : database.reserve_ids("time_rows", static_cast<std::int32_t>(time_count));
+  std::int32_t sum_id = sum_count == 0 ? 0 : database.reserve_ids("salary_rows", static_cast<std::int32_t>(sum_count));
+  for (const MonthDocument* document : documents) {
+    heads.append({document_id, document->guid, document->employee, month.first_day(), document->check_code,
+                  document->check_message});
+    for (const TimeRow& row : document->time_rows) {
+      times.append(
+          {time_id++, row.guid, document_id, row.salary_extra_oid, or_null(row.position), row.time_code, row.hours});
+    }
+    for (const SalaryRow& row : document->salary_rows) {
+      sums.append({sum_id++, row.guid, document_id, or_null(row.time_row_guid), static_cast<std::int16_t>(row.type),
+                   row.sum, row.percentage, or_null(row.extra_charge), or_null(row.salary_code)});
+    }
+    ++document_id;
+  }
+  heads.insert_into(database, "documents");
+  times.insert_into(database, "time_rows");
+  sums.insert_into(database, "salary_rows");
+}
+
+// Answers whether a fault was written or removed.
+bool store_faults(Database& database, const Month& month, const std::vector<PersonFault>& faults, std::int32_t first,
+                  std::int32_t last) {
+  const auto stored = database.read(
+      "SELECT employee_id, reason FROM month_faults WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2"
+      " ORDER BY employee_id",
+      {{"UserID", FieldType::kInt32}, {"Reason", FieldType::kText}}, {month.first_day(), first, last});
+  auto fault = faults.begin();
+  const bool same = stored->RecordCount() == static_cast<std::int64_t>(faults.size()) && [&] {
+    for (; !stored->Eof(); stored->MoveNext(), ++fault) {
+      if (fault->employee != stored->int32({0}) || fault->reason != stored->text({1})) return false;
+    }
+    return true;
+  }();
+  if (same) return false;
+  database.execute("DELETE FROM month_faults WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2",
+                   {month.first_day(), first, last});
+  Rows rows({{"employee_id", FieldType::kInt32}, {"month", FieldType::kDate}, {"reason", FieldType::kText}});
+  for (const PersonFault& each : faults) rows.append({each.employee, month.first_day(), each.reason});
+  rows.insert_into(database, "month_faults");
+  return true;
+}
+
+void require_open(Database& database, const Month& month) {
+  if (is_closed(database, month)) {
+    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " uždarytas: jo perskaičiuoti negalima.");
+  }
+}
+
+}  // namespace
+
+std::vector<MonthDocument> read_documents(Database& database, const Month& month, std::int32_t first_employee,
+                                          std::int32_t last_employee) {
+  std::vector<MonthDocument> documents;
+  for (StoredDocument& stored : read_stored(database, month, first_employee, last_employee)) {
+    documents.push_back(std::move(stored.document));
+  }
+  return documents;
+}
+
+std::int32_t store_run(Database& database, const Month& month, const CalculatedRun& run) {
+  std::int32_t first = INT32_MAX, last = 0;
+  const auto cover = [&](std::int32_t employee) { first = std::min(first, employee), last = std::max(last, employee); };
+  for (const MonthDocument& document : run.documents) cover(document.employee);
+  for (const PersonFault& fault : run.faults) cover(fault.employee);
+
+  Transaction transaction(database);
+  require_open(database, month);
+  const auto stored = read_stored(database, month, first, last);
+  const Difference changes = difference(stored, run.documents);
+  remove_documents(database, changes.replaced_ids);
+  insert_documents(database, month, changes.written);
+  const bool other_faults = store_faults(database, month, run.faults, first, last);
+  if (!changes.written.empty() || other_faults) transaction.commit();
+  return static_cast<std::int32_t>(changes.written.size());
+}
+
+std::int32_t remove_ended(Database& database, const Month& month, const std::string& scope, const Variant& value) {
+  const std::string ended =
+      "month = :p1 AND employee_id IN (SELECT e.id FROM employees e WHERE NOT EXISTS (SELECT 1 FROM positions p"
+      " WHERE p.employee_id = e.id AND p.date_from <= :p0 AND (p.date_to IS NULL OR p.date_to >= :p1))" +
+      (scope.empty() ? std::string() : " AND " + scope) + ")";
+  std::vector<Variant> values = {month.last_day(), month.first_day()};
+  if (!scope.empty()) values.push_back(value);
+
+  Transaction transaction(database);
+  require_open(database, month);
+  const auto found = database.read("SELECT id FROM documents WHERE " + ended, {{"ID", FieldType::kInt32}}, values);
+  std::vector<std::int32_t> ids;
+  for (; !found->Eof(); found->MoveNext()) ids.push_back(found->int32({0}));
+  remove_documents(database, ids);
+  const auto faults = database.execute("DELETE FROM month_faults WHERE " + ended, values);
+  if (!ids.empty() || faults > 0) transaction.commit();
+  return static_cast<std::int32_t>(ids.size());
+}
+
+bool is_closed(Database& database, const Month& month) {
+  return database
+             .read("SELECT month FROM closed_months WHERE month = :p0", {{"Month", FieldType::kDate}},
+                   {month.first_day()})
+             ->RecordCount() > 0;
+}
+
+void close_month(Database& database, const Month& month, const std::string& user) {
+  Transaction transaction(database);
+  if (is_closed(database, month)) {
+    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " jau uždarytas.");
+  }
+  database.execute("INSERT INTO closed_months (month, closed_by, closed_at) VALUES (:p0, :p1, :p2)",
+                   {month.first_day(), user, change_time()});
+  transaction.commit();
+}
+
+void reopen_month(Database& database, const Month& month) {
+  Transaction transaction(database);
+  if (database.execute("DELETE FROM closed_months WHERE month = :p0", {month.first_day()}) == 0) {
+    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " nėra uždarytas.");
+  }
+  transaction.commit();
+}
+
+}  // namespace quor

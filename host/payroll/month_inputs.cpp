@@ -1,0 +1,128 @@
+#include "host/payroll/month_inputs.h"
+
+#include <algorithm>
+
+#include "platform/data/error.h"
+
+namespace quor {
+
+namespace {
+
+const std::vector<FieldInfo> kPositionFields = {{"UserID", FieldType::kInt32}, {"Name", FieldType::kText},
+                                                {"ID", FieldType::kInt32},     {"Key", FieldType::kText},
+                                                {"Share", FieldType::kDouble}, {"DateFrom", FieldType::kDate},
+                                                {"DateTo", FieldType::kDate}};
+
+const std::vector<FieldInfo> kWorkedFields = {{"UserID", FieldType::kInt32},
+                                              {"TimeCode", FieldType::kInt32},
+                                              {"Hours", FieldType::kDouble},
+                                              {"Day", FieldType::kDate}};
+
+const std::vector<FieldInfo> kChargeFields = {{"UserID", FieldType::kInt32},  {"ID", FieldType::kInt32},
+                                              {"SumA", FieldType::kDouble},   {"Percentage", FieldType::kDouble},
+                                              {"ExtraOID", FieldType::kText}, {"SalaryCode", FieldType::kInt32}};
+
+std::vector<PersonInput> read_people(Database& database, const Month& month, std::optional<std::int32_t> department) {
+  std::string sql =
+      "SELECT e.id, e.name, p.id, p.contract_guid || p.norm_guid, p.share, p.date_from, p.date_to FROM positions p"
+      " JOIN employees e ON e.id = p.employee_id"
+      " WHERE p.date_from <= :p0 AND (p.date_to IS NULL OR p.date_to >= :p1)";
+  std::vector<Variant> values = {month.last_day(), month.first_day()};
+  if (department) {
+    sql += " AND " + in_department("e.department_id", ":p2");
+    values.push_back(*department);
+  }
+  const auto rows = database.read(sql + " ORDER BY e.id, p.date_from, p.id", kPositionFields, values);
+  const FieldHandle user = rows->handle("UserID"), name = rows->handle("Name"), id = rows->handle("ID"),
+                    key = rows->handle("Key"), share = rows->handle("Share"), from = rows->handle("DateFrom"),
+                    to = rows->handle("DateTo");
+  std::vector<PersonInput> people;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    if (people.empty() || people.back().employee != rows->int32(user)) {
+      people.push_back({rows->int32(user), std::string(rows->text(name)), {}, {}, {}});
+    }
+    const Date last = rows->is_null(to) ? month.last_day() : std::min(month.last_day(), rows->field(to).to_date());
+    people.back().positions.push_back({rows->int32(id), std::string(rows->text(key)), rows->number(share),
+                                       std::max(month.first_day(), rows->field(from).to_date()), last});
+  }
+  return people;
+}
+
+// Both are by employee: each row finds its person by going on from the one before.
+template <typename Add>
+void give_to_people(std::vector<PersonInput>& people, Recordset& rows, const Add& add) {
+  const FieldHandle user = rows.handle("UserID");
+  auto person = people.begin();
+  for (; !rows.Eof(); rows.MoveNext()) {
+    while (person != people.end() && person->employee < rows.int32(user)) ++person;
+    if (person == people.end()) return;
+    if (person->employee == rows.int32(user)) add(*person);
+  }
+}
+
+void read_worked_time(Database& database, const Month& month, std::vector<PersonInput>& people) {
+  const auto rows = database.read(
+      "SELECT employee_id, time_code_id, hours, day FROM worked_time WHERE month = :p0 ORDER BY employee_id, id",
+      kWorkedFields, {month.first_day()});
+  const FieldHandle code = rows->handle("TimeCode"), hours = rows->handle("Hours"), day = rows->handle("Day");
+  give_to_people(people, *rows, [&](PersonInput& person) {
+    WorkedTime worked{rows->int32(code), rows->number(hours), std::nullopt};
+    if (!rows->is_null(day)) worked.day = rows->field(day).to_date();
+    person.worked.push_back(worked);
+  });
+}
+
+void read_charges(Database& database, const Month& month, std::vector<PersonInput>& people) {
+  const auto rows = database.read(
+      "SELECT employee_id, id, sum_a, percentage, salary_extra_oid, salary_code_id FROM extra_charges"
+      " WHERE (date_from IS NULL OR date_from <= :p0) AND (date_to IS NULL OR date_to >= :p1)"
+      " ORDER BY employee_id, id",
+      kChargeFields, {month.last_day(), month.first_day()});
+  const FieldHandle id = rows->handle("ID"), sum = rows->handle("SumA"), percentage = rows->handle("Percentage"),
+                    extra = rows->handle("ExtraOID"), code = rows->handle("SalaryCode");
+  give_to_people(people, *rows, [&](PersonInput& person) {
+    person.charges.push_back({rows->int32(id), rows->number(sum), rows->number(percentage),
+                              std::string(rows->text(extra)), rows->int32(code)});
+  });
+}
+
+double norm_of(Database& database, const Month& month) {
+  const auto norm = database.read("SELECT hours FROM month_norms WHERE month = :p0", {{"Hours", FieldType::kDouble}},
+                                  {month.first_day()});
+  if (norm->RecordCount() > 0) return norm->field("Hours").to_double();
+  return working_days(month.first_day(), month.last_day()) * kHoursOfWorkingDay;
+}
+
+std::int32_t basic_code_of(Database& database) {
+  const auto code = database.read("SELECT code_id FROM indications WHERE indication_code = 'WorkTime' AND code = 'FD'",
+                                  {{"CodeID", FieldType::kInt32}});
+  return code->RecordCount() > 0 ? code->field("CodeID").to_int32() : 0;
+}
+
+}  // namespace
+
+MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department) {
+  Database& database = company.database();
+  if (department) require_department(company, *department);
+  MonthInputs inputs{.norm_hours = norm_of(database, month),
+                     .basic_time_code = basic_code_of(database),
+                     .people = read_people(database, month, department)};
+  read_worked_time(database, month, inputs.people);
+  read_charges(database, month, inputs.people);
+  return inputs;
+}
+
+std::string in_department(const std::string& department_column, const std::string& bind) {
+  return department_column + " IN (WITH RECURSIVE tree (id) AS (SELECT id FROM departments WHERE id = " + bind +
+         " UNION SELECT d.id FROM departments d JOIN tree ON d.parent_id = tree.id) SELECT id FROM tree)";
+}
+
+void require_department(Company& company, std::int32_t department) {
+  const auto found =
+      company.database().read("SELECT id FROM departments WHERE id = :p0", {{"ID", FieldType::kInt32}}, {department});
+  if (found->RecordCount() == 0) {
+    throw Error(ErrorKind::kObjectMissing, "Nėra padalinio, kurio ID yra " + std::to_string(department) + ".");
+  }
+}
+
+}  // namespace quor

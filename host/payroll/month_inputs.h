@@ -1,0 +1,59 @@
+// What a month is calculated from, read in bulk: who is in force, what each has worked, which charges hold.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/business/company.h"
+#include "host/payroll/month.h"
+
+namespace quor {
+
+struct PositionInput {
+  std::int32_t id;
+  std::string key;  // contract and norm GUID joined: how the engine finds the position
+  double share;
+  Date from, to;  // in force, cut to the month
+};
+
+struct WorkedTime {
+  std::int32_t time_code;
+  double hours;
+  std::optional<Date> day;  // none: hours of the whole month
+};
+
+struct ChargeInput {
+  std::int32_t id;
+  double sum;
+  double percentage;
+  std::string salary_extra_oid;  // eight characters or more: tied to the length-of-service supplement
+  std::int32_t salary_code;
+};
+
+struct PersonInput {
+  std::int32_t employee;
+  std::string name;
+  std::vector<PositionInput> positions;  // at least one
+  std::vector<WorkedTime> worked;
+  std::vector<ChargeInput> charges;
+};
+
+struct MonthInputs {
+  double norm_hours;
+  std::int32_t basic_time_code;     // 0 when the company has no code "FD"
+  std::vector<PersonInput> people;  // by employee ID
+};
+
+// Everybody with a position in force on a day of the month, of `department` with its sub-departments or of all.
+// A fixed number of statements. Throws StoreError, and quor::Error for an unknown department.
+MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department);
+
+// The SQL condition that `employee` (an alias's column) belongs to the department bound to `bind` or to one below it.
+std::string in_department(const std::string& department_column, const std::string& bind);
+// Throws quor::Error (ObjectMissing) naming it when there is no such department.
+void require_department(Company& company, std::int32_t department);
+
+}  // namespace quor

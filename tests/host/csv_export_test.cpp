@@ -1,0 +1,127 @@
+// A company as CSV files, and the same company again from them.
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "host/exchange/export.h"
+#include "host/exchange/import.h"
+#include "host/sample/sample_company.h"
+#include "tests/host/company_place.h"
+#include "tests/platform/outcome.h"
+
+namespace quor {
+namespace {
+
+std::string exported(Database& database, const char* table) {
+  return export_table(database, *find_exchanged_table(table));
+}
+
+TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
+  const auto database = Database::create(":memory:");
+  database->execute("INSERT INTO constant_types (id, code, name) VALUES (1, 'A', ''), (2, 'a,b', 'c;d')");
+  database->execute("INSERT INTO constant_types (id, code, name) VALUES (3, :p0, :p1)", {"\"", "r\r\nn\nq\"\"q, "});
+  database->execute("INSERT INTO constant_types (id, code, name) VALUES (4, :p0, ' Ąž ')", {"\r"});
+  const std::string types =
+      "id,code,name\r\n1,A,\"\"\r\n2,\"a,b\",\"c;d\"\r\n3,\"\"\"\",\"r\r\nn\nq\"\"\"\"q, \"\r\n4,\"\r\", Ąž \r\n";
+  EXPECT_EQ(exported(*database, "constant_types"), types);
+
+  database->execute("INSERT INTO categories (id, guid, name, row_version) VALUES (1, 'G', NULL, 5), (2, 'H', '', 6)");
+  database->execute(
+      "INSERT INTO category_rows (id, guid, category_id, date_from, factor) VALUES (2, 'a', 1, 39478, 0.1),"
+      " (1, 'b', 1, NULL, NULL), (3, 'c', 2, 38383, 61.725010000000005), (4, 'd', 2, 0, 1e300), (5, 'e', 2, 1, -3)");
+  EXPECT_EQ(exported(*database, "categories"), "id,guid,name\r\n1,G,\r\n2,H,\"\"\r\n");
+  EXPECT_EQ(exported(*database, "category_rows"),
+            "id,guid,category_id,date_from,factor\r\n1,b,1,,\r\n2,a,1,2008-01-31,0.1\r\n"
+            "3,c,2,2005-01-31,61.725010000000005\r\n4,d,2,1899-12-30,1e+300\r\n5,e,2,1899-12-31,-3\r\n");
+
+  const TemporaryFolder folder;
+  const auto again = Database::create(":memory:");
+  export_company(*database, folder.path("a"));
+  import_tables(*again, sources_of_folder(folder.path("a")), "x");
+  for (const char* table : {"constant_types", "categories", "category_rows"})
+    EXPECT_EQ(exported(*again, table), exported(*database, table));
+}
+
+class CsvCompany : public testing::TestWithParam<Backend> {};
+INSTANTIATE_TEST_SUITE_P(On, CsvCompany, testing::ValuesIn(backends()),
+                         [](const auto& each) { return each.param.name; });
+
+TEST_P(CsvCompany, MovesWholeIntoAnEmptyOne) {
+  const auto from = Database::create(":memory:");
+  make_sample_company(*from, {40, 3, nullptr});
+  from->execute("INSERT INTO month_norms (month, hours) VALUES (39448, 168)");
+  from->execute("INSERT INTO closed_months (month, closed_by, closed_at) VALUES (39448, 'O', '2008.02.05 09:00')");
+  from->execute(
+      "INSERT INTO worked_time (id, employee_id, month, day, time_code_id, hours) VALUES (4, 2, 39448, 39450, 1, 8.1),"
+      " (9, 1, 39448, NULL, 2, 0.2)");
+  from->execute(
+      "INSERT INTO documents (id, guid, employee_id, month, check_code, check_message) VALUES (1, 'D', 1, 39448, 0, "
+      "'')");
+  from->execute(
+      "INSERT INTO time_rows (id, guid, document_id, salary_extra_oid, position_id, time_code_id, hours)"
+      " VALUES (1, 'T', 1, 'O', 1, 1, 160)");
+  from->execute(
+      "INSERT INTO salary_rows (id, guid, document_id, time_row_guid, sum_type, sum_a, percentage,"
+      " personal_extra_charge_id, salary_code_id) VALUES (1, 'S', 1, 'T', 3, 1260, NULL, NULL, NULL)");
+  from->execute("INSERT INTO month_faults (employee_id, month, reason) VALUES (2, 39448, 'a')");
+
+  const TemporaryFolder folder;
+  export_company(*from, folder.path("iš"));
+  const auto place = GetParam().make_place();
+  const auto to = Database::create(place->address());
+  import_tables(*to, sources_of_folder(folder.path("iš")), "x");
+  for (const ExchangedTable& table : exchanged_tables()) {
+    const std::string text = export_table(*from, table);
+    EXPECT_EQ(export_table(*to, table), text);
+    EXPECT_GT(text.size(), text.find("\r\n") + 2) << table.name << ": a table without rows proves nothing";
+  }
+  EXPECT_EQ(to->reserve_ids("employees"), 41);
+}
+
+TEST(CsvExport, LeavesNoHalfFolderAndMixesNoCompanies) {
+  const TemporaryFolder folder;
+  const auto database = Database::create(":memory:");
+  const auto text_of = [&](const std::string& name) {
+    return error_text([&] { export_company(*database, folder.path(name)); });
+  };
+  EXPECT_EQ(text_of("a"), "no error");
+  const std::string before = folder.contents();
+  EXPECT_EQ(text_of("a"), "aplankas turi būti naujas arba tuščias: „" + folder.path("a") + "“");
+  database->set_fault([&, last = database->statements() + 9](std::uint64_t statement) {
+    if (statement == last) throw StoreError(StoreFault::kFailed, "nutrūko");
+  });
+  EXPECT_EQ(text_of("b"), "nutrūko");
+  database->set_fault(nullptr);
+  EXPECT_EQ(folder.contents(), before);
+
+  const auto sources_text = [&](const std::string& name) {
+    return error_text([&] { sources_of_folder(folder.path(name)); });
+  };
+  std::ofstream(folder.path("a/employes.csv")) << "id\n";
+  EXPECT_EQ(sources_text("a"), "failo vardas ne lentelės: „" + folder.path("a/employes.csv") + "“");
+  std::filesystem::create_directory(folder.path("c"));
+  EXPECT_EQ(sources_text("c"), "aplanke nėra lentelių failų: „" + folder.path("c") + "“");
+  EXPECT_EQ(sources_text("d"), "nepavyksta perskaityti aplanko „" + folder.path("d") + "“");
+}
+
+// Tables stand behind those that they refer to, and every name that a declaration uses is there.
+TEST(CsvTables, AreDeclaredInTheOrderOfTheirReferences) {
+  const auto tables = exchanged_tables();
+  EXPECT_EQ(tables.size(), 20U);
+  for (const ExchangedTable& table : tables) {
+    SCOPED_TRACE(table.name);
+    std::vector<std::string_view> names = table.key;
+    for (const auto& unique : table.uniques) names.insert(names.end(), unique.begin(), unique.end());
+    if (!table.closed_by.empty()) names.push_back(table.closed_by);
+    for (const std::string_view name : names) {
+      EXPECT_LT(table.column(name), table.columns.size()) << name;
+    }
+    for (const ExchangedColumn& column : table.columns) {
+      if (column.references.empty()) continue;
+      EXPECT_LE(find_exchanged_table(column.references), &table) << column.name;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quor

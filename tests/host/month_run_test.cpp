@@ -1,0 +1,309 @@
+#include "host/payroll/month_run.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/data/error.h"
+#include "tests/platform/outcome.h"
+#include "tests/support/test_company.h"
+
+namespace quor {
+namespace {
+
+TEST(Month, IsAYearAndAMonth) {
+  struct Case {
+    const char* text;
+    const char* days;
+  };
+  const Case cases[] = {{"2008-02", "2008.02.01-2008.02.29"},
+                        {"2007.12", "2007.12.01-2007.12.31"},
+                        {"2008-1", "2008.01.01-2008.01.31"},
+                        {"2008-00", "TypeMismatch"},
+                        {"2008-13", "TypeMismatch"},
+                        {"2008", "TypeMismatch"},
+                        {"08-01", "TypeMismatch"},
+                        {"2008-01-31", "TypeMismatch"},
+                        {"", "TypeMismatch"},
+                        {"sausis", "TypeMismatch"}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(outcome([&] {
+                const Month month = Month::parse(c.text);
+                return date_text(month.first_day()) + "-" + date_text(month.last_day());
+              }),
+              c.days)
+        << c.text;
+  }
+}
+
+TEST(Month, WorkingDaysAreMondaysToFridays) {
+  EXPECT_EQ(working_days(day("2008.01.01"), day("2008.01.31")), 23);
+  EXPECT_EQ(working_days(day("2008.02.01"), day("2008.02.29")), 21);
+  EXPECT_EQ(working_days(day("2008.01.05"), day("2008.01.06")), 0);  // Saturday and Sunday
+  EXPECT_EQ(working_days(day("2008.01.04"), day("2008.01.07")), 2);
+  EXPECT_EQ(working_days(day("2008.01.07"), day("2008.01.04")), 0);
+}
+
+class MonthRunTest : public testing::TestWithParam<Backend> {
+ protected:
+  void SetUp() override {
+    company_.application().load_plugin(VELMORA_PLUGIN);
+    company_.given_tariffs();
+    company_.database().execute(
+        "UPDATE settings SET personal_time_code_id_list = '2,5', extra_charge_percentage = 55,"
+        " surcharge_percentage = 60, total_charge_percentage = 70");
+    company_.given_time_codes();
+    category_ = company_.given_category("A lygis", {{"2005.01.01", 9.7}});  // 1260 a month at 130
+    department_ = company_.given_department("Skyrius");
+  }
+
+  std::int32_t given_person(const char* name, double share = 1.0, const char* from = "2005.01.01",
+                            const Variant& to = kNull) {
+    const auto person = company_.given_employee(name, department_);
+    given_position(person, share, from, to);
+    return person;
+  }
+  void given_position(std::int32_t person, double share, const char* from = "2005.01.01", const Variant& to = kNull) {
+    const std::string norm = "N" + std::to_string(++positions_);
+    company_.given_position(
+        {.employee = person, .category = category_, .share = share, .from = from, .to = to, .norm = norm.c_str()});
+  }
+  void given_time(std::int32_t person, std::int32_t code, double hours, const Variant& on = kNull) {
+    company_.database().execute(
+        "INSERT INTO worked_time (id, employee_id, month, day, time_code_id, hours) VALUES (:p0, :p1, :p2, :p3, :p4, "
+        ":p5)",
+        {++times_, person, day("2008.01.01"), on, code, hours});
+  }
+  // Another program's write: what was kept is read again.
+  void touch() { Transaction(company_.database()).commit(); }
+  void change(const std::string& sql, const std::vector<Variant>& values = {}) {
+    company_.database().execute(sql, values);
+    touch();
+  }
+  MonthRun calculate(const char* month = "2008-01", const MonthRunOptions& options = {}) {
+    return calculate_month(company_.application(), Month::parse(month), options);
+  }
+  // "Person: base pay; supplements; surcharges; check" of each row.
+  std::string pay(const MonthRun& run) {
+    std::string text;
+    for (auto& rows = *run.rows; !rows.Eof(); rows.MoveNext()) {
+      text += text.empty() ? "" : " | ";
+      for (const char* field : {"Person", "BasePay", "Supplements", "Surcharges", "Check"}) {
+        text += (field == std::string("Person") ? "" : ";") + null_to_text(rows.field(field));
+      }
+    }
+    return text;
+  }
+  // Everything that a calculation writes.
+  std::string stored() {
+    std::string text;
+    for (const char* table : {"documents", "time_rows", "salary_rows"}) {
+      const auto rows = company_.database().read(std::string("SELECT id, guid FROM ") + table + " ORDER BY id",
+                                                 {{"id", FieldType::kInt32}, {"guid", FieldType::kText}});
+      text += rows_text(*rows) + "\n";
+    }
+    return text;
+  }
+  // Whose document says what, without the rows' own IDs.
+  std::string stored_pay() {
+    const auto rows = company_.database().read(
+        "SELECT d.employee_id, r.sum_a, t.hours FROM documents d LEFT JOIN salary_rows r ON r.document_id = d.id"
+        " LEFT JOIN time_rows t ON t.guid = r.time_row_guid AND t.document_id = d.id ORDER BY d.employee_id, r.sum_a",
+        {{"person", FieldType::kInt32}, {"sum", FieldType::kDouble}, {"hours", FieldType::kDouble}});
+    return rows_text(*rows);
+  }
+  std::int32_t rows_in(const char* table) { return count(company_.database(), table); }
+
+  TestCompany company_{GetParam()};
+  std::int32_t category_ = 0, department_ = 0, positions_ = 0, times_ = 0;
+};
+
+TEST_P(MonthRunTest, PayFollowsShareWorkedTimeAndCharges) {
+  const auto whole = given_person("Adomas");
+  company_.given_service(whole, day("2005.01.31"), 3, 11);  // 6 whole years: 5 %
+  company_.given_charge(whole, kNull, kNull, kNull);
+  company_.database().execute("UPDATE extra_charges SET salary_extra_oid = 'O0402000', percentage = 99");
+  const auto two = given_person("Benas", 0.5);
+  given_position(two, 0.25);
+  company_.given_charge(two, day("2008.01.31"), kNull, 100.0);
+  company_.given_charge(two, day("2008.02.01"), kNull, 70.0);  // not yet
+  const auto half = given_person("Celina");
+  given_time(half, 1, 92);                     // of 184 hours
+  given_time(half, 2, 10, day("2008.01.15"));  // 10 * 0,8 * 9,7
+  given_time(half, 3, 8, day("2008.01.16"));   // no surcharge
+  given_person("Daiva", 1.0, "2008.01.16");    // 12 of 23 working days
+  given_person("Edita", 1.0, "2005.01.01", day("2008.01.15"));
+
+  EXPECT_EQ(pay(calculate()),
+            "Adomas;1260;63;0; | Benas;630;100;0; | ;315;;; | Celina;630;0;77,6; | Daiva;657,39;0;0; | "
+            "Edita;602,61;0;0;");
+  EXPECT_EQ(rows_in("documents"), 5);
+  EXPECT_EQ(rows_in("time_rows"), 8);  // Benas has two, Celina three
+  EXPECT_EQ(rows_in("salary_rows"), 9);
+}
+
+TEST_P(MonthRunTest, TheRowsAreCheckedAgainstTheLimits) {
+  struct Case {
+    const char* name;
+    double supplement;
+    double surcharge_hours;
+    const char* check;
+  };
+  // 1260 a month: 55 % are 693, 70 % are 882; an hour of overtime earns 7,76.
+  const Case cases[] = {{"AtTheLimit", 693, 0, ""},
+                        {"OneCentOver", 693.01, 0, "CheckSalaryRows: Priedų suma viršija 55%!"},
+                        {"BothOver", 800, 100, "CheckSalaryRows: Priedų suma viršija 55%!"},
+                        {"SurchargeOver", 0, 97.5, "CheckSalaryRows: Priemokų suma viršija 60%!"},
+                        {"SurchargeWithin", 0, 97.4, ""},
+                        {"TotalOver", 500, 50, "CheckSalaryRows: Priedų ir priemokų suma viršija 70%!"}};
+  for (const Case& c : cases) {
+    const auto person = given_person(c.name);
+    company_.given_charge(person, kNull, kNull, c.supplement);
+    given_time(person, 1, 184);
+    if (c.surcharge_hours > 0) given_time(person, 2, c.surcharge_hours);
+  }
+  const MonthRun run = calculate();
+  run.rows->MoveFirst();
+  for (const char* name : {"AtTheLimit", "BothOver", "OneCentOver", "SurchargeOver", "SurchargeWithin", "TotalOver"}) {
+    const auto* c = std::find_if(std::begin(cases), std::end(cases),
+                                 [&](const Case& each) { return each.name == std::string(name); });
+    EXPECT_EQ(null_to_text(run.rows->field("Person")), name);
+    EXPECT_EQ(null_to_text(run.rows->field("Check")), c->check) << name;
+    run.rows->MoveNext();
+  }
+  EXPECT_EQ(count(company_.database(), "documents WHERE check_code = 4"), 4);
+}
+
+TEST_P(MonthRunTest, AnUnchangedMonthChangesNoRow) {
+  const auto person = given_person("Adomas");
+  given_person("Benas");
+  EXPECT_EQ(calculate().changed, 2);
+  const auto before = stored();
+  const auto changes = company_.database().change_count();
+  EXPECT_EQ(calculate().changed, 0);
+  EXPECT_EQ(stored(), before);
+  EXPECT_EQ(company_.database().change_count(), changes);
+
+  company_.given_charge(person, kNull, kNull, 50.0);
+  touch();
+  EXPECT_EQ(calculate().changed, 1);
+  EXPECT_NE(stored(), before);
+  EXPECT_EQ(rows_in("documents"), 2);
+  EXPECT_EQ(calculate("2008-02").changed, 2);
+  EXPECT_EQ(rows_in("documents"), 4);
+}
+
+TEST_P(MonthRunTest, WhoIsInForceNoMoreLosesTheDocument) {
+  const auto other = company_.given_department("Kitas");
+  const auto gone = given_person("Adomas");
+  given_person("Benas");
+  calculate();
+  change("UPDATE positions SET date_to = :p0 WHERE employee_id = :p1", {day("2007.12.31"), gone});
+  EXPECT_EQ(calculate("2008-01", {.department = other}).changed, 0);  // not of that department
+  EXPECT_EQ(calculate().changed, 1);
+  EXPECT_EQ(rows_in("documents"), 1);
+  EXPECT_EQ(rows_in("salary_rows"), 1);
+}
+
+TEST_P(MonthRunTest, OnePersonsFaultIsKeptAndTheOthersGoOn) {
+  given_person("Adomas");
+  const auto ill = given_person("Benas");
+  change("UPDATE positions SET category_id = NULL WHERE employee_id = :p0", {ill});
+  const auto old = given_person("Celina");
+  company_.given_service(old, day("2005.01.01"), 32767, 12);
+
+  const MonthRun run = calculate();
+  EXPECT_EQ(pay(run), "Adomas;1260;0;0;");
+  ASSERT_EQ(run.faults.size(), 2U);
+  EXPECT_EQ(run.faults[0].person + ": " + run.faults[0].reason,
+            "Benas: nėra pareigybės kategorijos koeficiento datai 2008.01.31");
+  EXPECT_EQ(rows_in("documents"), 1);
+  EXPECT_EQ(rows_in("month_faults"), 2);
+
+  change("UPDATE positions SET category_id = :p0", {category_});
+  change("UPDATE experience SET experience_years = 1");
+  EXPECT_EQ(calculate().faults.size(), 0U);
+  EXPECT_EQ(rows_in("month_faults"), 0);
+
+  EXPECT_EQ(calculate("2004-12").all, 0);
+  change("UPDATE positions SET date_from = :p0", {day("2004.01.01")});
+  const MonthRun none = calculate("2004-12");
+  ASSERT_EQ(none.faults.size(), 3U);
+  EXPECT_EQ(none.faults[2].reason, "nėra valstybės tarnautojų nustatymų datai 2004.12.31");
+}
+
+TEST_P(MonthRunTest, AClosedMonthIsNotCalculated) {
+  given_person("Adomas");
+  const Month month = Month::parse("2008-01");
+  close_month(company_.database(), month, "testuotoja");
+  EXPECT_EQ(error_text([&] { calculate(); }), "Mėnuo 2008.01 uždarytas: jo perskaičiuoti negalima.");
+  EXPECT_EQ(error_text([&] { close_month(company_.database(), month, "kita"); }), "Mėnuo 2008.01 jau uždarytas.");
+  EXPECT_EQ(rows_in("documents"), 0);
+  reopen_month(company_.database(), month);
+  EXPECT_EQ(calculate().changed, 1);
+  EXPECT_EQ(error_text([&] { reopen_month(company_.database(), month); }), "Mėnuo 2008.01 nėra uždarytas.");
+}
+
+TEST_P(MonthRunTest, StoppingKeepsWhatIsDoneAndNothingHalf) {
+  for (const char* name : {"Adomas", "Benas", "Celina"}) given_person(name);
+  int asked = 0;
+  const MonthRun run = calculate("2008-01", {.cancelled = [&] { return ++asked > 2; }});
+  EXPECT_TRUE(run.cancelled);
+  EXPECT_EQ(run.done, 2);
+  EXPECT_EQ(rows_in("documents"), 2);
+  EXPECT_EQ(calculate().changed, 1);
+}
+
+TEST_P(MonthRunTest, AFailedStatementLeavesEachDocumentWholeOrAsItWas) {
+  for (const char* name : {"Adomas", "Benas"}) given_person(name);
+  calculate();
+  company_.given_charge(1, kNull, kNull, 50.0);
+  touch();
+  const auto statements_before = company_.database().statements();
+  calculate();
+  const auto statements = company_.database().statements() - statements_before;
+  ASSERT_GT(statements, 20U);
+  const auto with_charge = stored_pay();
+  change("DELETE FROM extra_charges");
+  calculate();
+  const auto without_charge = stored_pay();
+  ASSERT_NE(with_charge, without_charge);
+  company_.given_charge(1, kNull, kNull, 50.0);
+
+  int as_it_was = 0;
+  for (std::uint64_t n = 1; n <= statements; ++n) {
+    touch();
+    const auto failing = company_.database().statements() + n;
+    company_.database().set_fault([failing](std::uint64_t statement) {
+      if (statement == failing) throw StoreError(StoreFault::kFailed, "ryšys nutrūko");
+    });
+    error_text([&] { calculate(); });  // a failed run, or a fault of one person
+    company_.heal();
+    const auto now = stored_pay();
+    EXPECT_TRUE(now == without_charge || now == with_charge) << "statement " << n << " of " << statements;
+    as_it_was += now == without_charge ? 1 : 0;
+  }
+  EXPECT_GT(as_it_was, 15);
+  touch();
+  calculate();
+  EXPECT_EQ(stored_pay(), with_charge);
+}
+
+TEST_P(MonthRunTest, TheNumberOfStatementsDoesNotGrowWithThePeople) {
+  const auto statements = [&] {
+    touch();
+    const auto before = company_.database().statements();
+    calculate();
+    return company_.database().statements() - before;
+  };
+  given_person("Adomas");
+  calculate();
+  const auto for_one = statements();
+  for (int i = 0; i < 40; ++i) given_person("Žmogus");
+  touch();
+  calculate();
+  EXPECT_EQ(statements(), for_one);
+}
+
+ON_EVERY_DATABASE(MonthRunTest);
+
+}  // namespace
+}  // namespace quor

@@ -1,0 +1,114 @@
+// `quor month` under rough treatment: killed, run twice at once, interrupted.
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <thread>
+
+#include "platform/data/number_text.h"
+#include "tests/program/running.h"
+#include "tests/support/test_company.h"
+
+namespace quor {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class MonthProgramTest : public testing::TestWithParam<Backend> {
+ protected:
+  void given_company(int employees) { EXPECT_EQ(quor({"init", "--employees", std::to_string(employees)}).status, 0); }
+  Outcome quor(std::vector<std::string> words) {
+    words.insert(words.end(), {"--company", place_->address()});
+    return run_quor(folder_.path(""), words);
+  }
+  std::unique_ptr<RunningQuor> start_month() {
+    return std::make_unique<RunningQuor>(folder_.path(""),
+                                         std::vector<std::string>{"month", "2008-01", "--company", place_->address()});
+  }
+  // Each document with what its rows hold, one a line.
+  std::vector<std::string> documents() {
+    const auto database = Database::open(place_->address());
+    const auto rows = database->read(
+        "SELECT d.employee_id, (SELECT COUNT(*) FROM time_rows t WHERE t.document_id = d.id),"
+        " (SELECT COUNT(*) FROM salary_rows s WHERE s.document_id = d.id),"
+        " COALESCE((SELECT SUM(s.sum_a) FROM salary_rows s WHERE s.document_id = d.id), 0.0)"
+        " FROM documents d ORDER BY d.employee_id",
+        {{"person", FieldType::kInt32},
+         {"times", FieldType::kInt32},
+         {"sums", FieldType::kInt32},
+         {"sum", FieldType::kDouble}});
+    std::vector<std::string> lines;
+    for (; !rows->Eof(); rows->MoveNext()) {
+      lines.push_back(std::to_string(rows->int32({0})) + ";" + std::to_string(rows->int32({1})) + ";" +
+                      std::to_string(rows->int32({2})) + ";" + fixed_text(rows->number({3}), 2));
+    }
+    return lines;
+  }
+  void remove_documents() {
+    const auto database = Database::open(place_->address());
+    Transaction transaction(*database);
+    for (const char* table : {"salary_rows", "time_rows", "documents"}) {
+      database->execute(std::string("DELETE FROM ") + table);
+    }
+    transaction.commit();
+  }
+
+  std::unique_ptr<CompanyPlace> place_ = GetParam().make_place();
+  TemporaryFolder folder_;
+};
+ON_EVERY_DATABASE(MonthProgramTest);
+
+TEST_P(MonthProgramTest, KilledAtAnyMomentItLeavesEachDocumentWholeOrAbsent) {
+  given_company(2000);
+  const auto start = Clock::now();
+  EXPECT_EQ(quor({"month", "2008-01"}).status, 0);
+  const auto whole_run = Clock::now() - start;
+  const auto expected = documents();
+  ASSERT_GT(expected.size(), 1500U);
+
+  int killed = 0;
+  for (int moment = 1; moment <= 20; ++moment) {
+    remove_documents();
+    const auto run = start_month();
+    std::this_thread::sleep_for(whole_run * moment / 21);
+    killed += run->stop(SIGKILL) ? 1 : 0;
+    const auto found = documents();
+    EXPECT_TRUE(std::includes(expected.begin(), expected.end(), found.begin(), found.end(),
+                              [&](const auto& a, const auto& b) {
+                                return std::stoi(a) < std::stoi(b) || (std::stoi(a) == std::stoi(b) && a < b);
+                              }))
+        << "killed at moment " << moment;
+  }
+  EXPECT_GT(killed, 10);
+  EXPECT_EQ(quor({"month", "2008-01"}).status, 0);
+  EXPECT_EQ(documents(), expected);
+}
+
+TEST_P(MonthProgramTest, TwoAtOnceEndWithEachDocumentOnce) {
+  given_company(400);
+  const auto one = start_month();
+  const auto other = start_month();
+  const Outcome first = one->finish(), second = other->finish();
+  EXPECT_EQ(first.status + second.status, 0) << first.err << second.err;
+  EXPECT_EQ(first.out, second.out);
+  const auto both = documents();
+  remove_documents();
+  EXPECT_EQ(quor({"month", "2008-01"}).out, first.out);
+  EXPECT_EQ(documents(), both);
+}
+
+TEST_P(MonthProgramTest, CtrlCStopsBetweenPeopleAndSaysWhatIsDone) {
+  given_company(2000);
+  const auto run = start_month();
+  // Until the work has begun, Ctrl-C ends the program as any other.
+  std::this_thread::sleep_for(std::chrono::milliseconds(900));
+  run->signal(SIGINT);
+  const Outcome outcome = run->finish();
+  const auto stored = documents().size();
+  const std::string said = "Apskaičiuota žmonių: " + std::to_string(stored) + " iš ";
+  EXPECT_NE(outcome.err.find(said), std::string::npos) << outcome.err;
+  EXPECT_EQ(outcome.err.find("Nutraukta. ") == 0, outcome.status == 1);
+}
+
+}  // namespace
+}  // namespace quor
