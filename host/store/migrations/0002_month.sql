@@ -14,16 +14,17 @@ CREATE TABLE worked_time (
 CREATE INDEX worked_time_by_month ON worked_time (month, employee_id);
 CREATE UNIQUE INDEX worked_time_once ON worked_time (employee_id, month, COALESCE(day, 0), time_code_id);
 
+-- GUIDs follow from employee, month and place: no index is needed to keep them apart, and one over them would scatter
+-- every write.
 CREATE TABLE documents (
   id INTEGER PRIMARY KEY,
-  guid TEXT NOT NULL UNIQUE,
+  guid TEXT NOT NULL,
   employee_id INTEGER NOT NULL REFERENCES employees (id),
   month INTEGER NOT NULL,
   check_code INTEGER NOT NULL,
   check_message TEXT NOT NULL,
-  UNIQUE (employee_id, month)
+  UNIQUE (month, employee_id)
 );
-CREATE INDEX documents_by_month ON documents (month, employee_id);
 CREATE TABLE time_rows (
   id INTEGER PRIMARY KEY,
   guid TEXT NOT NULL,
