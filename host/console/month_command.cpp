@@ -5,6 +5,7 @@
 #include "host/console/json_values.h"
 #include "host/console/progress_bar.h"
 #include "host/console/session.h"
+#include "host/payroll/closed_months.h"
 #include "host/payroll/month_run.h"
 #include "host/report/record_text.h"
 #include "platform/data/error.h"

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "host/store/record_guard.h"
+#include "host/payroll/closed_months.h"
 #include "platform/data/column.h"
-#include "platform/data/error.h"
 
 namespace quor {
 
@@ -150,54 +149,72 @@ void remove_documents(Database& database, const std::vector<std::int32_t>& ids) 
   }
 }
 
-void insert_documents(Database& database, const Month& month, const std::vector<const MonthDocument*>& documents) {
-  if (documents.empty()) return;
-  Rows heads({{"id", FieldType::kInt32},
-              {"guid", FieldType::kText},
-              {"employee_id", FieldType::kInt32},
-              {"month", FieldType::kDate},
-              {"check_code", FieldType::kInt32},
-              {"check_message", FieldType::kText}});
-  Rows times({{"id", FieldType::kInt32},
+// The rows of three tables, gathered from documents and inserted at once.
+class DocumentRows {
+ public:
+  // Reserves the IDs of all rows of the documents.
+  DocumentRows(Database& database, const std::vector<const MonthDocument*>& documents) {
+    std::int32_t times = 0, sums = 0;
+    for (const MonthDocument* document : documents) {
+      times += static_cast<std::int32_t>(document->time_rows.size());
+      sums += static_cast<std::int32_t>(document->salary_rows.size());
+    }
+    document_id_ = database.reserve_ids("documents", static_cast<std::int32_t>(documents.size()));
+    if (times > 0) time_id_ = database.reserve_ids("time_rows", times);
+    if (sums > 0) sum_id_ = database.reserve_ids("salary_rows", sums);
+  }
+
+  void add(const Month& month, const MonthDocument& document) {
+    heads_.append({document_id_, document.guid, document.employee, month.first_day(), document.check_code,
+                   document.check_message});
+    for (const TimeRow& row : document.time_rows) {
+      times_.append(
+          {time_id_++, row.guid, document_id_, row.salary_extra_oid, or_null(row.position), row.time_code, row.hours});
+    }
+    for (const SalaryRow& row : document.salary_rows) {
+      sums_.append({sum_id_++, row.guid, document_id_, or_null(row.time_row_guid), static_cast<std::int16_t>(row.type),
+                    row.sum, row.percentage, or_null(row.extra_charge), or_null(row.salary_code)});
+    }
+    ++document_id_;
+  }
+
+  void insert_into(Database& database) const {
+    heads_.insert_into(database, "documents");
+    times_.insert_into(database, "time_rows");
+    sums_.insert_into(database, "salary_rows");
+  }
+
+ private:
+  Rows heads_{{{"id", FieldType::kInt32},
+               {"guid", FieldType::kText},
+               {"employee_id", FieldType::kInt32},
+               {"month", FieldType::kDate},
+               {"check_code", FieldType::kInt32},
+               {"check_message", FieldType::kText}}};
+  Rows times_{{{"id", FieldType::kInt32},
+               {"guid", FieldType::kText},
+               {"document_id", FieldType::kInt32},
+               {"salary_extra_oid", FieldType::kText},
+               {"position_id", FieldType::kInt32},
+               {"time_code_id", FieldType::kInt32},
+               {"hours", FieldType::kDouble}}};
+  Rows sums_{{{"id", FieldType::kInt32},
               {"guid", FieldType::kText},
               {"document_id", FieldType::kInt32},
-              {"salary_extra_oid", FieldType::kText},
-              {"position_id", FieldType::kInt32},
-              {"time_code_id", FieldType::kInt32},
-              {"hours", FieldType::kDouble}});
-  Rows sums({{"id", FieldType::kInt32},
-             {"guid", FieldType::kText},
-             {"document_id", FieldType::kInt32},
-             {"time_row_guid", FieldType::kText},
-             {"sum_type", FieldType::kInt16},
-             {"sum_a", FieldType::kDouble},
-             {"percentage", FieldType::kDouble},
-             {"personal_extra_charge_id", FieldType::kInt32},
-             {"salary_code_id", FieldType::kInt32}});
-  std::size_t time_count = 0, sum_count = 0;
-  for (const MonthDocument* document : documents) {
-    time_count += document->time_rows.size();
-    sum_count += document->salary_rows.size();
-  }
-  std::int32_t document_id = database.reserve_ids("documents", static_cast<std::int32_t>(documents.size()));
-  std::int32_t time_id = time_count == 0 ? 0 : database.reserve_ids("time_rows", static_cast<std::int32_t>(time_count));
-  std::int32_t sum_id = sum_count == 0 ? 0 : database.reserve_ids("salary_rows", static_cast<std::int32_t>(sum_count));
-  for (const MonthDocument* document : documents) {
-    heads.append({document_id, document->guid, document->employee, month.first_day(), document->check_code,
-                  document->check_message});
-    for (const TimeRow& row : document->time_rows) {
-      times.append(
-          {time_id++, row.guid, document_id, row.salary_extra_oid, or_null(row.position), row.time_code, row.hours});
-    }
-    for (const SalaryRow& row : document->salary_rows) {
-      sums.append({sum_id++, row.guid, document_id, or_null(row.time_row_guid), static_cast<std::int16_t>(row.type),
-                   row.sum, row.percentage, or_null(row.extra_charge), or_null(row.salary_code)});
-    }
-    ++document_id;
-  }
-  heads.insert_into(database, "documents");
-  times.insert_into(database, "time_rows");
-  sums.insert_into(database, "salary_rows");
+              {"time_row_guid", FieldType::kText},
+              {"sum_type", FieldType::kInt16},
+              {"sum_a", FieldType::kDouble},
+              {"percentage", FieldType::kDouble},
+              {"personal_extra_charge_id", FieldType::kInt32},
+              {"salary_code_id", FieldType::kInt32}}};
+  std::int32_t document_id_ = 0, time_id_ = 0, sum_id_ = 0;
+};
+
+void insert_documents(Database& database, const Month& month, const std::vector<const MonthDocument*>& documents) {
+  if (documents.empty()) return;
+  DocumentRows rows(database, documents);
+  for (const MonthDocument* document : documents) rows.add(month, *document);
+  rows.insert_into(database);
 }
 
 // Answers whether a fault was written or removed.
@@ -223,22 +240,7 @@ bool store_faults(Database& database, const Month& month, const std::vector<Pers
   return true;
 }
 
-void require_open(Database& database, const Month& month) {
-  if (is_closed(database, month)) {
-    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " uždarytas: jo perskaičiuoti negalima.");
-  }
-}
-
 }  // namespace
-
-std::vector<MonthDocument> read_documents(Database& database, const Month& month, std::int32_t first_employee,
-                                          std::int32_t last_employee) {
-  std::vector<MonthDocument> documents;
-  for (StoredDocument& stored : read_stored(database, month, first_employee, last_employee)) {
-    documents.push_back(std::move(stored.document));
-  }
-  return documents;
-}
 
 std::int32_t store_run(Database& database, const Month& month, const CalculatedRun& run) {
   std::int32_t first = INT32_MAX, last = 0;
@@ -274,31 +276,6 @@ std::int32_t remove_ended(Database& database, const Month& month, const std::str
   const auto faults = database.execute("DELETE FROM month_faults WHERE " + ended, values);
   if (!ids.empty() || faults > 0) transaction.commit();
   return static_cast<std::int32_t>(ids.size());
-}
-
-bool is_closed(Database& database, const Month& month) {
-  return database
-             .read("SELECT month FROM closed_months WHERE month = :p0", {{"Month", FieldType::kDate}},
-                   {month.first_day()})
-             ->RecordCount() > 0;
-}
-
-void close_month(Database& database, const Month& month, const std::string& user) {
-  Transaction transaction(database);
-  if (is_closed(database, month)) {
-    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " jau uždarytas.");
-  }
-  database.execute("INSERT INTO closed_months (month, closed_by, closed_at) VALUES (:p0, :p1, :p2)",
-                   {month.first_day(), user, change_time()});
-  transaction.commit();
-}
-
-void reopen_month(Database& database, const Month& month) {
-  Transaction transaction(database);
-  if (database.execute("DELETE FROM closed_months WHERE month = :p0", {month.first_day()}) == 0) {
-    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " nėra uždarytas.");
-  }
-  transaction.commit();
 }
 
 }  // namespace quor

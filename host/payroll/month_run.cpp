@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "host/payroll/closed_months.h"
 #include "host/payroll/document_calculation.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
@@ -34,7 +35,7 @@ class Lines {
   Lines() : columns_(kRowFields.begin(), kRowFields.end()) {}
 
   void add(const PersonInput& person, const CalculatedMonth& month) {
-    first_line_[person.employee] = columns_.front().size();
+    lines_of_[person.employee] = {columns_.front().size(), month.positions.size()};
     const MonthDocument& document = month.document;
     const double supplements = document.sum_of(SumType::kSupplement);
     const double surcharges = document.sum_of(SumType::kSurcharge);
@@ -57,13 +58,12 @@ class Lines {
   std::shared_ptr<Recordset> in_order(Recordset& order) const {
     std::vector<ColumnData> sorted(kRowFields.begin(), kRowFields.end());
     for (; !order.Eof(); order.MoveNext()) {
-      const auto found = first_line_.find(order.int32({0}));
-      if (found == first_line_.end()) continue;
-      std::size_t line = found->second;
-      do {
+      const auto found = lines_of_.find(order.int32({0}));
+      if (found == lines_of_.end()) continue;
+      const auto [first, count] = found->second;
+      for (std::size_t line = first; line < first + count; ++line) {
         for (std::size_t i = 0; i < sorted.size(); ++i) sorted[i].append_cell(columns_[i], line);
-        ++line;
-      } while (line < columns_.front().size() && columns_.front().text(line).empty());
+      }
     }
     return Recordset::from_columns(std::move(sorted));
   }
@@ -81,7 +81,7 @@ class Lines {
   }
 
   std::vector<ColumnData> columns_;
-  std::unordered_map<std::int32_t, std::size_t> first_line_;
+  std::unordered_map<std::int32_t, std::pair<std::size_t, std::size_t>> lines_of_;  // first line and count
 };
 
 class Calculation {
@@ -92,9 +92,7 @@ class Calculation {
   MonthRun run() {
     Company& company = application_.company();
     company.refresh();
-    if (is_closed(company.database(), month_)) {
-      throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month_.text() + " uždarytas: jo perskaičiuoti negalima.");
-    }
+    require_open(company.database(), month_);
     const MonthInputs inputs = read_month_inputs(company, month_, options_.department);
     result_.all = static_cast<std::int32_t>(inputs.people.size());
     DocumentCalculation calculation(application_, month_, inputs);

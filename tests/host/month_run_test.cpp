@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/payroll/closed_months.h"
 #include "platform/data/error.h"
 #include "tests/platform/outcome.h"
 #include "tests/support/test_company.h"
