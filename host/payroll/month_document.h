@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/data/number_text.h"
+
 namespace quor {
 
 enum class SumType : std::int16_t { kBasePay = 0, kSupplement = 1, kSurcharge = 2 };
@@ -41,10 +43,11 @@ struct MonthDocument {
   std::int32_t check_code = 0;
   std::string check_message;
 
+  // In whole cents: binary sums of cents carry a tail that a CSV would show.
   double sum_of(SumType type) const {
     double sum = 0;
     for (const SalaryRow& row : salary_rows) sum += row.type == type ? row.sum : 0;
-    return sum;
+    return round_even(sum, 2);
   }
 
   bool operator==(const MonthDocument&) const = default;

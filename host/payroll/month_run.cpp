@@ -7,6 +7,7 @@
 #include "host/payroll/document_calculation.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
+#include "platform/data/number_text.h"
 
 namespace quor {
 
@@ -39,7 +40,7 @@ class Lines {
     const MonthDocument& document = month.document;
     const double supplements = document.sum_of(SumType::kSupplement);
     const double surcharges = document.sum_of(SumType::kSurcharge);
-    const double total = document.sum_of(SumType::kBasePay) + supplements + surcharges;
+    const double total = round_even(document.sum_of(SumType::kBasePay) + supplements + surcharges, 2);
     bool first = true;
     for (const PositionPay& position : month.positions) {
       append({first ? Variant(person.name) : Variant(""), position.category, position.factor, position.tariff,

@@ -173,6 +173,14 @@ TEST_P(MonthRunTest, TheRowsAreCheckedAgainstTheLimits) {
   EXPECT_EQ(count(company_.database(), "documents WHERE check_code = 4"), 4);
 }
 
+TEST_P(MonthRunTest, SumsAreWholeCents) {
+  const auto person = given_person("Adomas", 1.0, "2008.01.16");                         // 657,39 for 12 of 23 days
+  for (const double sum : {0.1, 0.2}) company_.given_charge(person, kNull, kNull, sum);  // binary: 0.30000000000000004
+  const MonthRun run = calculate();
+  EXPECT_EQ(run.rows->field("Supplements").to_double(), 0.3);
+  EXPECT_EQ(run.rows->field("Total").to_double(), 657.69);
+}
+
 TEST_P(MonthRunTest, AnUnchangedMonthChangesNoRow) {
   const auto person = given_person("Adomas");
   given_person("Benas");
