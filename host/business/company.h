@@ -23,6 +23,8 @@ class Company {
 
   // Forgets what was read when anybody has written to the company since.
   void refresh();
+  // Forgets it all: whoever has just written says so, and the next request sees what was written.
+  void forget() { kept_.clear(); }
 
   // The kept record set of that name, read by `read` when there is none or a caller has edited it. The set itself
   // is nobody's to walk: take a clone.

@@ -45,6 +45,7 @@ SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*p
     } else {
       insert_record(*type);
     }
+    company_.forget();
     record_->AcceptBatch();
     if (const auto rows = child_rows(*type)) rows->AcceptBatch();
     return {};

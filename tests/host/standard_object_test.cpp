@@ -210,9 +210,12 @@ TEST_P(StandardObjectTest, ARecordIsStoredWithItsRowsWholeOrNotAtAll) {
   // Nothing of what was typed is lost.
   EXPECT_EQ(stored_factors(), "A lygio: 9,9 10,5 11");
 
+  const char* const today = "1,'2008.01.31'";
+  EXPECT_EQ(company_.rows("OfficeEmployeeCategory", today)->field("Factor").to_double(), 11.0);
   rows->MoveLast();
   rows->set_field("Factor", 12.0);
   EXPECT_EQ(object.Save(0, "").ErrorText, "") << "the new row has its own number now";
+  EXPECT_EQ(company_.rows("OfficeEmployeeCategory", today)->field("Factor").to_double(), 12.0) << "seen at once";
   EXPECT_EQ(stored_factors(), "A lygio: 9,9 10,5 12");
 }
 
