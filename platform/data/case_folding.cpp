@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/data/utf8.h"
+
 namespace quor {
 namespace {
 
@@ -61,28 +63,6 @@ constexpr FoldRange kRanges[] = {
     {0x4C1, 0x4CD, 1, 2},
     {0x4D0, 0x52E, 1, 2},
 };
-
-constexpr char32_t kStrayByte = 0x110000;  // the first number that is no character
-
-// Takes the next character off the front of `text`, which is not empty.
-char32_t take_character(std::string_view& text) {
-  const auto lead = static_cast<unsigned char>(text.front());
-  const std::size_t length = lead < 0x80   ? 1
-                             : lead < 0xC0 ? 0
-                             : lead < 0xE0 ? 2
-                             : lead < 0xF0 ? 3
-                             : lead < 0xF8 ? 4
-                                           : 0;
-  char32_t character = length <= 1 ? lead : lead & (0x7FU >> length);
-  bool stray = length == 0 || length > text.size();
-  for (std::size_t i = 1; !stray && i < length; ++i) {
-    const auto next = static_cast<unsigned char>(text[i]);
-    stray = (next & 0xC0) != 0x80;
-    character = (character << 6) | (next & 0x3FU);
-  }
-  text.remove_prefix(stray ? 1 : length);
-  return stray ? kStrayByte + lead : character;
-}
 
 char32_t take_folded(std::string_view& text) { return fold_case(take_character(text)); }
 

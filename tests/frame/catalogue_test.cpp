@@ -54,7 +54,8 @@ TEST(Catalogue, TextBetweenQuotesKeepsItsOwnQuotesDoubled) {
 }
 
 TEST(Catalogue, TextBoxesAreSelectedByCharactersAndClearedWithTheirTag) {
-  quor::TextBox box;
+  quor::ControlSet controls;
+  quor::TextBox box(controls, "txtName");
   box.set_text("ąžu");
   box.set_tag("17");
   catalogue::select_all(box);
