@@ -32,18 +32,17 @@ double factor_at(quor::Recordset* rows, quor::Date date) {
 
 MethodResult UIO0402000::handle_select_event(quor::Date date, std::int32_t constant_id, double constant_value,
                                              std::int32_t current_category) {
-  const std::string key = picked_key(catalogue::pick_object(application_, kCategoryType, ""));
+  const std::string key = picked_key(catalogue::pick_object(application(), kCategoryType, ""));
   if (key.empty()) return {};
   const quor::Variant id_text = key.substr(quor::kTypeCodeLength);
   if (!quor::is_numeric(id_text)) return {};
   const std::int32_t category = id_text.to_int32();
   if (category == current_category) return {};
 
-  const auto object = application_.GetQuorObjectUIO(key);
+  const auto object = application().GetQuorObjectUIO(key);
   if (!object) return {};
   const std::string name = catalogue::null_to_text(object->Fields()["Name"].Value());
-  const quor::Variant rows = object->Fields()["Rows"].Value();
-  const double factor = rows.is_null() ? kFactorOfNone : factor_at(rows.record_set().get(), date);
+  const double factor = factor_at(catalogue::rows_of(*object).get(), date);
   return {.Code = 0,
           .Message = {},
           .Value = computed_row({{{"ConstantID", FieldType::kInt32}, constant_id},

@@ -17,7 +17,7 @@ MethodResult UIO0402000::extra_uio_by_guid(const std::string& row_id, quor::Date
   if (!row || row->RecordCount() == 0) return {};
   const std::string identity = catalogue::null_to_text(row->field("OIDR"));
   if (identity.size() <= quor::kTypeCodeLength) return {};
-  return {.Code = 0, .Message = {}, .Value = application_.GetQuorObjectUIO(identity)};
+  return {.Code = 0, .Message = {}, .Value = application().GetQuorObjectUIO(identity)};
 }
 
 MethodResult UIO0402000::check_extra_components(const quor::NamedMembers& extra_row) {

@@ -3,17 +3,11 @@
 #include "engine/salary_engine.h"
 #include "frame/catalogue.h"
 #include "frame/computed_row.h"
-#include "platform/data/number_text.h"
 
 namespace velmora {
 
 using quor::FieldType;
 using quor::MethodResult;
-
-std::int16_t service_years(const RecordedService& service, quor::Date date) {
-  const int months = quor::months_between(quor::first_of_month(service.reached_on), quor::first_of_month(date));
-  return quor::Variant(service.years + quor::int_part((service.months + months) / 12.0)).to_int16();
-}
 
 double percentage_for_years(std::int16_t years, quor::Recordset* settings) {
   if (settings == nullptr || settings->RecordCount() == 0) return 0.0;

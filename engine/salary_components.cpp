@@ -42,8 +42,8 @@ bool UIO0402000::find_in_document(quor::QuorObjectUIO& document, const std::stri
 UIO0402000::Position UIO0402000::requested_position(const std::string& request_name, const std::string& parameter) {
   const MethodResult& rows = request(request_name, parameter);
   if (rows.Code != 0) {
-    application_.MessageBox(std::string("SalaryExtraRow: Klaida!") + quor::kLineBreak + rows.Message,
-                            quor::BoxIcon::kCritical, quor::BoxButtons::kOk, engine_title_);
+    application().MessageBox(std::string("SalaryExtraRow: Klaida!") + quor::kLineBreak + rows.Message,
+                             quor::BoxIcon::kCritical, quor::BoxButtons::kOk, title());
     return {};
   }
   const auto& row = rows.Value.record_set();

@@ -1,7 +1,7 @@
 // `UIO0402000`: the data object of the salary extension, and the salary engine of civil servants.
 //
-// The host's payroll and the plug-in's editors ask it by method name (engine/method_table.cpp has the whole table);
-// what it does not do itself it forwards to a standard object of the host. Its computations stand one subject a file:
+// The host's payroll and the plug-in's editors ask it by method name (engine/method_table.cpp has the whole table).
+// Its computations stand one subject a file:
 //
 //   salary_constants.cpp   base tariffs from the dated salary constants
 //   salary_components.cpp  tariff, category and factor of a position
@@ -16,41 +16,15 @@
 #include <string>
 
 #include "frame/contract/named_members.h"
-#include "frame/contract/quor_application.h"
-#include "frame/contract/quor_object_ui.h"
-#include "frame/contract/quor_object_uio.h"
+#include "frame/forwarding_object.h"
 #include "platform/data/date.h"
 
 namespace velmora {
 
-class UIO0402000 : public quor::QuorObjectUIO {
+class UIO0402000 : public ForwardingObject {
  public:
   explicit UIO0402000(quor::QuorApplication& application);
 
-  // Forwarded, arguments and result unchanged.
-  std::string GetGUID() override { return standard_->GetGUID(); }
-  std::string OID() const override { return standard_->OID(); }
-  void OID(const std::string& value) override { standard_->OID(value); }
-  std::string OIDR() const override { return standard_->OIDR(); }
-  void OIDR(const std::string& value) override { standard_->OIDR(value); }
-  std::string OName() const override { return standard_->OName(); }
-  std::string OType() const override { return standard_->OType(); }
-  void OType(const std::string& value) override { standard_->OType(value); }
-  std::string Preview() const override { return standard_->Preview(); }
-  void Preview(const std::string& value) override { standard_->Preview(value); }
-  quor::Fields Fields() override { return standard_->Fields(); }
-  std::shared_ptr<quor::Recordset> RsFields() override { return standard_->RsFields(); }
-  quor::SaveStatus Read() override { return standard_->Read(); }
-  quor::SaveStatus Save(std::int32_t flag, const std::string& parameter) override {
-    return standard_->Save(flag, parameter);
-  }
-  void UI(std::shared_ptr<quor::QuorObjectUI> value) override { standard_->UI(std::move(value)); }
-  std::shared_ptr<quor::QuorObjectUI> UI() const override { return standard_->UI(); }
-  std::shared_ptr<quor::QuorMainBO> BO() const override { return standard_->BO(); }
-  void CancelUpdate() override { standard_->CancelUpdate(); }
-
-  // "Parent", and the record sets that the business object serves. A request that fails is shown once, here.
-  quor::MethodResult Properties(const std::string& name, const std::string& parameter) override;
   // The methods of the table. A result with the plug-in's own failure code is shown once, here.
   quor::MethodResult Methods(const std::string& name, const quor::Parameters& parameters) override;
 
@@ -100,17 +74,12 @@ class UIO0402000 : public quor::QuorObjectUIO {
 
   // Asks `Properties` and keeps the answer in LastPropertiesResult, where the caller reads it.
   const quor::MethodResult& request(const std::string& name, const std::string& parameter);
-  void show_failure(const std::string& message);
-  quor::MethodResult parent();
 
   std::int32_t base_tariff_type(bool hourly, quor::Date date);
   static bool find_in_document(quor::QuorObjectUIO& document, const std::string& key, Position& position);
   Position requested_position(const std::string& request_name, const std::string& parameter);
   quor::MethodResult components_of(const Position& position, bool hourly, quor::Date date);
 
-  quor::QuorApplication& application_;
-  const std::string engine_title_;  // title of every box, taken once
-  const std::shared_ptr<quor::QuorObjectUIO> standard_;
   quor::MethodResult last_properties_result_;
 };
 

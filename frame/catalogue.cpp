@@ -37,6 +37,15 @@ void clear(quor::TextBox& box) {
   box.set_tag("");
 }
 
+std::shared_ptr<quor::Recordset> rows_of(quor::QuorObjectUIO& object) {
+  const quor::Variant rows = object.Fields()["Rows"].Value();
+  return rows.kind() == quor::Variant::Kind::kRecordSet ? rows.record_set() : nullptr;
+}
+
+bool find_by_guid(quor::Recordset* rows, const std::string& guid) {
+  return filter_test(rows, "GUID = " + quoted(guid));
+}
+
 void query_rights(quor::QuorApplication& application, Rights& rights, const std::string& object_type) {
   using quor::UserRight;
   constexpr UserRight kInOrder[] = {UserRight::kView, UserRight::kCreate, UserRight::kDelete, UserRight::kPrint,

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -41,6 +42,13 @@ std::string normalised_number(std::string_view text, std::int16_t decimals, bool
 
 void select_all(quor::TextBox& box);  // an empty box is left alone
 void clear(quor::TextBox& box);       // its text and its tag
+
+// The rows that belong to the object's record: the record set in its field `Rows`, the same one each time. Missing when
+// the record has none.
+std::shared_ptr<quor::Recordset> rows_of(quor::QuorObjectUIO& object);
+
+// Puts the record set on the row with the GUID, and leaves the filter that found it; false when it has no such row.
+[[nodiscard]] bool find_by_guid(quor::Recordset* rows, const std::string& guid);
 
 // The current user's five rights on an object type, in the host's order.
 struct Rights {

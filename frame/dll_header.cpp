@@ -18,10 +18,10 @@ void DLLHeader::add_layout() {
 }
 
 void DLLHeader::register_object_types() {
-  registry_->RegisterObjectType(kLibraryName, kEngineType, "Darbo užmokesčio išplėtimas");
-  registry_->RegisterObjectType(kLibraryName, kTarificationType, "Tarifikacija");
-  registry_->RegisterObjectType(kLibraryName, kCategoryType, "Pareigybių kategorijos");
-  registry_->RegisterObjectType(kLibraryName, kSettingsType, "Valstybės tarnautojų nustatymai");
+  registry_->RegisterObjectType(kLibraryName, kEngineType, kEngineCaption);
+  registry_->RegisterObjectType(kLibraryName, kTarificationType, kTarificationCaption);
+  registry_->RegisterObjectType(kLibraryName, kCategoryType, kCategoryCaption);
+  registry_->RegisterObjectType(kLibraryName, kSettingsType, kSettingsCaption);
 }
 
 // The host keeps two icon tables: one for objects, one for its layout. Each picture is loaded right before its call.

@@ -10,11 +10,16 @@
 #include <memory>
 #include <string>
 
+#include "frame/contract/list_report.h"
 #include "frame/contract/object_registry.h"
+#include "frame/contract/open_objects.h"
 #include "frame/contract/quor_main_bo.h"
 #include "frame/contract/quor_object_uio.h"
 
 namespace quor {
+
+class Form;
+class QuorObjectUI;
 
 enum class BoxIcon { kNone, kCritical, kQuestion, kExclamation, kInformation };
 enum class BoxButtons { kOk, kOkCancel, kYesNo };
@@ -50,10 +55,28 @@ class QuorApplication {
   // The data object of a key, read; null when there is no such record or no such type.
   virtual std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& key) = 0;
 
+  // The object UI of a type; null for a type that nobody has.
+  virtual std::shared_ptr<QuorObjectUI> GetQuorObjectUI(const std::string& object_type) = 0;
+  // One row about the company that is open; its field `Name` is the office's name.
+  virtual std::shared_ptr<Recordset> CompanyRecord() = 0;
+
   virtual std::shared_ptr<QuorMainBO> NewMainBO() = 0;
-  // A standard data object for a class of the plug-in to forward to.
-  virtual std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO() = 0;
+  // A standard data object for a class of the plug-in to forward to: it keeps records of that type.
+  virtual std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO(const std::string& object_type) = 0;
   virtual std::shared_ptr<ObjectRegistry> NewObjectRegistry() = 0;
+  // An empty report under that title.
+  virtual std::shared_ptr<ListReport> NewListReport(const std::string& title) = 0;
+
+  // Loads the form, lets the user act until it asks to be closed, and unloads it. The form stays its opener's.
+  virtual void show_modal(Form& form) = 0;
+  // Lets what waits (painting, keys) happen before the caller goes on.
+  virtual void run_pending_events() = 0;
+  // Shows the hourglass pointer until the object that it answers ends; scopes nest.
+  [[nodiscard]] virtual std::shared_ptr<Object> hourglass() = 0;
+
+  virtual OpenObjectRegistry& open_objects() = 0;
+  // Puts the object on the user's desk top; `editor` opens it there (null: the host finds it when it is needed).
+  virtual void place_on_desk_top(const std::string& object, std::shared_ptr<Form> editor) = 0;
 };
 
 }  // namespace quor

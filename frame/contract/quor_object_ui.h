@@ -43,7 +43,8 @@ class QuorObjectUI : public Object {
   virtual void OID(const std::string& value) = 0;
   virtual std::string OName() const = 0;
 
-  // The menu for what was clicked. `context` ends in "K" on a group; `object_type` and `user` tell where.
+  // The menu for what was clicked. `context` is the key of an object, the type code and "K" on the type's own place, or
+  // the business object's GroupContext on the group that holds the type.
   virtual std::vector<MenuEntry> GetMenu(const std::string& context, const std::string& object_type,
                                          const std::string& user) = 0;
   virtual ClickResult ClickMenu(const std::string& object, const std::string& entry, const std::string& context,

@@ -3,19 +3,55 @@
 #include <chrono>
 #include <ctime>
 
+#include "host/business/desk_top.h"
+#include "host/business/employee_object.h"
+#include "host/business/host_object_ui.h"
 #include "host/business/main_bo.h"
+#include "host/business/object_codes.h"
+#include "host/business/object_lists.h"
+#include "host/business/rights.h"
+#include "host/business/row_copy.h"
 #include "host/business/standard_object_uio.h"
+#include "platform/toolkit/form.h"
 
 namespace quor {
 
+namespace {
+
+// What object UIs receive as the host's shared services: the way to the application.
+struct SharedServices : Object {
+  explicit SharedServices(QuorApplication& host) : application(host) {}
+  QuorApplication& application;
+};
+
+std::string key_of_identity(const std::string& identity) { return identity.substr(0, identity.find('#')); }
+
+// The types whose data objects the host brings itself; null for any other.
+std::shared_ptr<QuorObjectUIO> host_data_object(QuorApplication& application, Company& company, const std::string& user,
+                                                const std::string& object_type) {
+  if (object_type == kEmployeeType) return std::make_shared<EmployeeObject>(application, company, user);
+  return nullptr;
+}
+
+// Stands on the object; false when the list does not have it.
+bool find_in_list(Recordset& list, const std::string& key) {
+  list.Filter(std::string(kKeyField) + " = '" + doubled_quotes(key) + "'");
+  return list.RecordCount() > 0;
+}
+
+}  // namespace
+
 Application::Application(Company& company, ApplicationOptions options)
     : company_(company), options_(std::move(options)) {}
+
+// ---- plug-ins and their objects
 
 void Application::load_plugin(const std::string& file) {
   plugins_.emplace_back(file);
   auto header = plugins_.back().create<QuorHeader>("Velmora.DLLHeader", *this);
   header->DllInicialize();
   headers_.push_back(std::move(header));
+  object_uis_.clear();  // of a type that it has registered, the UI is its own from now on
 }
 
 std::shared_ptr<Object> Application::create(const std::string& class_id) {
@@ -33,6 +69,64 @@ std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& o
   if (!object) throw PluginError("Įskiepis neturi klasės „" + class_id + "“.");
   return object;
 }
+
+std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& key) {
+  const std::string object_type = key.substr(0, kTypeCodeLength);
+  const auto type = registrations_.types.find(object_type);
+  const bool registered = type != registrations_.types.end();
+  std::shared_ptr<QuorObjectUIO> object;
+  if (registered) object = std::dynamic_pointer_cast<QuorObjectUIO>(create(type->second.class_id("UIO", object_type)));
+  if (!object) object = host_data_object(*this, company_, options_.user, object_type);
+  // A type whose plug-in brings no data class of its own is served by the standard object.
+  if (!object && registered) object = NewStandardObjectUIO(object_type);
+  if (!object) return nullptr;
+  object->OIDR(key);
+  return object->Read().Failed ? nullptr : object;
+}
+
+std::shared_ptr<QuorObjectUI> Application::GetQuorObjectUI(const std::string& object_type) {
+  std::shared_ptr<QuorObjectUI>& kept = object_uis_[object_type];
+  if (!kept) kept = new_object_ui(object_type);
+  return kept;
+}
+
+std::shared_ptr<QuorObjectUI> Application::new_object_ui(const std::string& object_type) {
+  const auto type = registrations_.types.find(object_type);
+  const bool registered = type != registrations_.types.end();
+  if (!registered && listed_caption(object_type).empty()) return nullptr;
+  std::shared_ptr<QuorObjectUI> ui;
+  if (registered) ui = std::dynamic_pointer_cast<QuorObjectUI>(create(type->second.class_id("UI", object_type)));
+  if (!ui) ui = std::make_shared<HostObjectUI>(*this);
+  ui->BO(NewMainBO());
+  ui->QuorS(std::make_shared<SharedServices>(*this));
+  return ui;
+}
+
+std::shared_ptr<QuorMainBO> Application::NewMainBO() {
+  return std::make_shared<MainBO>(*this, company_, options_.user);
+}
+
+std::shared_ptr<QuorObjectUIO> Application::NewStandardObjectUIO(const std::string& object_type) {
+  return std::make_shared<StandardObjectUIO>(*this, company_, options_.user, object_type);
+}
+
+std::shared_ptr<ObjectRegistry> Application::NewObjectRegistry() { return std::make_shared<Registry>(registrations_); }
+
+std::shared_ptr<ListReport> Application::NewListReport(const std::string& title) {
+  return std::make_shared<ReportToFill>(title, [this](std::shared_ptr<const ReportData> report) {
+    shown_report_ = std::move(report);
+    if (report_listener_) report_listener_(*shown_report_);
+  });
+}
+
+std::string Application::type_caption(const std::string& object_type) const {
+  const auto type = registrations_.types.find(object_type);
+  if (type != registrations_.types.end()) return type->second.caption;
+  const std::string caption = listed_caption(object_type);
+  return caption.empty() ? object_type : caption;
+}
+
+// ---- what a person would answer
 
 Date Application::Today() const {
   if (options_.today) return *options_.today;
@@ -57,33 +151,68 @@ BoxAnswer Application::MessageBox(const std::string& text, BoxIcon icon, BoxButt
   return BoxAnswer::kCancel;
 }
 
-PickedObject Application::SelectObject(const std::string& /*object_type*/, const std::string& /*current*/,
+PickedObject Application::SelectObject(const std::string& object_type, const std::string& current,
                                        const std::string& /*mode*/) {
-  return {.Identity = options_.pick, .Name = {}};  // nobody is there to choose
+  const auto list = NewMainBO()->GetQuorObjectList(object_type, "", "");
+  if (!list) return {};
+  const std::string key = choose_object(*list, key_of_identity(current), type_caption(object_type));
+  if (key.empty() || !find_in_list(*list, key)) return {};
+  return {.Identity = picked_identity(company_, key), .Name = std::string(list->text(FieldHandle{kNameColumn}))};
 }
 
-// Whoever can open the company from the console may do everything in it.
-bool Application::HasRight(UserRight /*right*/, const std::string& /*object_type*/, std::int32_t /*flag*/) {
-  return true;
+std::string Application::choose_object(Recordset& list, const std::string& /*current*/, const std::string& title) {
+  const std::string key = key_of_identity(options_.pick);
+  if (key.empty() || find_in_list(list, key)) return key;
+  MessageBox("Sąraše „" + title + "“ nėra objekto „" + options_.pick + "“.", BoxIcon::kExclamation, BoxButtons::kOk,
+             Title());
+  return "";
 }
 
-std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& key) {
-  const std::string object_type = key.substr(0, kTypeCodeLength);
-  const auto type = registrations_.types.find(object_type);
-  if (type == registrations_.types.end()) return nullptr;
-  auto object = std::dynamic_pointer_cast<QuorObjectUIO>(create(type->second.class_id("UIO", object_type)));
-  // A type whose plug-in brings no data class of its own is served by the standard object.
-  if (!object) object = NewStandardObjectUIO();
-  object->OIDR(key);
-  return object->Read().Failed ? nullptr : object;
+bool Application::HasRight(UserRight right, const std::string& object_type, std::int32_t /*flag*/) {
+  return has_right(company_, options_.user, right, deciding_components(registrations_, object_type));
 }
 
-std::shared_ptr<QuorMainBO> Application::NewMainBO() { return std::make_shared<MainBO>(company_); }
+// ---- forms and the desk top
 
-std::shared_ptr<QuorObjectUIO> Application::NewStandardObjectUIO() {
-  return std::make_shared<StandardObjectUIO>(company_, NewMainBO(), options_.user);
+void Application::show_modal(Form& form) {
+  form.load();
+  try {
+    if (modal_user_ && !form.close_requested()) modal_user_(form);
+    if (!form.close_requested()) form.close_box();
+  } catch (...) {
+    form.unload();
+    throw;
+  }
+  form.unload();
 }
 
-std::shared_ptr<ObjectRegistry> Application::NewObjectRegistry() { return std::make_shared<Registry>(registrations_); }
+class Application::BusyScope : public Object {
+ public:
+  explicit BusyScope(Application& application) : application_(application) {
+    if (application_.busy_++ == 0) application_.busy_changed(true);
+  }
+  ~BusyScope() override {
+    if (--application_.busy_ == 0) application_.busy_changed(false);
+  }
+
+ private:
+  Application& application_;
+};
+
+std::shared_ptr<Object> Application::hourglass() { return std::make_shared<BusyScope>(*this); }
+
+void Application::place_on_desk_top(const std::string& object, std::shared_ptr<Form> /*editor*/) {
+  put_on_desk_top(company_, options_.user, object);
+}
+
+std::vector<std::string> Application::desk_top() { return desk_top_of(company_, options_.user); }
+
+void Application::remove_from_desk_top(const std::string& object) {
+  take_off_desk_top(company_, options_.user, object);
+}
+
+std::shared_ptr<Recordset> Application::CompanyRecord() {
+  return company_.database().read("SELECT name FROM company", {{"Name", FieldType::kText}});
+}
 
 }  // namespace quor

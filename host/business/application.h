@@ -1,9 +1,11 @@
-// The host application without windows: services for the console and for tests, and the base of the desktop's.
+// The host application without windows: services for the console and for tests, and the base of the desktop's, which
+// overrides what a person would answer or see.
 //
 //   states   created -> plug-in loaded (its header has registered what it contributes)
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,7 +13,10 @@
 
 #include "frame/contract/quor_application.h"
 #include "frame/contract/quor_header.h"
+#include "frame/contract/quor_object_ui.h"
 #include "host/business/company.h"
+#include "host/business/list_report.h"
+#include "host/business/open_objects.h"
 #include "host/business/plugin_library.h"
 #include "host/business/registry.h"
 
@@ -28,7 +33,7 @@ struct ApplicationOptions {
   std::string title = "Quor";
   std::string user = "konsolė";
   std::optional<Date> today = {};  // the system's date when none is given
-  std::string pick = {};           // what the object picker answers where nobody is there to choose
+  std::string pick = {};  // the key that is chosen where nobody is there to choose; "#…" behind it is no matter
 };
 
 class Application : public QuorApplication {
@@ -46,10 +51,25 @@ class Application : public QuorApplication {
   Company& company() { return company_; }
   const std::string& user() const { return options_.user; }
   const Registrations& registrations() const { return registrations_; }
+  // What a type's objects are called, for headings; the code itself for an unknown type.
+  std::string type_caption(const std::string& object_type) const;
 
   // Every box shown so far, and who else is told of each.
   const std::vector<ShownBox>& shown_boxes() const { return shown_boxes_; }
   void on_box(std::function<void(const ShownBox&)> listener) { box_listener_ = std::move(listener); }
+  // Acts as the user on every modal form while it is loaded; a form that is not asked to close then, is closed as by
+  // its close box.
+  void on_modal(std::function<void(Form&)> user) { modal_user_ = std::move(user); }
+  // Told of every report that is shown; and the last one, null before the first.
+  void on_report(std::function<void(const ReportData&)> listener) { report_listener_ = std::move(listener); }
+  const std::shared_ptr<const ReportData>& shown_report() const { return shown_report_; }
+  // What is chosen from now on where nobody is there to choose.
+  void set_pick(std::string pick) { options_.pick = std::move(pick); }
+  // The keys on the user's desk top, in order.
+  std::vector<std::string> desk_top();
+  void remove_from_desk_top(const std::string& object);
+  // How many hourglass scopes are open.
+  int busy() const { return busy_; }
 
   std::string Title() const override { return options_.title; }
   Date Today() const override;
@@ -58,11 +78,30 @@ class Application : public QuorApplication {
                             const std::string& mode) override;
   bool HasRight(UserRight right, const std::string& object_type, std::int32_t flag) override;
   std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& key) override;
+  std::shared_ptr<QuorObjectUI> GetQuorObjectUI(const std::string& object_type) override;
+  std::shared_ptr<Recordset> CompanyRecord() override;
   std::shared_ptr<QuorMainBO> NewMainBO() override;
-  std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO() override;
+  std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO(const std::string& object_type) override;
   std::shared_ptr<ObjectRegistry> NewObjectRegistry() override;
+  std::shared_ptr<ListReport> NewListReport(const std::string& title) override;
+  void show_modal(Form& form) override;
+  void run_pending_events() override {}  // nothing waits without windows
+  [[nodiscard]] std::shared_ptr<Object> hourglass() override;
+  OpenObjects& open_objects() override { return open_objects_; }
+  void place_on_desk_top(const std::string& object, std::shared_ptr<Form> editor) override;
+
+ protected:
+  // Lets the user choose a row of the list (see object_lists.h), on which `current` is the key chosen now; answers the
+  // key, "" for none. Without windows it is the option's `pick`, and a box when the list has no such object.
+  virtual std::string choose_object(Recordset& list, const std::string& current, const std::string& title);
+  // The first hourglass scope opens, the last one ends. Must not throw.
+  virtual void busy_changed(bool /*busy*/) {}
 
  private:
+  class BusyScope;
+
+  std::shared_ptr<QuorObjectUI> new_object_ui(const std::string& object_type);
+
   Company& company_;
   ApplicationOptions options_;
   Registrations registrations_;
@@ -70,6 +109,12 @@ class Application : public QuorApplication {
   std::vector<std::shared_ptr<QuorHeader>> headers_;  // one instance per loaded library, as long as it is loaded
   std::vector<ShownBox> shown_boxes_;
   std::function<void(const ShownBox&)> box_listener_;
+  std::function<void(Form&)> modal_user_;
+  std::function<void(const ReportData&)> report_listener_;
+  std::shared_ptr<const ReportData> shown_report_;
+  OpenObjects open_objects_;
+  int busy_ = 0;
+  std::map<std::string, std::shared_ptr<QuorObjectUI>> object_uis_;  // by type, once asked for
 };
 
 }  // namespace quor

@@ -1,5 +1,7 @@
 #include "host/business/child_rows.h"
 
+#include "host/business/record_checks.h"
+
 namespace quor {
 
 namespace {
@@ -13,6 +15,10 @@ std::vector<FieldInfo> fields_of(const ChildRows& type) {
   return fields;
 }
 
+Variant value_of(Database& database, const ChildRows& type, std::size_t field, std::int32_t id, const RowChange& row) {
+  return stored_value(database, type.table, type.fields[field], id, row.current({kFirstField + field}));
+}
+
 void insert_row(Database& database, const ChildRows& type, std::int32_t owner, const RowChange& row) {
   std::string columns = std::string("id, ") + type.owner_column;
   std::string binds = ":p0, :p1";
@@ -20,7 +26,7 @@ void insert_row(Database& database, const ChildRows& type, std::int32_t owner, c
   for (std::size_t i = 0; i < type.fields.size(); ++i) {
     columns += std::string(", ") + type.fields[i].column;
     binds += ", :p" + std::to_string(values.size());
-    values.push_back(row.current({kFirstField + i}));
+    values.push_back(value_of(database, type, i, values.front().to_int32(), row));
   }
   database.execute(std::string("INSERT INTO ") + type.table + " (" + columns + ") VALUES (" + binds + ")", values);
 }
@@ -30,7 +36,7 @@ void update_row(Database& database, const ChildRows& type, const RowChange& row)
   std::vector<Variant> values = {row.base(kId)};
   for (std::size_t i = 0; i < type.fields.size(); ++i) {
     assignments += (i == 0 ? "" : ", ") + std::string(type.fields[i].column) + " = :p" + std::to_string(values.size());
-    values.push_back(row.current({kFirstField + i}));
+    values.push_back(value_of(database, type, i, values.front().to_int32(), row));
   }
   database.execute(std::string("UPDATE ") + type.table + " SET " + assignments + " WHERE id = :p0", values);
 }

@@ -5,8 +5,17 @@ namespace quor {
 Company::Company(std::unique_ptr<Database> database)
     : database_(std::move(database)), change_count_(database_->change_count()) {}
 
+std::int64_t Company::asked_change_count() {
+  try {
+    return database_->change_count();
+  } catch (const StoreError&) {
+    if (!database_->reconnect()) throw;
+    return database_->change_count();
+  }
+}
+
 void Company::refresh() {
-  const std::int64_t now = database_->change_count();
+  const std::int64_t now = asked_change_count();
   if (now == change_count_) return;
   kept_.clear();
   change_count_ = now;

@@ -21,7 +21,8 @@ class Company {
 
   Database& database() { return *database_; }
 
-  // Forgets what was read when anybody has written to the company since.
+  // Forgets what was read when anybody has written to the company since, and mends a connection that the server has
+  // dropped. Throws StoreError and forgets nothing while the company is not to be reached.
   void refresh();
   // Forgets it all: whoever has just written says so, and the next request sees what was written.
   void forget() { kept_.clear(); }
@@ -32,6 +33,8 @@ class Company {
   std::shared_ptr<Recordset> kept(const std::string& name, const Reader& read);
 
  private:
+  std::int64_t asked_change_count();
+
   std::unique_ptr<Database> database_;
   std::int64_t change_count_;
   std::unordered_map<std::string, std::shared_ptr<Recordset>> kept_;

@@ -4,6 +4,10 @@
 #include <iterator>
 #include <string_view>
 
+#include "host/business/experience_store.h"
+#include "host/business/object_codes.h"
+#include "host/business/object_deletion.h"
+#include "host/business/object_lists.h"
 #include "host/business/parameter_text.h"
 #include "host/business/requests.h"
 #include "platform/data/error.h"
@@ -18,13 +22,16 @@ struct Request {
 };
 
 constexpr Request kRequests[] = {
+    {"GetCategoryPreview", requests::category_preview},
     {"GetDepartments", requests::departments},
     {"GetEmployees", requests::employees},
     {"GetIndications", requests::indications},
     {"GetOfficeEmployeeCategory", requests::office_employee_category},
     {"GetOfficeEmployeeExperience", requests::office_employee_experience},
     {"GetOfficeEmployeeExtraCharges", requests::office_employee_extra_charges},
+    {"GetOfficeEmployeePreview", requests::office_employee_preview},
     {"GetOfficeEmployeeSettings", requests::office_employee_settings},
+    {"GetOfficeEmployeeSurcharge", requests::office_employee_surcharge},
     {"GetPersonalExtraCharges", requests::personal_extra_charges},
     {"GetSalaryCodes", requests::salary_codes},
     {"GetSalaryConstants", requests::salary_constants},
@@ -37,6 +44,26 @@ const Request* find(std::string_view name) {
                                    [&](const Request& request) { return request.name == name; });
   return found == std::end(kRequests) ? nullptr : found;
 }
+
+// The record sets that can be stored, each with the type of the objects that its rows are about.
+struct StoredSet {
+  std::string_view name;
+  const char* object_type;
+  const char* plural;  // what the rows are called, in the genitive
+  void (*store)(Company& company, const std::string& user, const Recordset& rows);
+};
+
+constexpr StoredSet kStoredSets[] = {
+    {"OfficeEmployeeExperience", kEmployeeType, "darbuotojų tarnybos stažo", store_experience},
+};
+
+const StoredSet* find_stored(std::string_view name) {
+  const auto* found = std::find_if(std::begin(kStoredSets), std::end(kStoredSets),
+                                   [&](const StoredSet& set) { return set.name == name; });
+  return found == std::end(kStoredSets) ? nullptr : found;
+}
+
+SaveStatus refused(const std::string& text) { return {.Failed = true, .ErrorText = text}; }
 
 MethodResult failure(const std::string& text) { return {.Code = kRequestFailure, .Message = text, .Value = {}}; }
 
@@ -55,6 +82,52 @@ MethodResult MainBO::RunMethod(const std::string& name, const std::string& param
   } catch (const StoreError& error) {
     return failure(error.what());
   }
+}
+
+std::shared_ptr<Recordset> MainBO::GetQuorObjectList(const std::string& parameter, const std::string& filter,
+                                                     const std::string& order) {
+  try {
+    if (!order.empty()) throw Error(ErrorKind::kTypeMismatch, "Sąrašo rikiuoti pagal „" + order + "“ negalima.");
+    const auto list = object_list(company_, parameter, application_.Today());
+    if (!filter.empty()) list->Filter(filter);
+    return list;
+  } catch (const Error& error) {
+    show(error.what());
+  } catch (const StoreError& error) {
+    show(error.what());
+  }
+  return nullptr;
+}
+
+bool MainBO::DeleteQuorObject(const std::string& object) {
+  try {
+    delete_object(application_, company_, object);
+    return false;
+  } catch (const StoreError& error) {
+    show(error.what());
+    return true;
+  }
+}
+
+SaveStatus MainBO::SaveRecordset(const std::string& name, Recordset& rows) {
+  const StoredSet* const set = find_stored(name);
+  if (set == nullptr) return refused("Duomenų „" + name + "“ čia įrašyti negalima.");
+  try {
+    if (!application_.HasRight(UserRight::kWrite, set->object_type, 0)) {
+      return refused(std::string("Neturite teisės keisti ") + set->plural + ".");
+    }
+    // What is being typed is part of the save, wherever the cursor stands.
+    if (!rows.Bof() && !rows.Eof()) rows.Update();
+    set->store(company_, user_, rows);
+    rows.AcceptBatch();
+    return {};
+  } catch (const StoreError& error) {
+    return refused(error.what());
+  }
+}
+
+void MainBO::show(const std::string& text) {
+  application_.MessageBox(text, BoxIcon::kExclamation, BoxButtons::kOk, application_.Title());
 }
 
 }  // namespace quor

@@ -1,10 +1,10 @@
-// The host's business object: named record-set requests over one company.
+// The host's business object: named record-set requests, lists and deletion over one company.
 #pragma once
 
 #include <memory>
 #include <string>
 
-#include "frame/contract/quor_main_bo.h"
+#include "frame/contract/quor_application.h"
 #include "host/business/company.h"
 
 namespace quor {
@@ -14,16 +14,27 @@ inline constexpr std::int32_t kRequestFailure = 1;
 
 class MainBO : public QuorMainBO {
  public:
-  // The company outlives the object.
-  explicit MainBO(Company& company) : company_(company) {}
+  // Shows what it refuses through the application. Application and company outlive the object.
+  // `user` is who changes records, for others to read.
+  MainBO(QuorApplication& application, Company& company, std::string user)
+      : application_(application), company_(company), user_(std::move(user)) {}
 
   MethodResult RunMethod(const std::string& name, const std::string& parameter, std::int32_t flag) override;
+  std::shared_ptr<Recordset> GetQuorObjectList(const std::string& parameter, const std::string& filter,
+                                               const std::string& order) override;
+  bool DeleteQuorObject(const std::string& object) override;
+  SaveStatus SaveRecordset(const std::string& name, Recordset& rows) override;
+  std::string GroupContext() const override { return "Group"; }
 
   // Whether there is a request of exactly that name.
   static bool knows(const std::string& name);
 
  private:
+  void show(const std::string& text);
+
+  QuorApplication& application_;
   Company& company_;
+  std::string user_;
 };
 
 }  // namespace quor

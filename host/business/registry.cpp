@@ -52,7 +52,8 @@ std::shared_ptr<Layout> Registry::AddLayout(const std::string& layout_code, cons
   if (std::any_of(registrations_.layouts.begin(), registrations_.layouts.end(), same_key)) {
     throw Error(ErrorKind::kAlreadyOpen, "Skyrius „" + key + "“ jau užregistruotas.");
   }
-  registrations_.layouts.push_back(std::make_shared<RegisteredLayout>(RegisteredLayout{layout_code, caption, key, {}}));
+  registrations_.layouts.push_back(
+      std::make_shared<RegisteredLayout>(RegisteredLayout{layout_code, caption, key, {}, number_}));
   return std::make_shared<LayoutHandle>(registrations_.layouts.back());
 }
 
@@ -61,7 +62,7 @@ void Registry::RegisterObjectType(const std::string& library, const std::string&
   if (object_type.size() != kTypeCodeLength) {
     throw Error(ErrorKind::kTypeMismatch, "„" + object_type + "“ nėra objekto tipo kodas.");
   }
-  if (!registrations_.types.emplace(object_type, RegisteredType{library, caption}).second) {
+  if (!registrations_.types.emplace(object_type, RegisteredType{library, caption, number_}).second) {
     throw Error(ErrorKind::kAlreadyOpen, "Objekto tipas „" + object_type + "“ jau užregistruotas.");
   }
 }

@@ -21,11 +21,13 @@ struct RegisteredLayout {
   std::string caption;
   std::string key;
   std::vector<std::shared_ptr<RegisteredGroup>> groups;
+  std::size_t registry;  // which registration object it came by: one a plug-in
 };
 
 struct RegisteredType {
   std::string library;
   std::string caption;
+  std::size_t registry;
 
   // "Velmora" and type "O0402000" give "Velmora.UIO0402000" for the data side (`side` "UIO").
   std::string class_id(const std::string& side, const std::string& object_type) const {
@@ -39,12 +41,14 @@ struct Registrations {
   std::map<std::string, RegisteredType> types;  // by object-type code
   std::map<std::string, Picture> layout_icons;  // by key
   std::map<std::string, Picture> object_icons;
+  std::size_t registries = 0;  // handed out so far
 };
 
 // The registration object that a plug-in receives; several may write into one `Registrations`.
 class Registry : public ObjectRegistry {
  public:
-  explicit Registry(Registrations& registrations) : registrations_(registrations) {}
+  explicit Registry(Registrations& registrations)
+      : registrations_(registrations), number_(++registrations.registries) {}
 
   std::shared_ptr<Layout> AddLayout(const std::string& layout_code, const std::string& layout_code_again,
                                     const std::string& caption, const std::string& key) override;
@@ -55,6 +59,7 @@ class Registry : public ObjectRegistry {
 
  private:
   Registrations& registrations_;
+  std::size_t number_;
 };
 
 }  // namespace quor

@@ -43,4 +43,16 @@ Answer salary_extra_row(Company& company, ParameterText& parameter);
 // id,'date'. The same fields of the stored position with that ID, whatever its dates.
 Answer salary_extra_row_by_id(Company& company, ParameterText& parameter);
 
+// 'date',department (0 for all; a department stands for those below it too). UserID, Preview (display name),
+// CategoryName, Factor, ConstantValue (the base tariff), RoundedSalary (of the whole month, by the share): a row a
+// position in force at the date, a person's rows together, persons in alphabetical order. What is not in force at the
+// date is null.
+Answer office_employee_preview(Company& company, ParameterText& parameter);
+// 'date',department,',12,15,' (the time codes whose pay is a surcharge). UserID, Alga (the month's base pay), SumType
+// (0 base pay, 1 supplements, 2 surcharges), SumA, Percentage (of the base pay, not rounded; 0 without any): from the
+// stored documents of the date's month, one row a person and sum type, by UserID.
+Answer office_employee_surcharge(Company& company, ParameterText& parameter);
+// None. ID, Name, Factor: every factor row, categories in alphabetical order, the rows of each by date.
+Answer category_preview(Company& company, ParameterText& parameter);
+
 }  // namespace quor::requests

@@ -10,7 +10,8 @@ namespace quor {
 // asks the business object for each.
 class SalaryDocument : public StandardObjectUIO {
  public:
-  using StandardObjectUIO::StandardObjectUIO;
+  // Of no type: it is written by the month's calculation, not through the object.
+  SalaryDocument(QuorApplication& application, Company& company) : StandardObjectUIO(application, company, "", "") {}
 
   MethodResult Properties(const std::string& name, const std::string& parameter) override {
     if (name == "ExtraUIOCollection") return {.Code = 0, .Message = {}, .Value = Variant::Array{}};

@@ -3,69 +3,19 @@
 #include "host/business/child_rows.h"
 #include "host/business/guid.h"
 #include "host/business/object_codes.h"
+#include "host/business/record_checks.h"
 #include "host/store/record_guard.h"
 #include "platform/data/error.h"
 
 namespace quor {
 
-StandardObjectUIO::StandardObjectUIO(Company& company, std::shared_ptr<QuorMainBO> bo, std::string user)
-    : company_(company), bo_(std::move(bo)), user_(std::move(user)) {}
-
-std::string StandardObjectUIO::GetGUID() { return new_guid(); }
-
-quor::Fields StandardObjectUIO::Fields() { return record_ ? record_->Fields() : quor::Fields(); }
-
-// The standard object has no named data and methods of its own: that is what the plug-in's objects add.
-MethodResult StandardObjectUIO::Properties(const std::string& /*name*/, const std::string& /*parameter*/) { return {}; }
-MethodResult StandardObjectUIO::Methods(const std::string& /*name*/, const Parameters& /*parameters*/) { return {}; }
-
-SaveStatus StandardObjectUIO::Read() {
-  const RecordType* const type = record_type(std::string_view(oidr_).substr(0, kTypeCodeLength));
-  if (type == nullptr) return {.Failed = true, .ErrorText = "Nežinomas objekto tipas: „" + oidr_ + "“."};
-  if (oidr_.size() <= kTypeCodeLength) {
-    make_new_record(*type);
-    return {};
-  }
-  try {
-    const auto id = id_of_key(oidr_);
-    if (id && read_record(*type, *id)) return {};
-    return {.Failed = true, .ErrorText = "Įrašo „" + oidr_ + "“ nėra."};
-  } catch (const StoreError& error) {
-    return {.Failed = true, .ErrorText = error.what()};
-  }
-}
-
-SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*parameter*/) {
-  const RecordType* const type = record_type(std::string_view(oidr_).substr(0, kTypeCodeLength));
-  if (!record_ || type == nullptr) return {.Failed = true, .ErrorText = "Nėra ką įrašyti: įrašas neperskaitytas."};
-  try {
-    record_->Update();
-    if (const auto id = id_of_key(oidr_)) {
-      update_record(*type, *id);
-    } else {
-      insert_record(*type);
-    }
-    company_.forget();
-    record_->AcceptBatch();
-    if (const auto rows = child_rows(*type)) rows->AcceptBatch();
-    return {};
-  } catch (const StoreError& error) {
-    return {.Failed = true, .ErrorText = error.what()};
-  }
-}
-
-void StandardObjectUIO::CancelUpdate() {
-  if (!record_) return;
-  if (id_of_key(oidr_)) {
-    record_->CancelBatch();
-  } else if (const RecordType* const type = record_type(std::string_view(oidr_).substr(0, kTypeCodeLength))) {
-    make_new_record(*type);  // nothing is stored to go back to: the record is empty again
-  }
-}
-
 namespace {
 
-// One open row of the type's fields, and the rows that belong to it.
+bool is_new_key(const std::string& oidr) { return oidr.size() <= kTypeCodeLength; }
+
+SaveStatus failed(const std::string& text) { return {.Failed = true, .ErrorText = text}; }
+
+// One open row of the type's fields; the field for the rows that belong to it is null.
 std::shared_ptr<Recordset> empty_record(const RecordType& type) {
   auto record = std::make_shared<Recordset>();
   for (const RecordField& field : type.fields) {
@@ -79,87 +29,189 @@ std::shared_ptr<Recordset> empty_record(const RecordType& type) {
 
 }  // namespace
 
-void StandardObjectUIO::make_new_record(const RecordType& type) {
-  record_ = empty_record(type);
-  if (type.rows) record_->set_field(type.rows->field, new_child_rows(*type.rows));
+StandardObjectUIO::StandardObjectUIO(QuorApplication& application, Company& company, std::string user,
+                                     std::string object_type)
+    : application_(application),
+      company_(company),
+      bo_(application.NewMainBO()),
+      user_(std::move(user)),
+      object_type_(std::move(object_type)),
+      type_(record_type(object_type_)),
+      otype_(object_type_) {}
+
+std::string StandardObjectUIO::GetGUID() { return new_guid(); }
+
+quor::Fields StandardObjectUIO::Fields() { return record_ ? record_->Fields() : quor::Fields(); }
+
+// The standard object has no named data and methods of its own: that is what the plug-in's objects add.
+MethodResult StandardObjectUIO::Properties(const std::string& /*name*/, const std::string& /*parameter*/) { return {}; }
+MethodResult StandardObjectUIO::Methods(const std::string& /*name*/, const Parameters& /*parameters*/) { return {}; }
+
+SaveStatus StandardObjectUIO::Read() {
+  if (type_ == nullptr) return failed("Nežinomas objekto tipas: „" + object_type_ + "“.");
+  try {
+    if (is_new_key(oidr_) && !type_->read_only) {
+      make_new_record();
+      preview_.clear();
+    } else if (!oidr_.starts_with(object_type_)) {
+      return failed("Įrašas „" + oidr_ + "“ kito tipo: laukiama „" + object_type_ + "“.");
+    } else {
+      const auto id = id_of_key(oidr_);
+      if (!id || !read_record(*id)) return failed("Įrašo „" + oidr_ + "“ nėra.");
+    }
+    read_oidr_ = oidr_;
+    return {};
+  } catch (const StoreError& error) {
+    return failed(error.what());
+  } catch (const Error& error) {  // what is stored does not fit its field
+    return failed(error.what());
+  }
+}
+
+SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*parameter*/) {
+  if (!is_read()) return failed("Nėra ką įrašyti: įrašas neperskaitytas.");
+  try {
+    if (const std::string text = refusal(); !text.empty()) return failed(text);
+    record_->Filter("");  // commits what is being typed and stands on the record
+    if (id_) {
+      update_record(*id_);
+    } else {
+      id_ = insert_record();
+      oidr_ = read_oidr_ = object_key(object_type_, *id_);
+    }
+    company_.forget();
+    record_->AcceptBatch();
+    if (const auto rows = child_rows()) rows->AcceptBatch();
+    show_name();
+    return {};
+  } catch (const StoreError& error) {
+    changed_elsewhere_ = error.fault() == StoreFault::kChangedElsewhere;
+    return failed(error.what());
+  }
+}
+
+void StandardObjectUIO::CancelUpdate() {
+  if (!record_) return;
+  if (!id_) {
+    make_new_record();  // nothing is stored to go back to
+    return;
+  }
+  // What was read is no longer what is stored: another save from it would be refused again.
+  if (changed_elsewhere_) {
+    try {
+      if (read_record(*id_)) return;
+    } catch (const StoreError&) {  // then back to what was read
+    } catch (const Error&) {
+    }
+  }
+  record_->CancelBatch();
+}
+
+bool StandardObjectUIO::is_read() const { return record_ && (id_ ? oidr_ == read_oidr_ : is_new_key(oidr_)); }
+
+// Why the user may not store the record; "" when nothing is against it.
+std::string StandardObjectUIO::refusal() const {
+  if (type_->read_only) {
+    return std::string("Čia ") + type_->plural + " keisti negalima: tokius įrašus tvarko kita programos dalis.";
+  }
+  const UserRight right = id_ ? UserRight::kWrite : UserRight::kCreate;
+  if (application_.HasRight(right, std::string(type_->rights_of), 0)) return "";
+  return std::string("Neturite teisės ") + (id_ ? "keisti " : "kurti ") + type_->plural + ".";
+}
+
+void StandardObjectUIO::make_new_record() {
+  record_ = empty_record(*type_);
+  if (type_->rows) record_->set_field(type_->rows->field, new_child_rows(*type_->rows));
+  id_.reset();
   row_version_ = 0;
 }
 
-bool StandardObjectUIO::read_record(const RecordType& type, std::int32_t id) {
+bool StandardObjectUIO::read_record(std::int32_t id) {
   std::string columns = "row_version";
   std::vector<FieldInfo> fields = {{"RowVersion", FieldType::kInt32}};
-  for (const RecordField& field : type.fields) {
+  for (const RecordField& field : type_->fields) {
     columns += std::string(", ") + field.column;
     fields.push_back(field.info);
   }
   Database& database = company_.database();
-  const auto stored = database.read("SELECT " + columns + " FROM " + type.table + " WHERE id = :p0", fields, {id});
+  const auto stored = database.read("SELECT " + columns + " FROM " + type_->table + " WHERE id = :p0", fields, {id});
   if (stored->RecordCount() == 0) return false;
-  auto record = empty_record(type);
-  for (const RecordField& field : type.fields) record->set_field(field.info.name, stored->field(field.info.name));
-  if (type.rows) {
+  auto record = empty_record(*type_);
+  for (const RecordField& field : type_->fields) record->set_field(field.info.name, stored->field(field.info.name));
+  if (type_->rows) {
     const std::string guid = null_to_text(record->field("GUID"));
-    record->set_field(type.rows->field, read_child_rows(database, *type.rows, id, guid));
+    record->set_field(type_->rows->field, read_child_rows(database, *type_->rows, id, guid));
   }
   record->Update();
   record->AcceptBatch();
   record_ = record;
+  id_ = id;
   row_version_ = stored->field("RowVersion").to_int32();
-  if (type.name_field != nullptr) preview_ = null_to_text(record->field(type.name_field));
+  changed_elsewhere_ = false;
+  show_name();
   return true;
 }
 
+void StandardObjectUIO::show_name() {
+  if (type_->name_field != nullptr) preview_ = null_to_text(record_->field(type_->name_field));
+}
+
 // The rows that belong to the record, with what is being typed committed; null when the type has none.
-std::shared_ptr<Recordset> StandardObjectUIO::child_rows(const RecordType& type) const {
-  if (!type.rows) return nullptr;
-  const Variant rows = record_->field(type.rows->field);
+std::shared_ptr<Recordset> StandardObjectUIO::child_rows() const {
+  if (!type_->rows) return nullptr;
+  const Variant rows = record_->field(type_->rows->field);
   return rows.is_null() ? nullptr : rows.record_set();
 }
 
-void StandardObjectUIO::store_rows(const RecordType& type, std::int32_t id) {
-  if (const auto rows = child_rows(type)) {
-    rows->Update();
-    store_child_rows(company_.database(), *type.rows, id, *rows);
+// All changed rows, whatever filter an editor has left and wherever it has left the cursor.
+void StandardObjectUIO::store_rows(std::int32_t id) {
+  if (const auto rows = child_rows()) {
+    if (!rows->Bof() && !rows->Eof()) rows->Update();
+    store_child_rows(company_.database(), *type_->rows, id, *rows);
   }
 }
 
-void StandardObjectUIO::insert_record(const RecordType& type) {
+Variant StandardObjectUIO::value_of(const RecordField& field, std::int32_t id) const {
+  return stored_value(company_.database(), type_->table, field, id, record_->field(field.info.name));
+}
+
+std::int32_t StandardObjectUIO::insert_record() {
   Database& database = company_.database();
   Transaction transaction(database);
-  const std::int32_t id = database.reserve_ids(type.table);
+  const std::int32_t id = database.reserve_ids(type_->table);
   std::string columns = "id, row_version, changed_by, changed_at";
   std::string binds = ":p0, :p1, :p2, :p3";
   std::vector<Variant> values = {id, 1, user_, change_time()};
-  for (const RecordField& field : type.fields) {
+  for (const RecordField& field : type_->fields) {
     columns += std::string(", ") + field.column;
     binds += ", :p" + std::to_string(values.size());
-    values.push_back(record_->field(field.info.name));
+    values.push_back(value_of(field, id));
   }
-  database.execute(std::string("INSERT INTO ") + type.table + " (" + columns + ") VALUES (" + binds + ")", values);
-  store_rows(type, id);
+  database.execute(std::string("INSERT INTO ") + type_->table + " (" + columns + ") VALUES (" + binds + ")", values);
+  store_rows(id);
   transaction.commit();
   row_version_ = 1;
-  oidr_ = object_key(type.object_type, id);
+  return id;
 }
 
-void StandardObjectUIO::update_record(const RecordType& type, std::int32_t id) {
+void StandardObjectUIO::update_record(std::int32_t id) {
   Database& database = company_.database();
   Transaction transaction(database);
   std::string assignments = "row_version = row_version + 1, changed_by = :p0, changed_at = :p1";
   std::vector<Variant> values = {user_, change_time()};
-  for (const RecordField& field : type.fields) {
+  for (const RecordField& field : type_->fields) {
     assignments += std::string(", ") + field.column + " = :p" + std::to_string(values.size());
-    values.push_back(record_->field(field.info.name));
+    values.push_back(value_of(field, id));
   }
   const std::string id_bind = ":p" + std::to_string(values.size());
   values.push_back(id);
   const std::string version_bind = ":p" + std::to_string(values.size());
   values.push_back(row_version_);
-  const auto touched = database.execute(std::string("UPDATE ") + type.table + " SET " + assignments +
+  const auto touched = database.execute(std::string("UPDATE ") + type_->table + " SET " + assignments +
                                             " WHERE id = " + id_bind + " AND row_version = " + version_bind,
                                         values);
-  if (touched == 0) throw_changed_elsewhere(database, type.table, id);
-  store_rows(type, id);
+  if (touched == 0) throw_changed_elsewhere(database, type_->table, id);
+  store_rows(id);
   transaction.commit();
   ++row_version_;
 }

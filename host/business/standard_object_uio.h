@@ -4,13 +4,16 @@
 //   created   as set        null
 //   new       <= 8 chars    one empty row; Save stores it and gives OIDR its full length
 //   read      type + ID     the stored row; Save writes what changed, if nobody else wrote it meanwhile
+//
+// Whoever sets another OIDR reads before the next Save. A save that is refused loses nothing of what was typed.
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
+#include "frame/contract/quor_application.h"
 #include "frame/contract/quor_object_ui.h"
-#include "frame/contract/quor_object_uio.h"
 #include "host/business/company.h"
 #include "host/business/record_types.h"
 
@@ -18,8 +21,9 @@ namespace quor {
 
 class StandardObjectUIO : public QuorObjectUIO {
  public:
-  // `user` is who changes the record, for others to read. The company outlives the object.
-  StandardObjectUIO(Company& company, std::shared_ptr<QuorMainBO> bo, std::string user);
+  // Keeps records of `object_type`. `user` is who changes them, for others to read; the application says what that
+  // user may do. Application and company outlive the object.
+  StandardObjectUIO(QuorApplication& application, Company& company, std::string user, std::string object_type);
 
   std::string GetGUID() override;
   std::string OID() const override { return oid_; }
@@ -36,27 +40,46 @@ class StandardObjectUIO : public QuorObjectUIO {
   MethodResult Properties(const std::string& name, const std::string& parameter) override;
   MethodResult Methods(const std::string& name, const Parameters& parameters) override;
   SaveStatus Read() override;
+  // Also refuses when the user lacks the right to write, or to create a new record, and for a type that is only read.
   SaveStatus Save(std::int32_t flag, const std::string& parameter) override;
   void UI(std::shared_ptr<QuorObjectUI> value) override { ui_ = std::move(value); }
   std::shared_ptr<QuorObjectUI> UI() const override { return ui_; }
   std::shared_ptr<QuorMainBO> BO() const override { return bo_; }
+  // A new record is empty again; a stored one is what was read or saved last, or what others have made of it when that
+  // is why the save was refused.
   void CancelUpdate() override;
 
- private:
-  void make_new_record(const RecordType& type);
-  bool read_record(const RecordType& type, std::int32_t id);
-  std::shared_ptr<Recordset> child_rows(const RecordType& type) const;
-  void store_rows(const RecordType& type, std::int32_t id);
-  void insert_record(const RecordType& type);
-  void update_record(const RecordType& type, std::int32_t id);
+ protected:
+  QuorApplication& application() const { return application_; }
+  Company& company() const { return company_; }
+  const std::string& user() const { return user_; }
 
+ private:
+  bool is_read() const;  // the record is the one that OIDR names
+  std::string refusal() const;
+  void make_new_record();
+  bool read_record(std::int32_t id);
+  std::shared_ptr<Recordset> child_rows() const;
+  void store_rows(std::int32_t id);
+  Variant value_of(const RecordField& field, std::int32_t id) const;
+  std::int32_t insert_record();
+  void update_record(std::int32_t id);
+  void show_name();
+
+  QuorApplication& application_;
   Company& company_;
   std::shared_ptr<QuorMainBO> bo_;
   std::shared_ptr<QuorObjectUI> ui_;
   std::string user_;
+  std::string object_type_;
+  const RecordType* type_;  // null when the host stores no such records
   std::string oid_, oidr_, otype_, preview_;
+
   std::shared_ptr<Recordset> record_;
+  std::string read_oidr_;           // as it was when the record was read or stored
+  std::optional<std::int32_t> id_;  // of the stored record; none while it is new
   std::int32_t row_version_ = 0;
+  bool changed_elsewhere_ = false;
 };
 
 }  // namespace quor

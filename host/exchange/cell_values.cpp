@@ -76,6 +76,10 @@ ParsedCell parse_cell(CellType type, std::string_view text) {
     }
     case CellType::kWhole:
       return parsed(whole(text), text, "sveikasis skaičius");
+    case CellType::kFlag: {
+      const auto flag = whole(text);
+      return parsed(flag == 0 || flag == 1 ? flag : std::nullopt, text, "0 arba 1");
+    }
     case CellType::kNumber:
       return parsed(number(text), text, "skaičius");
     case CellType::kDate:

@@ -40,7 +40,7 @@ ImportCheck::ImportCheck(Database& database, std::vector<TableFile>& files, std:
 
 TablePlan ImportCheck::check(TableFile& file) {
   const ExchangedTable& table = *file.table;
-  TablePlan plan{.table = &table, .added = {}, .changed = {}};
+  TablePlan plan{.table = &table, .added = {}, .changed = {}, .owners = {}};
   resolve_time_codes(file);
   check_references(file);
   const RowByKey by_key = rows_by_key(file, table.key);
@@ -86,6 +86,8 @@ void ImportCheck::compare(const TableFile& file, FileRow& row, const std::vector
       file.add_fault(faults_, row, file.table->closed_by, kClosed);
     row.id = id;
     plan.changed.push_back(row);
+    note_owner(stored, plan);
+    note_owner(row.cells, plan);
   }
 }
 
@@ -95,6 +97,13 @@ void ImportCheck::add(const TableFile& file, FileRow& row, TablePlan& plan) {
     if (!file.present[at]) row.cells[at] = kNull;
   }
   plan.added.push_back(row);
+  note_owner(row.cells, plan);
+}
+
+void ImportCheck::note_owner(const std::vector<Variant>& cells, TablePlan& plan) {
+  if (plan.table->owner.empty()) return;
+  const Variant& owner = cells[plan.table->column(plan.table->owner)];
+  if (!owner.is_empty()) plan.owners.insert(owner.to_int32());
 }
 
 void ImportCheck::resolve_time_codes(TableFile& file) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -22,6 +23,7 @@ struct TablePlan {
   std::vector<FileRow> added;  // in an order in which they can be written
   std::vector<FileRow> changed;
   std::size_t unchanged = 0;
+  std::set<std::int32_t> owners;  // of the rows added and changed, also those that a changed row has left
 };
 
 class ImportCheck {
@@ -39,6 +41,7 @@ class ImportCheck {
   void compare(const TableFile& file, FileRow& row, const std::vector<Variant>& stored, std::int32_t id,
                TablePlan& plan);
   void add(const TableFile& file, FileRow& row, TablePlan& plan);
+  static void note_owner(const std::vector<Variant>& cells, TablePlan& plan);
   void resolve_time_codes(TableFile& file);
   void check_references(TableFile& file);
   // The file's rows by that key; a row with the key of an earlier one is a fault.

@@ -12,6 +12,7 @@ namespace quor {
 namespace {
 
 constexpr char kChanges[] = "imported_changes";
+constexpr std::size_t kOwnersPerStatement = 500;
 
 // The rows as columns of the database: the file's, the hidden ID, the sort key.
 std::vector<ColumnData> columns_of(const ExchangedTable& table, const std::vector<FileRow>& rows) {
@@ -98,11 +99,31 @@ void change_rows(Database& database, const TablePlan& plan, const std::string& u
   }
 }
 
+// Whoever has the record open reads it again before the next save: what has come in would else be overwritten.
+void raise_owners(Database& database, const TablePlan& plan, const std::string& user) {
+  if (plan.owners.empty()) return;
+  const ExchangedTable& table = *plan.table;
+  const std::string owners(table.columns[table.column(table.owner)].references);
+  for (auto owner = plan.owners.begin(); owner != plan.owners.end();) {
+    std::vector<Variant> values = {user, change_time()};
+    std::string ids;
+    for (; owner != plan.owners.end() && values.size() < kOwnersPerStatement; ++owner) {
+      ids += (ids.empty() ? ":p" : ", :p") + std::to_string(values.size());
+      values.emplace_back(*owner);
+    }
+    database.execute("UPDATE " + owners +
+                         " SET row_version = row_version + 1, changed_by = :p0, changed_at = :p1 WHERE id IN (" + ids +
+                         ")",
+                     values);
+  }
+}
+
 }  // namespace
 
 void write_plan(Database& database, const TablePlan& plan, const std::string& user) {
   add_rows(database, plan, user);
   change_rows(database, plan, user);
+  raise_owners(database, plan, user);
 }
 
 }  // namespace quor

@@ -11,6 +11,7 @@ FieldType field_type(CellType type) {
   switch (type) {
     case CellType::kId:
     case CellType::kWhole:
+    case CellType::kFlag:
     case CellType::kTimeCode:
       return FieldType::kInt32;
     case CellType::kNumber:

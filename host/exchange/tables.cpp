@@ -60,7 +60,8 @@ std::vector<ExchangedTable> people_and_tariffs() {
                    {"date_from", kDate},
                    {"factor", kNumber}},
        .key = {"id"},
-       .uniques = {{"guid"}}},
+       .uniques = {{"guid"}},
+       .owner = "category_id"},
       {.name = "settings",
        .columns = {{"id", kId, kRequired},
                    {"guid", kText, kRequired},
@@ -82,7 +83,8 @@ std::vector<ExchangedTable> people_and_tariffs() {
                    {"year_to", kWhole},
                    {"percentage", kNumber}},
        .key = {"id"},
-       .uniques = {{"guid"}}},
+       .uniques = {{"guid"}},
+       .owner = "settings_id"},
       {.name = "experience",
        .columns = {{"id", kId, kRequired},
                    {"employee_id", kId, kRequired, "employees"},
@@ -118,6 +120,25 @@ std::vector<ExchangedTable> people_and_tariffs() {
                    {"date_to", kDate}},
        .key = {"id"},
        .versioned = true},
+  };
+}
+
+std::vector<ExchangedTable> users_and_rights() {
+  using enum CellType;
+  return {
+      {.name = "users",
+       .columns = {{"id", kId, kRequired}, {"name", kText, kRequired}, {"administrator", kFlag, kRequired}},
+       .key = {"id"},
+       .uniques = {{"name"}}},
+      {.name = "rights",
+       .columns = {{"user_id", kId, kRequired, "users"},
+                   {"component", kText, kRequired},
+                   {"can_view", kFlag, kRequired},
+                   {"can_create", kFlag, kRequired},
+                   {"can_delete", kFlag, kRequired},
+                   {"can_print", kFlag, kRequired},
+                   {"can_write", kFlag, kRequired}},
+       .key = {"user_id", "component"}},
   };
 }
 
@@ -182,8 +203,10 @@ std::vector<ExchangedTable> months() {
 }
 
 std::vector<ExchangedTable> all_tables() {
-  std::vector<ExchangedTable> tables = people_and_tariffs(), other = months();
-  for (ExchangedTable& table : other) tables.push_back(std::move(table));
+  std::vector<ExchangedTable> tables;
+  for (const auto& part : {people_and_tariffs(), users_and_rights(), months()}) {
+    tables.insert(tables.end(), part.begin(), part.end());
+  }
   return tables;
 }
 

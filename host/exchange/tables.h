@@ -14,6 +14,7 @@ namespace quor {
 enum class CellType {
   kId,          // 1 … 2147483646
   kWhole,       // any 32-bit whole number
+  kFlag,        // 0 or 1
   kNumber,      // a finite double
   kDate,        // "2008-01-31"
   kMonth,       // "2008-01", stored as its first day
@@ -40,6 +41,7 @@ struct ExchangedTable {
   bool versioned = false;           // has row_version, changed_by, changed_at
   bool hidden_id = false;           // has an id that does not travel
   std::string_view closed_by = {};  // the column (a month or a document) by which a closed month holds the row
+  std::string_view owner = {};      // the column with the versioned record that the row is a part of
 
   std::size_t column(std::string_view column_name) const;  // its place; the column must be there
 };

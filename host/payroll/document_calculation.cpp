@@ -46,7 +46,7 @@ std::string row_guid(const MonthDocument& document, const std::string& place) {
 
 DocumentCalculation::DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs)
     : engine_(application.new_data_object(kSalaryExtensionType)),
-      salary_document_(std::make_shared<SalaryDocument>(application.company(), application.NewMainBO(), "")),
+      salary_document_(std::make_shared<SalaryDocument>(application, application.company())),
       rules_{month, inputs.norm_hours, inputs.basic_time_code, surcharge_codes(application, month.last_day())} {}
 
 CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/data/error.h"
+#include "host/business/departments.h"
 
 namespace quor {
 
@@ -110,19 +110,6 @@ MonthInputs read_month_inputs(Company& company, const Month& month, std::optiona
   read_worked_time(database, month, inputs.people);
   read_charges(database, month, inputs.people);
   return inputs;
-}
-
-std::string in_department(const std::string& department_column, const std::string& bind) {
-  return department_column + " IN (WITH RECURSIVE tree (id) AS (SELECT id FROM departments WHERE id = " + bind +
-         " UNION SELECT d.id FROM departments d JOIN tree ON d.parent_id = tree.id) SELECT id FROM tree)";
-}
-
-void require_department(Company& company, std::int32_t department) {
-  const auto found =
-      company.database().read("SELECT id FROM departments WHERE id = :p0", {{"ID", FieldType::kInt32}}, {department});
-  if (found->RecordCount() == 0) {
-    throw Error(ErrorKind::kObjectMissing, "Nėra padalinio, kurio ID yra " + std::to_string(department) + ".");
-  }
 }
 
 }  // namespace quor

@@ -50,9 +50,4 @@ struct MonthInputs {
 // A fixed number of statements. Throws StoreError, and quor::Error for an unknown department.
 MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department);
 
-// The SQL condition that `employee` (an alias's column) belongs to the department bound to `bind` or to one below it.
-std::string in_department(const std::string& department_column, const std::string& bind);
-// Throws quor::Error (ObjectMissing) naming it when there is no such department.
-void require_department(Company& company, std::int32_t department);
-
 }  // namespace quor

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "host/business/departments.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/document_calculation.h"
 #include "platform/data/column.h"

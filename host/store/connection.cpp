@@ -68,6 +68,11 @@ std::string fault_text(StoreFault fault, const std::string& name, const std::str
   }
 }
 
+StoreError unreachable(const std::string& name, const soci::soci_error& error) {
+  return StoreError(StoreFault::kMissing,
+                    "nepavyko pasiekti įmonės „" + name + "“: " + reason(error.get_error_message()));
+}
+
 // SQLite ends a transaction by itself when the disk is full or fails: nothing is left to roll back then.
 // (The sanitizer cannot look at the backend's class: its library keeps the type information to itself.)
 [[gnu::no_sanitize("vptr")]] bool has_ended_by_itself(soci::session& session) {
@@ -158,13 +163,29 @@ std::unique_ptr<Database::Connection> Database::Connection::to_server(const std:
   try {
     connection = std::make_unique<Connection>(soci::postgresql, server.connect_text, server.shown);
   } catch (const soci::soci_error& error) {
-    throw StoreError(StoreFault::kMissing,
-                     "nepavyko pasiekti įmonės „" + server.shown + "“: " + reason(error.get_error_message()));
+    throw unreachable(server.shown, error);
   }
-  connection->command("SET client_encoding = 'UTF8'");
-  connection->command("SET client_min_messages = warning");
-  connection->command("SET lock_timeout = " + std::to_string(kPatienceMilliseconds));
+  connection->prepare_server_session();
   return connection;
+}
+
+void Database::Connection::prepare_server_session() {
+  command("SET client_encoding = 'UTF8'");
+  command("SET client_min_messages = warning");
+  command("SET lock_timeout = " + std::to_string(kPatienceMilliseconds));
+}
+
+// The server has rolled back what was open on the old connection: a broken one is as good as a lost one.
+bool Database::Connection::reconnect() {
+  if (!is_lost() || state == State::kTransaction || state == State::kDoomed) return false;
+  try {
+    session.reconnect();
+  } catch (const soci::soci_error& error) {
+    throw unreachable(name, error);
+  }
+  state = State::kOpen;
+  prepare_server_session();
+  return true;
 }
 
 void Database::Connection::command(const std::string& sql) {

@@ -41,14 +41,14 @@ struct Database::Connection {
   // Counts, asks the fault hook, runs `work(session)`, translates what fails and dooms the open transaction.
   template <typename Work>
   auto run(Work&& work) {
-    if (state == State::kBroken)
-      throw StoreError(StoreFault::kFailed, "ryšys su įmonės duomenimis nutrūko: „" + name + "“");
+    if (state == State::kBroken) throw lost();
     ++statements;
     try {
       if (fault) fault(statements);
       return work(session);
     } catch (const soci::soci_error& error) {
       doom();
+      if (is_lost()) throw lost();
       throw translated(error, name);
     } catch (...) {
       doom();
@@ -62,6 +62,8 @@ struct Database::Connection {
   void begin();
   void commit();     // the transaction stays open when it throws
   void roll_back();  // broken when it throws
+  // See Database::reconnect.
+  bool reconnect();
 
   soci::session session;
   std::string name;
@@ -71,8 +73,11 @@ struct Database::Connection {
   std::function<void(std::uint64_t)> fault;
 
  private:
+  void prepare_server_session();
   void lock_for_writing();
   void doom();
+  bool is_lost() { return on_server && !session.is_connected(); }  // asks the server
+  StoreError lost() const { return {StoreFault::kFailed, "ryšys su įmonės duomenimis nutrūko: „" + name + "“"}; }
 };
 
 }  // namespace quor

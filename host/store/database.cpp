@@ -71,6 +71,8 @@ std::int32_t Database::reserve_ids(std::string_view table, std::int32_t count) {
   return static_cast<std::int32_t>(next.value_or(0) - count);
 }
 
+bool Database::reconnect() { return connection_->reconnect(); }
+
 std::int64_t Database::change_count() {
   return connection_->whole_number("SELECT change_count FROM company").value_or(0);
 }

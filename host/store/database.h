@@ -8,7 +8,7 @@
 //   open               a Transaction -> transaction open
 //   transaction open   commit or roll-back -> open; a statement that fails -> doomed
 //   doomed             roll-back -> open (commit refuses and rolls back)
-//   broken             nothing: a roll-back failed, every further statement fails; close the Database
+//   broken             a roll-back failed, every further statement fails; close the Database, or reconnect()
 #pragma once
 
 #include <cstdint>
@@ -74,6 +74,10 @@ class Database {
   // Reserves `count` (1 or more) IDs of the table and answers the first; the first ever is 1. Part of the open
   // transaction, if any: a roll-back gives the IDs back.
   std::int32_t reserve_ids(std::string_view table, std::int32_t count = 1);
+
+  // Connects anew when the server has dropped the connection; false when there is nothing to mend: a connection that
+  // stands, a file, an open transaction. Throws kMissing while the server is not to be reached.
+  bool reconnect();
 
   // A number that every committed transaction of any program raises: what was read at an equal number still holds.
   std::int64_t change_count();

@@ -46,6 +46,21 @@ class RecordingObject : public QuorObjectUIO {
   std::shared_ptr<QuorMainBO> bo_;
 };
 
+// Gives the plug-in's data objects a standard object that records, and can be renamed while they live.
+class RecordingApplication : public TestApplication {
+ public:
+  using TestApplication::TestApplication;
+  std::string Title() const override { return title; }
+  std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO(const std::string& object_type) override {
+    types.push_back(object_type);
+    return standard = std::make_shared<RecordingObject>(NewMainBO());
+  }
+
+  std::string title = "Pirmas";
+  std::vector<std::string> types;  // asked for
+  std::shared_ptr<RecordingObject> standard;
+};
+
 // An object UI that only finds objects, and says which were asked for.
 class FindingUI : public QuorObjectUI {
  public:

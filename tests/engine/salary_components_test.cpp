@@ -19,7 +19,7 @@ const char* const kJanuary = "2008.01.31";
 class Document : public quor::StandardObjectUIO {
  public:
   explicit Document(quor::TestCompany& company)
-      : StandardObjectUIO(company.company(), company.application().NewMainBO(), "") {}
+      : StandardObjectUIO(company.application(), company.company(), "", quor::kSalaryExtensionType) {}
   quor::MethodResult Properties(const std::string& name, const std::string& parameter) override {
     asked.push_back(name + "(" + parameter + ")");
     return collection;
@@ -49,7 +49,7 @@ class SalaryComponentsTest : public testing::Test {
   }
   // A row of the document, edited and not stored.
   quor::Variant extra_row(const char* contract, const char* norm, quor::Variant constant_type, quor::Variant category) {
-    auto row = company_.application().NewStandardObjectUIO();
+    auto row = company_.application().NewStandardObjectUIO(quor::kSalaryExtensionType);
     row->OIDR(quor::kSalaryExtensionType);
     EXPECT_FALSE(row->Read().Failed);
     row->Fields()["PersonalContractGUID"].Value(contract);

@@ -12,18 +12,6 @@ using quor::kNull;
 using quor::Parameters;
 using Texts = std::vector<std::string>;
 
-// Gives the engine a standard object that records, and can be renamed while the engine lives.
-class EngineApplication : public quor::TestApplication {
- public:
-  using TestApplication::TestApplication;
-  std::string Title() const override { return title; }
-  std::shared_ptr<quor::QuorObjectUIO> NewStandardObjectUIO() override {
-    return standard = std::make_shared<quor::RecordingObject>(NewMainBO());
-  }
-  std::string title = "Pirmas";
-  std::shared_ptr<quor::RecordingObject> standard;
-};
-
 class EngineTest : public testing::Test {
  protected:
   std::string called(const std::string& method, const Parameters& parameters) {
@@ -31,7 +19,7 @@ class EngineTest : public testing::Test {
   }
 
   quor::TestCompany company_;
-  EngineApplication application_{company_.company(), {}};
+  quor::RecordingApplication application_{company_.company(), {}};
   UIO0402000 engine_{application_};
 };
 

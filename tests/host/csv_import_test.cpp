@@ -154,6 +154,10 @@ TEST_P(CsvImport, TellsEveryFaultWithItsLineAndWritesNothing) {
       {"a code twice",
        {"constant_types", kTypes + "3,X,x\n4,X,y\n"},
        "constant_types.csv:3: stulpelis „code“: „code X“ jau yra 2 eilutėje"},
+      {"neither yes nor no",
+       {"users", "id,name,administrator\n1,A,2\n2,B,1\n3,C,-1\n"},
+       "users.csv:2: stulpelis „administrator“: „2“ nėra 0 arba 1\n"
+       "users.csv:4: stulpelis „administrator“: „-1“ nėra 0 arba 1"},
       {"no such department",
        {"departments", kDepartments + "3,4,C\n"},
        "departments.csv:2: stulpelis „parent_id“: „4“: lentelėje „departments“ tokio įrašo nėra"},
@@ -255,6 +259,31 @@ TEST_P(CsvImport, ChangesWhatDiffersAddsWhatIsNewAndLeavesTheRest) {
   EXPECT_EQ(exported("worked_time"),
             "employee_id,date,time_code,hours\r\n1,2007-12,FD,160\r\n1,2008-01-15,FD,6\r\n1,2008-01,FD,5\r\n");
   EXPECT_EQ(count(*database_, "employees WHERE usr_acc_date IS NULL"), 3);
+}
+
+TEST_P(CsvImport, RowsThatComeInAreAChangeOfTheRecordTheyArePartOf) {
+  const auto versions = [&] {
+    const auto rows = database_->read("SELECT row_version, changed_by FROM categories ORDER BY id",
+                                      {{"Version", FieldType::kInt32}, {"User", FieldType::kText}});
+    std::string text;
+    for (; !rows->Eof(); rows->MoveNext()) {
+      text += rows->field("Version").to_text() + null_to_text(rows->field("User")).substr(0, 1) + " ";
+    }
+    return text;
+  };
+  const std::string header = "id,guid,category_id,factor\n";
+  bring({{"categories", "id,guid,name\n1,A,a\n2,B,b\n3,C,c\n"}});
+  database_->execute("UPDATE categories SET changed_by = 'ona'");
+  const std::pair<std::string, const char*> steps[] = {
+      {"1,R1,1,5\n2,R2,2,6\n", "2t 2t 1o "},  // new rows
+      {"1,R1,1,5\n2,R2,2,6\n", "2t 2t 1o "},  // nothing differs
+      {"1,R1,1,7\n2,R2,2,6\n", "3t 2t 1o "},
+      {"2,R2,3,6\n", "3t 3t 2t "},  // a row that moves leaves one and comes to another
+  };
+  for (const auto& [rows, expected] : steps) {
+    bring({{"category_rows", header + rows}});
+    EXPECT_EQ(versions(), expected) << rows;
+  }
 }
 
 TEST_P(CsvImport, CommitsNothingWhenNothingDiffers) {

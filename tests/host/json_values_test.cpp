@@ -11,7 +11,7 @@ namespace {
 TEST(JsonValues, EveryKindOfValueHasItsForm) {
   TestCompany company;
   company.given_position({.employee = company.given_employee("Pirmoji")});
-  const auto object = company.application().NewStandardObjectUIO();
+  const auto object = company.application().NewStandardObjectUIO("O0402000");
   object->OIDR("O04020001");
   struct Case {
     Variant value;

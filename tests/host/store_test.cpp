@@ -1,6 +1,7 @@
 // The store on every database: what is written comes back, and what fails leaves nothing behind.
 #include <gtest/gtest.h>
 
+#include "host/business/company.h"
 #include "host/store/database.h"
 #include "host/store/sort_key.h"
 #include "platform/data/column.h"
@@ -324,6 +325,45 @@ TEST_P(Store, OrdersNamesByTheLithuanianAlphabet) {
     EXPECT_EQ(text.find_first_not_of("0123456789"), text.find(' '));
     rows->MoveNext();
   }
+}
+
+TEST(ALostServer, IsReachedAgainOnceItIsBackWithNothingHalfWritten) {
+  const auto place = backends()[1].make_place();
+  Company company(Database::create(place->address()));
+  Database& database = company.database();
+  const auto other = Database::open(place->address());
+  const auto allow_connections = [&](const char* allowed) {
+    other->execute(std::string("UPDATE pg_database SET datallowconn = ") + allowed +
+                   " WHERE datname = current_database()");
+  };
+  const auto rename = [&] {
+    Transaction transaction(database);
+    database.execute("UPDATE company SET name = 'Nauja'");
+    if (count(*other, "pg_stat_activity WHERE datname = current_database()") == 2) {
+      other->read(
+          "SELECT CAST(pg_terminate_backend(pid) AS INTEGER) FROM pg_stat_activity"
+          " WHERE datname = current_database() AND pid <> pg_backend_pid()",
+          {{"Done", FieldType::kInt32}});
+    }
+    database.execute("UPDATE company SET name = name || '!'");
+    transaction.commit();
+  };
+  EXPECT_FALSE(database.reconnect());
+  allow_connections("false");
+  const std::string lost = "ryšys su įmonės duomenimis nutrūko: „" + database.name() + "“";
+  EXPECT_EQ(refusal_of(rename).text, lost);
+  const Refusal away = refusal_of([&] { company.refresh(); });
+  EXPECT_EQ(away.fault, StoreFault::kMissing);
+  EXPECT_NE(away.text.find("nepavyko pasiekti įmonės „" + database.name()), std::string::npos) << away.text;
+  EXPECT_EQ(refusal_of([&] { database.change_count(); }).text, lost);
+  allow_connections("true");
+  company.refresh();
+  EXPECT_EQ(count(database, "company WHERE name = ''"), 1);
+  Transaction transaction(database);
+  database.execute("UPDATE company SET name = 'Vėl'");
+  EXPECT_FALSE(database.reconnect()) << "not within a transaction";
+  transaction.commit();
+  EXPECT_EQ(count(*other, "company WHERE name = 'Vėl'"), 1);
 }
 
 }  // namespace

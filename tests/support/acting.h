@@ -12,11 +12,11 @@
 
 namespace quor {
 
-// Types over what is in the box, without leaving it: as if it had been clicked and all its text selected.
+// Clears the box and types into it, without leaving it.
 inline void type_over(TextBox& box, std::string_view keys) {
   box.enter();
   box.select(0, character_count(box.text()));
-  if (keys.empty()) box.type_key(TextBox::kBackspace);
+  box.type_key(TextBox::kBackspace);
   while (!keys.empty()) box.type_key(take_character(keys));
 }
 

@@ -19,6 +19,15 @@ class RecordingBO : public QuorMainBO {
     const auto answer = application_.answers.find(name);
     return answer == application_.answers.end() ? real_->RunMethod(name, parameter, flag) : answer->second;
   }
+  std::shared_ptr<Recordset> GetQuorObjectList(const std::string& parameter, const std::string& filter,
+                                               const std::string& order) override {
+    return real_->GetQuorObjectList(parameter, filter, order);
+  }
+  bool DeleteQuorObject(const std::string& object) override { return real_->DeleteQuorObject(object); }
+  SaveStatus SaveRecordset(const std::string& name, Recordset& rows) override {
+    return real_->SaveRecordset(name, rows);
+  }
+  std::string GroupContext() const override { return real_->GroupContext(); }
 
  private:
   TestApplication& application_;
@@ -29,6 +38,15 @@ class RecordingBO : public QuorMainBO {
 
 std::shared_ptr<QuorMainBO> TestApplication::NewMainBO() {
   return std::make_shared<RecordingBO>(*this, Application::NewMainBO());
+}
+
+BoxAnswer TestApplication::MessageBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
+                                      const std::string& title) {
+  const BoxAnswer alone = Application::MessageBox(text, icon, buttons, title);
+  if (buttons == BoxButtons::kOk || next_answers_.empty()) return alone;
+  const BoxAnswer answer = next_answers_.front();
+  next_answers_.pop_front();
+  return answer;
 }
 
 std::vector<std::string> TestApplication::boxes() const {
@@ -78,8 +96,13 @@ std::int32_t TestCompany::given_constant(const char* code, const std::vector<Dat
 }
 
 std::int32_t TestCompany::given_settings(const Settings& settings) {
-  const std::int32_t id = insert("settings", "guid, date_from, base_month_tariff_id, base_hour_tariff_id, row_version",
-                                 {new_guid(), day(settings.from), settings.month_tariff, settings.hour_tariff, 1});
+  const std::int32_t id =
+      insert("settings",
+             "guid, date_from, base_month_tariff_id, base_hour_tariff_id,"
+             " personal_time_code_id_list, extra_charge_percentage, surcharge_percentage,"
+             " total_charge_percentage, row_version",
+             {new_guid(), day(settings.from), settings.month_tariff, settings.hour_tariff, settings.time_codes,
+              settings.extra_limit, settings.surcharge_limit, settings.total_limit, 1});
   for (const Band& band : settings.bands) {
     insert("settings_rows", "guid, settings_id, year_from, year_to, percentage",
            {new_guid(), id, band.year_from, band.year_to, band.percentage});
@@ -98,6 +121,23 @@ std::int32_t TestCompany::given_position(const Position& position) {
                 " row_version",
                 {position.employee, position.contract, position.norm, position.constant_type, position.category,
                  position.share, day(position.from), position.to, 1});
+}
+
+std::int32_t TestCompany::given_user(const char* name, bool administrator) {
+  company_.forget();
+  return insert("users", "name, administrator", {name, administrator ? 1 : 0});
+}
+
+void TestCompany::given_rights(std::int32_t user, const char* component, std::string_view letters) {
+  std::vector<Variant> values = {user, component};
+  for (const char letter : {'v', 'c', 'd', 'p', 'w'}) {
+    values.emplace_back(letters.find(letter) == std::string_view::npos ? 0 : 1);
+  }
+  database().execute(
+      "INSERT INTO rights (user_id, component, can_view, can_create, can_delete, can_print, can_write)"
+      " VALUES (:p0, :p1, :p2, :p3, :p4, :p5, :p6)",
+      values);
+  company_.forget();
 }
 
 std::int32_t TestCompany::given_charge(std::int32_t employee, Variant from, Variant to, Variant sum) {

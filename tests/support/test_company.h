@@ -4,9 +4,11 @@
 // Dates are texts, "2008.01.31". Every verb answers the ID of what it made.
 #pragma once
 
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "frame/contract/quor_object_uio.h"
@@ -21,13 +23,19 @@ class TestApplication : public Application {
  public:
   using Application::Application;
   std::shared_ptr<QuorMainBO> NewMainBO() override;
+  BoxAnswer MessageBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) override;
 
   std::vector<std::string> requests;            // "GetSalaryConstants('2008.01.31'), flag 0"
   std::map<std::string, MethodResult> answers;  // by request name: answered instead of asking the company
 
   void refuse(const std::string& request, const std::string& text) { answers[request] = {5, text, {}}; }
+  // What the next question is answered with; several are used up in order, then questions are not agreed to.
+  void answer(BoxAnswer answer) { next_answers_.push_back(answer); }
   // Each box shown so far as "icon, buttons, title: text".
   std::vector<std::string> boxes() const;
+
+ private:
+  std::deque<BoxAnswer> next_answers_;
 };
 
 struct Dated {
@@ -54,6 +62,10 @@ struct Settings {
   Variant month_tariff = kNull;
   Variant hour_tariff = kNull;
   std::vector<Band> bands = {};
+  Variant time_codes = kNull;
+  Variant extra_limit = kNull;
+  Variant surcharge_limit = kNull;
+  Variant total_limit = kNull;
 };
 
 class TestCompany {
@@ -74,6 +86,9 @@ class TestCompany {
   std::int32_t given_settings(const Settings& settings);
   void given_service(std::int32_t employee, Variant reached_on, Variant years, Variant months);
   std::int32_t given_position(const Position& position);
+  std::int32_t given_user(const char* name, bool administrator = false);
+  // The rights on a component as letters: v(iew), c(reate), d(elete), p(rint), w(rite); "" takes all away.
+  void given_rights(std::int32_t user, const char* component, std::string_view letters);
   std::int32_t given_charge(std::int32_t employee, Variant from, Variant to, Variant sum);
 
   // A base tariff (type 1) of 130 with an hourly one (type 2) of 0,8, and settings from 2005 that name them, with a
