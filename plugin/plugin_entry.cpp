@@ -3,6 +3,12 @@
 
 #include <string_view>
 
+#include "adapters/category_object.h"
+#include "adapters/salary_extension_ui.h"
+#include "adapters/settings_object.h"
+#include "adapters/settings_ui.h"
+#include "adapters/tarification_object.h"
+#include "adapters/tarification_ui.h"
 #include "engine/salary_engine.h"
 #include "frame/dll_header.h"
 #include "frame/security_header.h"
@@ -17,6 +23,11 @@ struct PluginClass {
   std::shared_ptr<quor::Object> (*create)(QuorApplication&);
 };
 
+template <typename Class>
+std::shared_ptr<quor::Object> made(QuorApplication& application) {
+  return std::make_shared<Class>(application);
+}
+
 constexpr PluginClass kClasses[] = {
     {"Velmora.DLLHeader",
      [](QuorApplication& application) -> std::shared_ptr<quor::Object> {
@@ -24,10 +35,13 @@ constexpr PluginClass kClasses[] = {
      }},
     {"Velmora.SecurityHeader",
      [](QuorApplication&) -> std::shared_ptr<quor::Object> { return std::make_shared<velmora::SecurityHeader>(); }},
-    {"Velmora.UIO0402000",
-     [](QuorApplication& application) -> std::shared_ptr<quor::Object> {
-       return std::make_shared<velmora::UIO0402000>(application);
-     }},
+    {"Velmora.UI0402000", made<velmora::UI0402000>},
+    {"Velmora.UI0402100", made<velmora::UI0402100>},
+    {"Velmora.UI0402300", made<velmora::UI0402300>},
+    {"Velmora.UIO0402000", made<velmora::UIO0402000>},
+    {"Velmora.UIO0402100", made<velmora::UIO0402100>},
+    {"Velmora.UIO0402200", made<velmora::UIO0402200>},
+    {"Velmora.UIO0402300", made<velmora::UIO0402300>},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "frame/contract/quor_header_security.h"
+#include "frame/contract/quor_object_ui.h"
 #include "tests/host/company_place.h"
 #include "tests/support/test_company.h"
 
@@ -28,7 +29,7 @@ TEST(PluginLibrary, OnlyAPluginOfThisContractIsLoaded) {
                         {text_file, "neįkeliamas: "},
                         {folder.path(""), "neįkeliamas: "},
                         {VELMORA_LIBQUOR, "nėra šios programos įskiepis."},
-                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 2, reikia 1."}};
+                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 3, reikia 2."}};
   for (const Case& c : cases) {
     const std::string expected = "Įskiepis „" + c.file + "“ " + c.reason;
     EXPECT_EQ(loading(c.file).substr(0, expected.size()), expected);
@@ -40,7 +41,12 @@ TEST(PluginLibrary, ClassesAreMadeByTheirExactIdentifier) {
   const PluginLibrary library(VELMORA_PLUGIN);
   EXPECT_TRUE(library.create<QuorHeader>("Velmora.DLLHeader", company.application()));
   EXPECT_TRUE(library.create<QuorHeaderSecurity>("Velmora.SecurityHeader", company.application()));
-  EXPECT_TRUE(library.create<QuorObjectUIO>("Velmora.UIO0402000", company.application()));
+  for (const char* number : {"0402000", "0402100", "0402200", "0402300"}) {
+    EXPECT_TRUE(library.create<QuorObjectUIO>(std::string("Velmora.UIO") + number, company.application())) << number;
+  }
+  for (const char* number : {"0402000", "0402100", "0402300"}) {
+    EXPECT_TRUE(library.create<QuorObjectUI>(std::string("Velmora.UI") + number, company.application())) << number;
+  }
   for (const char* unknown : {"", "Velmora", "UIO0402000", "velmora.UIO0402000", "Velmora.UIO0402000 "}) {
     EXPECT_EQ(library.create_object(unknown, company.application()), nullptr) << unknown;
   }
@@ -53,7 +59,9 @@ TEST(PluginLibrary, ClassesAreMadeByTheirExactIdentifier) {
 TEST(PluginLibrary, NoExceptionLeavesTheEntry) {
   struct BrokenApplication : TestApplication {
     using TestApplication::TestApplication;
-    std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO() override { throw Error(ErrorKind::kOverflow, "nėra vietos"); }
+    std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO(const std::string&) override {
+      throw Error(ErrorKind::kOverflow, "nėra vietos");
+    }
   };
   TestCompany company;
   BrokenApplication application(company.company(), {});

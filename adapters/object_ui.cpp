@@ -1,0 +1,70 @@
+#include "adapters/object_ui.h"
+
+#include <utility>
+
+namespace velmora {
+
+ObjectUI::ObjectUI(quor::QuorApplication& application, const char* name, std::vector<quor::IconEntry> icons)
+    : application_(application),
+      title_(application.Title()),
+      oname_(name),
+      icons_(std::move(icons)),
+      bo_(application.NewMainBO()) {
+  icons_.push_back({.Key = "CGroup", .Icon = "stdClose"});
+  icons_.push_back({.Key = "OGroup", .Icon = "stdOpen"});
+}
+
+std::vector<quor::MenuEntry> ObjectUI::GetMenu(const std::string& /*context*/, const std::string& /*object_type*/,
+                                               const std::string& /*user*/) {
+  return {};
+}
+
+quor::ClickResult ObjectUI::ClickMenu(const std::string& /*object*/, const std::string& /*entry*/,
+                                      const std::string& /*context*/, const std::string& /*user*/) {
+  return {};
+}
+
+bool ObjectUI::DragOK(const std::string& /*object*/, const std::string& /*context*/, const std::string& /*target*/) {
+  return true;
+}
+
+bool ObjectUI::DropOK(const std::string& /*target*/) { return false; }
+
+std::shared_ptr<quor::Recordset> ObjectUI::GetQuorObjectList(const std::string& parameter,
+                                                             const std::string& /*filter*/,
+                                                             const std::string& /*order*/) {
+  return bo_->GetQuorObjectList(list_parameter(parameter), "", "");
+}
+
+bool ObjectUI::AddToDeskTopQuorObject(const std::string& object) {
+  auto editor = desk_top_editor(object);
+  if (!editor) return false;
+  application_.place_on_desk_top(object, std::move(editor));
+  return true;
+}
+
+std::shared_ptr<quor::QuorObjectUIO> ObjectUI::GetQuorObject(const std::string& object) {
+  auto data = new_data_object();
+  data->UI(shared_from_this());
+  data->OIDR(object);
+  return data->Read().Failed ? nullptr : data;
+}
+
+bool ObjectUI::DeleteQuorObject(const std::string& object) { return bo_->DeleteQuorObject(object); }
+
+quor::BoxAnswer ObjectUI::show(const std::string& text, quor::BoxIcon icon, quor::BoxButtons buttons) const {
+  return application_.MessageBox(text, icon, buttons, title_);
+}
+
+void ObjectUI::add_entry(const std::string& identifier, const std::string& caption,
+                         std::vector<quor::MenuEntry>& menu) {
+  menu.push_back({.Identifier = identifier, .Caption = caption});
+}
+
+void ObjectUI::add_separator(std::vector<quor::MenuEntry>& menu) { add_entry("", "-", menu); }
+
+std::shared_ptr<quor::Form> ObjectUI::desk_top_editor(const std::string& /*object*/) { return nullptr; }
+
+std::string list_without_parent(const std::string& object_type) { return "'" + object_type + "',''"; }
+
+}  // namespace velmora
