@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "adapters/category_list_ui.h"
 #include "adapters/category_object.h"
 #include "adapters/salary_extension_ui.h"
 #include "adapters/settings_object.h"
@@ -37,6 +38,7 @@ constexpr PluginClass kClasses[] = {
      [](QuorApplication&) -> std::shared_ptr<quor::Object> { return std::make_shared<velmora::SecurityHeader>(); }},
     {"Velmora.UI0402000", made<velmora::UI0402000>},
     {"Velmora.UI0402100", made<velmora::UI0402100>},
+    {"Velmora.UI0402200", made<velmora::UI0402200>},
     {"Velmora.UI0402300", made<velmora::UI0402300>},
     {"Velmora.UIO0402000", made<velmora::UIO0402000>},
     {"Velmora.UIO0402100", made<velmora::UIO0402100>},

@@ -25,6 +25,7 @@ struct CommonOptions {
   std::string today;
   std::string format = "table";
   std::string output;
+  std::string user;  // "" for the program's own
 };
 
 struct InitCommand {

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-#include "host/business/application.h"
+#include "host/console/session.h"
 #include "host/exchange/export.h"
 #include "host/exchange/import.h"
 
@@ -47,7 +47,7 @@ ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::
   const auto sources = sources_of(command);
   const auto database = Database::open(options.company);
   try {
-    for (const ImportedTable& done : import_tables(*database, sources, ApplicationOptions().user)) {
+    for (const ImportedTable& done : import_tables(*database, sources, user_of(options))) {
       out << done.source.file << ": naujų " << done.added << ", pakeistų " << done.changed << ", nepakitusių "
           << done.unchanged << ".\n";
     }

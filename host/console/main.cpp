@@ -1,5 +1,6 @@
 // The program `quor`: reads the words of the call and runs the command they name.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -9,6 +10,7 @@
 #include "host/business/plugin_library.h"
 #include "host/console/commands.h"
 #include "host/console/exchange_commands.h"
+#include "host/console/report_commands.h"
 #include "host/store/database.h"
 #include "platform/data/error.h"
 
@@ -22,6 +24,10 @@ std::string default_plugin() {
   const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
   return (program.parent_path() / "libvelmora.so").string();
 }
+
+// The commands that print on paper, too.
+constexpr char kPreview[] = "preview";
+constexpr char kPrint[] = "print";
 
 // The words that no command understood, quoted.
 std::string quoted_words(const std::vector<std::string>& words) {
@@ -102,15 +108,19 @@ void add_common_options(CLI::App& app, quor::CommonOptions& options) {
   app.add_option("--company", options.company, "įmonės failas arba postgresql://naudotojas@serveris/bazė")
       ->envname("QUOR_COMPANY");
   app.add_option("--plugin", options.plugin, "įskiepio biblioteka")->envname("QUOR_PLUGIN");
+  app.add_option("--user", options.user, "naudotojo vardas")->envname("QUOR_USER");
   app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
-  app.add_option("--format", options.format, "table, csv arba json");
+  app.add_option("--format", options.format, "table, csv arba json; preview ir print dar pdf");
   app.add_option("--output", options.output, "failas, į kurį rašomas rezultatas");
 }
 
-void check_format(const quor::CommonOptions& options) {
-  if (options.format != "table" && options.format != "csv" && options.format != "json") {
-    throw quor::UsageError("nežinomas formatas „" + options.format + "“: yra table, csv, json");
-  }
+void check_format(const quor::CommonOptions& options, const std::string& command) {
+  std::vector<std::string> formats = {"table", "csv", "json"};
+  if (command == kPreview || command == kPrint) formats.emplace_back("pdf");
+  if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) return;
+  std::string text = "nežinomas formatas „" + options.format + "“: yra ";
+  for (const std::string& format : formats) text += (format == formats.front() ? "" : ", ") + format;
+  throw quor::UsageError(text);
 }
 
 // The command that the words name, ready to run.
@@ -134,6 +144,8 @@ struct AllWords {
   quor::GetCommand get{.name = {}, .parameter = "None"};
   quor::ExportCommand export_table;
   quor::ImportCommand import_file;
+  quor::PreviewCommand preview;
+  quor::PrintCommand print;
 };
 
 void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
@@ -148,11 +160,23 @@ void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOpt
   bring_in.add_option("--all", words.import_file.folder, "aplankas, iš kurio įkeliamos visos lentelės");
 }
 
+void add_report_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
+  CLI::App& preview = add_command(app, kPreview, "parodo mėnesio peržiūros sąrašą", words.preview, options, command);
+  preview.add_option("PERŽIŪRA", words.preview.kind, "salary arba supplements")->required();
+  preview.add_option("MĖNUO", words.preview.month, "mėnuo, pvz., 2008-01")->required();
+  preview.add_option("--department", words.preview.department,
+                     "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
+
+  CLI::App& print = add_command(app, kPrint, "atspausdina sąrašą", words.print, options, command);
+  print.add_option("SĄRAŠAS", words.print.what, "categories")->required();
+}
+
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
   CLI::App& init = add_command(app, "init", "sukuria pavyzdinę įmonę", words.init, options, command);
   init.add_option("--employees", words.init.employees, "darbuotojų skaičius");
   init.add_option("--seed", words.init.seed, "pavyzdžio numeris: tas pats numeris duoda tą pačią įmonę");
   init.add_flag("--empty", words.init.empty, "be duomenų: įmonė, į kurią jie bus įkelti");
+
 
   CLI::App& month =
       add_command(app, "month", "apskaičiuoja mėnesio darbo užmokestį ir jį parodo", words.month, options, command);
@@ -179,12 +203,14 @@ int main(int argc, char** argv) {
   CLI::App app("Valstybės tarnautojų darbo užmokestis", "quor");
   app.require_subcommand(1);
   app.fallthrough();
-  quor::CommonOptions options{.company = "sample.quor", .plugin = default_plugin(), .today = {}, .output = {}};
+  quor::CommonOptions options{
+      .company = "sample.quor", .plugin = default_plugin(), .today = {}, .output = {}, .user = {}};
   label_in_lithuanian(app);
   add_common_options(app, options);
   AllWords words;
   Command command;
   add_commands(app, words, options, command);
+  add_report_commands(app, words, options, command);
   add_exchange_commands(app, words, options, command);
   try {
     app.parse(argc, argv);
@@ -195,7 +221,7 @@ int main(int argc, char** argv) {
     return static_cast<int>(fail(ExitStatus::kUsage, usage_text(app, error)));
   }
   return static_cast<int>(guarded([&] {
-    check_format(options);
+    check_format(options, app.get_subcommands().front()->get_name());
     return write_result(options, command);
   }));
 }

@@ -8,19 +8,10 @@
 #include "host/payroll/closed_months.h"
 #include "host/payroll/month_run.h"
 #include "host/report/record_text.h"
-#include "platform/data/error.h"
 
 namespace quor {
 
 namespace {
-
-Month month_of(const std::string& text) {
-  try {
-    return Month::parse(text);
-  } catch (const Error& error) {
-    throw UsageError(error.what());
-  }
-}
 
 const std::vector<TextColumnLayout>& month_columns() {
   static const std::vector<TextColumnLayout> columns = {{"Person", "Pavardė, vardas"},

@@ -5,10 +5,9 @@
 
 #include "host/business/main_bo.h"
 #include "host/console/json_values.h"
+#include "platform/data/error.h"
 
 namespace quor {
-
-namespace {
 
 std::optional<Date> today_of(const CommonOptions& options) {
   if (options.today.empty()) return std::nullopt;
@@ -17,11 +16,10 @@ std::optional<Date> today_of(const CommonOptions& options) {
   return date->without_time();
 }
 
-}  // namespace
-
 Session::Session(const CommonOptions& options, const std::string& pick) {
   ApplicationOptions application_options;
   application_options.pick = pick;
+  application_options.user = user_of(options);
   application_options.today = today_of(options);
   company_ = std::make_unique<Company>(Database::open(options.company));
   application_ = std::make_unique<Application>(*company_, application_options);
@@ -31,6 +29,18 @@ Session::Session(const CommonOptions& options, const std::string& pick) {
     std::cerr << "[" << icon_name(box.icon) << "] " << box.title << ": " << text << '\n';
   });
   application_->load_plugin(options.plugin);
+}
+
+std::string user_of(const CommonOptions& options) {
+  return options.user.empty() ? ApplicationOptions().user : options.user;
+}
+
+Month month_of(const std::string& word) {
+  try {
+    return Month::parse(word);
+  } catch (const Error& error) {
+    throw UsageError(error.what());
+  }
 }
 
 std::shared_ptr<Recordset> Session::named_record_set(const std::string& name, const std::string& parameter) {

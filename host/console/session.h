@@ -6,6 +6,7 @@
 
 #include "host/business/application.h"
 #include "host/console/commands.h"
+#include "host/payroll/month.h"
 #include "host/report/record_text.h"
 
 namespace quor {
@@ -26,6 +27,15 @@ class Session {
   std::unique_ptr<Company> company_;
   std::unique_ptr<Application> application_;
 };
+
+// The day that replaces today, if the options name one; throws UsageError.
+std::optional<Date> today_of(const CommonOptions& options);
+
+// Who acts: the user that the options name, or the program's own.
+std::string user_of(const CommonOptions& options);
+
+// The month that a word of the call names; throws UsageError.
+Month month_of(const std::string& word);
 
 // The rows in the format of the call: a table, CSV or JSON.
 void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& format,

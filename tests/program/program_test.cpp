@@ -298,6 +298,15 @@ TEST_F(ProgramTest, WhatIsNoCompanyIsNamedAndLeftAsItIs) {
   EXPECT_EQ(folder_.contents(), before);
 }
 
+TEST_F(ProgramTest, TheUserOfTheCallIsKeptWithWhatItChanges) {
+  given_company();
+  EXPECT_EQ(quor({"month", "close", "2007-11"}).status + quor({"month", "close", "2007-12", "--user", "Ona"}).status,
+            0);
+  const std::string closed = quor({"export", "closed_months"}).out;
+  EXPECT_NE(closed.find("\n2007-11,konsolė,"), std::string::npos) << closed;
+  EXPECT_NE(closed.find("\n2007-12,Ona,"), std::string::npos) << closed;
+}
+
 TEST_F(ProgramTest, ACompanyThatAnotherProgramHoldsIsNamed) {
   given_company();
   const auto other = Database::open(folder_.path("sample.quor"));

@@ -26,6 +26,7 @@ RunningQuor::RunningQuor(const std::string& folder, const std::vector<std::strin
   // What whoever runs the tests has set must not reach the program.
   unsetenv("QUOR_COMPANY");
   unsetenv("QUOR_PLUGIN");
+  unsetenv("QUOR_USER");
   const std::string out = results_.path("out"), err = results_.path("err");
 
   std::vector<std::string> texts = {VELMORA_PROGRAM};

@@ -1,0 +1,21 @@
+// A list of everybody that one list cannot hold, as lists of departments.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "host/business/company.h"
+#include "host/report/report_pages.h"
+
+namespace quor {
+
+// The list of a department with every one below it; throws quor::Error (Overflow) when it holds too many.
+using DepartmentList = std::function<std::shared_ptr<const ReportData>(std::int32_t department)>;
+
+// The lists of the departments of the first level, in the order of their names, without the empty ones: nobody is left
+// out, for everybody belongs to a department. One that holds too many is divided into those below it. Throws
+// quor::Error (Overflow) naming a department that cannot be: it has none below it, or people of its own, too.
+Reports lists_by_department(Company& company, const DepartmentList& list_of);
+
+}  // namespace quor

@@ -1,0 +1,168 @@
+// `quor preview` and `quor print`: nothing is computed here. The plug-in's object UI and its forms are driven as a
+// person would drive them, and the report that they print is written in the format of the call.
+#include "host/console/report_commands.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iostream>
+#include <iterator>
+#include <unistd.h>
+
+#include "host/business/departments.h"
+#include "host/business/object_codes.h"
+#include "host/console/department_lists.h"
+#include "host/console/session.h"
+#include "host/payroll/month.h"
+#include "host/report/report_pdf.h"
+#include "host/report/report_text.h"
+#include "platform/data/error.h"
+#include "platform/toolkit/captioned.h"
+#include "platform/toolkit/date_picker.h"
+#include "platform/toolkit/form.h"
+
+namespace quor {
+
+namespace {
+
+// What a call names, and the entry of the categories' menu that it stands for.
+struct Listed {
+  const char* name;
+  const char* entry;
+};
+constexpr Listed kPreviews[] = {{"salary", "2"}, {"supplements", "3"}};
+constexpr char kPrintCategories[] = "6";
+
+std::string preview_entry(const std::string& kind) {
+  const auto* found =
+      std::find_if(std::begin(kPreviews), std::end(kPreviews), [&](const Listed& p) { return kind == p.name; });
+  if (found == std::end(kPreviews)) {
+    throw UsageError("nežinoma peržiūra „" + kind + "“: yra salary, supplements");
+  }
+  return found->entry;
+}
+
+// A user's act on the application. When it showed a box that tells of a failure, the command has failed.
+template <typename Act>
+void acted(Application& application, const Act& act) {
+  const std::size_t before = application.shown_boxes().size();
+  act();
+  const auto& boxes = application.shown_boxes();
+  const bool failed =
+      std::any_of(boxes.begin() + static_cast<std::ptrdiff_t>(before), boxes.end(),
+                  [](const auto& box) { return box.icon == BoxIcon::kCritical || box.icon == BoxIcon::kExclamation; });
+  if (failed) throw std::runtime_error("Sąrašas nesudarytas.");
+}
+
+ClickResult click_categories(Application& application, const std::string& entry) {
+  const auto ui = application.GetQuorObjectUI(kCategoryType);
+  if (!ui) throw std::runtime_error(std::string("Tipo „") + kCategoryType + "“ niekas neregistravo.");
+  ClickResult result;
+  acted(application, [&] { result = ui->ClickMenu("", entry, "", application.user()); });
+  return result;
+}
+
+// One preview of the plug-in, open for a month.
+class OpenPreview {
+ public:
+  OpenPreview(Application& application, const std::string& entry, const Month& month)
+      : application_(application), form_(click_categories(application, entry).EditorForm) {
+    if (!form_) throw std::runtime_error("Įskiepis neparodė peržiūros lango.");
+    acted(application_, [&] { form_->load(); });
+    control<DatePicker>("dtpDate").pick(month.first_day());
+  }
+  OpenPreview(const OpenPreview&) = delete;
+  OpenPreview& operator=(const OpenPreview&) = delete;
+  ~OpenPreview() { form_->unload(); }
+
+  // The report of a department, of everybody without one. Throws quor::Error when the list cannot hold so many.
+  std::shared_ptr<const ReportData> report(std::optional<std::int32_t> department) {
+    if (department) {
+      application_.set_pick(object_key(kDepartmentType, *department));
+      press("cmdSelect");
+    }
+    press("cmdGo");
+    press("cmdPrint");
+    return application_.shown_report();
+  }
+
+ private:
+  template <typename Kind>
+  Kind& control(const char* name) {
+    auto* found = dynamic_cast<Kind*>(form_->find(name));
+    if (found == nullptr) throw std::runtime_error(std::string("Peržiūros lange nėra „") + name + "“.");
+    return *found;
+  }
+  void press(const char* button) {
+    acted(application_, [&] { control<CommandButton>(button).click(); });
+  }
+
+  Application& application_;
+  const std::shared_ptr<Form> form_;
+};
+
+// A list that everybody does not fit into becomes lists of departments, each numbered on its own.
+Reports reports_of(Session& session, OpenPreview& preview, std::optional<std::int32_t> department) {
+  try {
+    return {preview.report(department)};
+  } catch (const Error& error) {
+    if (error.kind() != ErrorKind::kOverflow || department) throw;
+  }
+  std::cerr << "Žmonės į vieną sąrašą netelpa: kiekvieno padalinio sąrašas atskirai.\n";
+  return lists_by_department(session.application().company(), [&](std::int32_t id) { return preview.report(id); });
+}
+
+bool to_terminal(const CommonOptions& options) {
+  return options.output.empty() && isatty(STDOUT_FILENO) == 1 && std::getenv("NO_COLOR") == nullptr;
+}
+
+// Several reports: tables one below the other, CSV lines under one head, JSON a report a line, PDF page behind page.
+void write_reports(const Reports& reports, const CommonOptions& options, Application& application, std::ostream& out) {
+  if (options.format == "pdf") {
+    out << report_pdf(reports, application.Today(), application.Title());
+    return;
+  }
+  bool first = true;
+  for (const auto& report : reports) {
+    if (options.format == "json") {
+      out << json_text(*report);
+    } else if (options.format == "csv") {
+      out << (first ? csv_text(*report) : csv_lines(*report));
+    } else {
+      out << (first ? "" : "\n") << table_text(*report, {.wrapped_heads = true, .colours = to_terminal(options)});
+    }
+    first = false;
+  }
+}
+
+void check_output(const CommonOptions& options) {
+  if (options.format == "pdf" && options.output.empty()) {
+    throw UsageError("PDF rašomas į failą: nurodykite --output FAILAS");
+  }
+}
+
+}  // namespace
+
+ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std::ostream& out) {
+  check_output(options);
+  const std::string entry = preview_entry(command.kind);
+  const Month month = month_of(command.month);
+  Session session(options);
+  Application& application = session.application();
+  if (command.department) require_department(application.company(), *command.department);
+  OpenPreview preview(application, entry, month);
+  write_reports(reports_of(session, preview, command.department), options, application, out);
+  return ExitStatus::kDone;
+}
+
+ExitStatus run(const PrintCommand& command, const CommonOptions& options, std::ostream& out) {
+  check_output(options);
+  if (command.what != "categories") throw UsageError("nežinomas sąrašas „" + command.what + "“: yra categories");
+  Session session(options);
+  Application& application = session.application();
+  click_categories(application, kPrintCategories);
+  if (!application.shown_report()) throw std::runtime_error("Įskiepis kategorijų sąrašo neparodė.");
+  write_reports({application.shown_report()}, options, application, out);
+  return ExitStatus::kDone;
+}
+
+}  // namespace quor

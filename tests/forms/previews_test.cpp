@@ -1,0 +1,485 @@
+// The two previews of a month: their rules, and the forms acted on as a person does, with the real engine and host.
+#include <gtest/gtest.h>
+
+#include "engine/salary_engine.h"
+#include "forms/personal/extra_charges_editor.h"
+#include "forms/personal/personal_experience_editor.h"
+#include "forms/preview/salary_preview.h"
+#include "forms/preview/supplement_preview.h"
+#include "host/sample/sample_company.h"
+#include "platform/data/number_text.h"
+#include "tests/support/acting.h"
+#include "tests/support/test_company.h"
+
+namespace velmora {
+namespace {
+
+using quor::day;
+using quor::FieldType;
+using quor::kNull;
+using quor::Variant;
+using Rows = std::vector<std::vector<Variant>>;
+
+TEST(PersonCharges, TheLastRecordOfATypeCountsAndTheTotalIsRoundedToTheEvenCent) {
+  struct Case {
+    const char* name;
+    std::vector<ChargeRecord> records;
+    double pay, supplement, surcharge, total_percentage;
+  };
+  const Case cases[] = {
+      {"of two of a type the last", {{800, 1, 7, 1}, {800, 2, 1, 2}, {800, 1, 2, 3}}, 800, 2, 1, 0.38},
+      {"a half falls to the even cent", {{800, 1, 1, 1}}, 800, 1, 0, 0.12},
+      {"another type has its pay only", {{700, 1, 7, 1}, {800, 3, 9, 9}}, 800, 7, 0, 0.88},
+      {"no pay", {{0, 1, 5, 0}, {0, 2, 6, 0}}, 0, 5, 6, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    PersonCharges charges;
+    for (const ChargeRecord& record : c.records) charges.take(record);
+    EXPECT_EQ(charges.pay, c.pay);
+    EXPECT_EQ(charges.supplement, c.supplement);
+    EXPECT_EQ(charges.surcharge, c.surcharge);
+    EXPECT_EQ(charges.total_percentage(), c.total_percentage);
+  }
+}
+
+TEST(Supplements, APercentageWinsOverTheSumAndHalfCentsGoUp) {
+  struct Case {
+    const char* name;
+    double sum, percentage;
+    const char* salary;
+    double expected;  // behind an amount of 77
+  };
+  const Case cases[] = {{"of the salary", 0, 5, "1234,5", 61.73},
+                        {"the sum gives way", 150, 10, "  200", 20},
+                        {"the sum alone", 150, 0, "200", 150},
+                        {"neither", 0, 0, "200", 0},
+                        {"no salary", 0, 10, " ", 77},
+                        {"no salary, the sum gives way", 150, 10, "", 77}};
+  for (const Case& c : cases) {
+    EXPECT_EQ(charge_amount(c.sum, c.percentage, salary_in_cell(c.salary), 77), c.expected) << c.name;
+  }
+  EXPECT_THROW((void)salary_in_cell("1234.5"), quor::Error);
+}
+
+TEST(ByPerson, KeepsTheOrderOfOnePersonsRecordsWhateverStandsBetween) {
+  ByPerson<int> records;
+  for (const auto& [person, record] : {std::pair{7, 1}, {3, 2}, {7, 3}, {5, 4}, {7, 5}}) records.add(person, record);
+  std::string of_seven;
+  for (const auto& entry : records.of(7)) of_seven += std::to_string(entry.record);
+  EXPECT_EQ(of_seven, "135");
+  EXPECT_TRUE(records.of(4).empty() && records.of(8).empty());
+}
+
+// The host's application, with a person who chooses departments.
+class PreviewApplication : public quor::TestApplication {
+ public:
+  using TestApplication::TestApplication;
+  quor::PickedObject SelectObject(const std::string& type, const std::string& current,
+                                  const std::string& mode) override {
+    asked = type + "," + current + "," + mode;
+    return picked;
+  }
+  std::string asked;
+  quor::PickedObject picked;
+};
+
+// The engine, with an eye on what the form shows while it asks.
+class WatchedEngine : public UIO0402000 {
+ public:
+  using UIO0402000::UIO0402000;
+  quor::MethodResult Properties(const std::string& name, const std::string& parameter) override {
+    if (on_request) on_request();
+    return UIO0402000::Properties(name, parameter);
+  }
+  std::function<void()> on_request;
+};
+
+quor::FieldInfo whole(const char* name) { return {name, FieldType::kInt32}; }
+quor::FieldInfo number(const char* name) { return {name, FieldType::kDouble}; }
+
+std::string columns_of(const quor::ReportData& report) {
+  std::string text;
+  for (const quor::ReportColumn& each : report.columns) text += each.key + " " + quor::general_text(each.width) + "; ";
+  return text;
+}
+
+class Previews : public testing::Test {
+ protected:
+  template <typename Form>
+  std::unique_ptr<Form> open() {
+    auto form = std::make_unique<Form>(application_);
+    form->QuorObjectUIO = engine_;
+    form->load();
+    application_.requests.clear();
+    return form;
+  }
+  void given(const char* request, const std::vector<quor::FieldInfo>& fields, const Rows& rows) {
+    application_.answers[request] = {0, "", record_set(fields, rows)};
+  }
+  void given_positions(const Rows& rows) {
+    given("GetOfficeEmployeePreview",
+          {whole("UserID"),
+           {"Preview", FieldType::kText},
+           {"CategoryName", FieldType::kText},
+           number("Factor"),
+           number("ConstantValue"),
+           number("RoundedSalary")},
+          rows);
+  }
+  void given_sums(const Rows& rows) {
+    given("GetOfficeEmployeeSurcharge",
+          {whole("UserID"), number("Alga"), whole("SumType"), number("SumA"), number("Percentage")}, rows);
+  }
+  void given_limits(const Variant& extra, const Variant& surcharge, const Variant& total) {
+    company_.given_settings({.from = "2005.01.01",
+                             .time_codes = "12,15",
+                             .extra_limit = extra,
+                             .surcharge_limit = surcharge,
+                             .total_limit = total});
+  }
+  std::string requests() {
+    std::string text;
+    for (const std::string& each : application_.requests)
+      text += (text.empty() ? "" : " ") + each.substr(0, each.find("), flag")) + ")";
+    return text;
+  }
+  static std::string captions(const quor::ListView& list) {
+    std::string text;
+    for (const char* header : {"Salary", "ExtraChargePercentage", "SurChargePercentage", "TotalChargePercentage"}) {
+      text += list.columns()[list.header(header)].caption + ";";
+    }
+    return text;
+  }
+  // The columns of the row that are red, "0 7 8".
+  static std::string red(const quor::ListView& list, std::size_t row) {
+    std::string columns;
+    for (std::size_t column = 0; column < list.columns().size(); ++column) {
+      if (list.colour(row, column) == quor::CellColour::kRed) columns += std::to_string(column) + " ";
+    }
+    return columns;
+  }
+
+  quor::TestCompany company_;
+  PreviewApplication application_{company_.company(), {.title = "Testas", .user = "t", .today = day("2008.01.31")}};
+  std::shared_ptr<WatchedEngine> engine_ = std::make_shared<WatchedEngine>(application_);
+};
+
+TEST_F(Previews, TheMonthsLastDayTheDepartmentAndTheListedCodesAreAskedFor) {
+  given_limits(55.0, 60.0, 70.0);
+  const auto form = open<frmOfficeEmployeePreview>();
+  EXPECT_EQ(form->dtpDate.value(), day("2008.01.01"));
+  struct Case {
+    const char* date;
+    const char* department;
+    const char* asked;  // date and department
+  };
+  const auto number = std::to_string(company_.given_department("Taryba"));
+  const std::string key = "O0001604" + number, of_department = "'2008.02.29'," + number;
+  const Case cases[] = {{"2008.01.31", "", "'2008.01.31',0"},
+                        {"2007.03.15", "O0001604", "'2007.03.31',0"},
+                        {"2007.02.28", "", "'2007.02.28',0"},
+                        {"2008.02.10", key.c_str(), of_department.c_str()}};
+  for (const Case& c : cases) {
+    application_.requests.clear();
+    form->dtpDate.pick(day(c.date));
+    application_.picked = {c.department, "Padalinys"};
+    form->cmdClean.click();
+    form->cmdSelect.click();
+    EXPECT_EQ(application_.asked, "O0001604,,T");
+    form->cmdGo.click();
+    const std::string asked = c.asked;
+    EXPECT_EQ(requests(), "GetOfficeEmployeePreview(" + asked + ") GetOfficeEmployeeSettings(" +
+                              asked.substr(0, asked.find(',')) + ") GetOfficeEmployeeSurcharge(" + asked +
+                              ",',12,15,')");
+  }
+  EXPECT_EQ(form->txtDepartment.text(), "Padalinys");
+  application_.picked = {};
+  form->cmdSelect.click();
+  EXPECT_EQ(application_.asked, "O0001604," + key + ",T");
+  EXPECT_EQ(form->txtDepartment.text() + form->txtDepartment.tag(), "Padalinys" + key) << "nothing was chosen";
+}
+
+TEST_F(Previews, APersonsFirstRowHasTheNumberTheNameAndTheCharges) {
+  given_limits(10.0, kNull, 30.5);
+  given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0},
+                   {1, "Pirma", "B", 1.005, 0.0, kNull},
+                   {1, "Pirma", kNull, kNull, kNull, 12.5},
+                   {2, "Antras", "A", 1.0, 1.0, 5.0},
+                   {1, "Pirma", "A", 1.0, 1.0, 5.0}});
+  given_sums({{1, 1000.0, 1, 100.0, 10.01}, {1, 1000.0, 2, 205.06, 20.506}, {2, 0.0, 1, 40.0, 0.0}});
+  const auto form = open<frmOfficeEmployeePreview>();
+  form->cmdGo.click();
+  const std::string charges = ";1000,00;100,00;10,01;205,06;20,51;305,06;30,51";
+  const std::string none = "; ; ; ; ; ; ; ";
+  EXPECT_EQ(quor::shown(form->lvwRows), "1;Pirma;A;9,70;130,00;1260" + charges +               //
+                                            " |  ; ;B;1,01;0,00;" + none +                     //
+                                            " |  ; ;;0,00;0,00;12,5" + none +                  //
+                                            " | 2;Antras;A;1,00;1,00;5; ;40,00; ; ; ;40,00; "  //
+                                            " | 3;Pirma;A;1,00;1,00;5" +
+                                            charges);
+  EXPECT_EQ(form->lvwRows.tag(2) + form->lvwRows.tag(3), "O04001001O04001002");
+  EXPECT_EQ(captions(form->lvwRows), "2008.01 darbo užmokestis;% (iki 10%);% (iki 0%);% (iki 30,5%);");
+  EXPECT_EQ(red(form->lvwRows, 0), "0 7 8 11 12 ");
+  EXPECT_EQ(red(form->lvwRows, 1) + red(form->lvwRows, 3), "");
+  form->cmdGo.click();
+  EXPECT_EQ(form->lvwRows.row_count(), 5U) << "the list is made anew";
+}
+
+TEST_F(Previews, OnlyWhatIsOverItsLimitIsRed) {
+  struct Case {
+    const char* name;
+    Variant limits[3];
+    double supplement, surcharge;  // of a pay of 1000
+    const char* red;
+    const char* supplement_head;
+  };
+  const Case cases[] = {{"equal", {10.0, 20.0, 30.0}, 100, 200, "", "% (iki 10%)"},
+                        {"a hundredth over", {10.0, 20.0, 31.0}, 100.1, 200.1, "0 7 8 9 10 ", "% (iki 10%)"},
+                        {"no limits", {0.0, 0.0, 0.0}, 5000, 5000, "", "%"},
+                        {"the total alone", {0.0, kNull, 30.0}, 100, 200.1, "0 11 12 ", "%"},
+                        {"rounded to the limit", {0.0, 0.0, 30.0}, 100, 200.04, "", "%"},
+                        {"below zero is no limit", {-1.0, -1.0, -1.0}, 100, 200, "", "%"}};
+  given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}});
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    company_.database().execute("DELETE FROM settings");
+    company_.company().forget();
+    given_limits(c.limits[0], c.limits[1], c.limits[2]);
+    given_sums({{1, 1000.0, 1, c.supplement, c.supplement / 10}, {1, 1000.0, 2, c.surcharge, c.surcharge / 10}});
+    const auto form = open<frmOfficeEmployeePreview>();
+    form->cmdGo.click();
+    EXPECT_EQ(red(form->lvwRows, 0), c.red);
+    EXPECT_EQ(form->lvwRows.columns()[8].caption, c.supplement_head);
+  }
+}
+
+TEST_F(Previews, AFailedRequestLeavesItsPartEmptyAndTheButtonsOnAgain) {
+  given_limits(10.0, 20.0, 30.0);
+  given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}});
+  given_sums({{1, 1000.0, 1, 110.0, 11.0}});
+  const auto form = open<frmOfficeEmployeePreview>();
+  int watched = 0;
+  engine_->on_request = [&] {
+    ++watched;
+    EXPECT_FALSE(form->cmdGo.enabled() || form->cmdPrint.enabled() || form->cmdSelect.enabled());
+    EXPECT_EQ(application_.busy(), 1);
+  };
+  const auto fill_without = [&](const char* request) {
+    const auto answers = application_.answers;
+    application_.refuse(request, "ryšys nutrūko");
+    form->cmdGo.click();
+    application_.answers = answers;
+  };
+  fill_without("GetOfficeEmployeeSurcharge");
+  EXPECT_EQ(quor::shown(form->lvwRows), "1;Pirma;A;9,70;130,00;1260; ; ; ; ; ; ; ");
+  fill_without("GetOfficeEmployeeSettings");
+  EXPECT_EQ(captions(form->lvwRows), "2008.01 darbo užmokestis;%;% (iki 0%);% (iki 0%);");
+  EXPECT_EQ(red(form->lvwRows, 0), "");
+  EXPECT_EQ(application_.requests.back(), "GetOfficeEmployeeSurcharge('2008.01.31',0,''), flag 0");
+  fill_without("GetOfficeEmployeePreview");
+  EXPECT_EQ(form->lvwRows.row_count(), 0U);
+  EXPECT_EQ(application_.boxes().size(), 3U);
+  EXPECT_EQ(watched, 9);
+  EXPECT_TRUE(form->cmdGo.enabled() && form->cmdPrint.enabled() && form->cmdSelect.enabled());
+}
+
+TEST_F(Previews, MorePersonsThanASixteenBitCountEndTheFilling) {
+  Rows rows;
+  for (std::int32_t person = 1; person <= 32768; ++person) rows.push_back({person});
+  given_positions(rows);
+  const auto form = open<frmOfficeEmployeePreview>();
+  EXPECT_EQ(quor::outcome([&] { return form->cmdGo.click(), std::string("filled"); }), "Overflow");
+  EXPECT_EQ(form->lvwRows.row_count(), 32767U);
+  EXPECT_EQ(form->lvwRows.text(32766), "32767");
+  EXPECT_TRUE(form->cmdGo.enabled());
+  EXPECT_EQ(application_.busy(), 0);
+}
+
+TEST_F(Previews, TheSelectedPersonIsPutOnTheDeskTop) {
+  given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}, {12, "Antras", "A", 9.7, 130.0, 1260.0}});
+  const auto form = open<frmOfficeEmployeePreview>();
+  form->lvwRows.double_click({});
+  form->cmdGo.click();
+  form->lvwRows.right_click({});
+  EXPECT_FALSE(form->mnuMenu.is_open()) << "no row is selected";
+  quor::choose_on(form->lvwRows, 1, form->mnuOnDeskTop);
+  form->lvwRows.double_click(0);
+  EXPECT_EQ(application_.desk_top(), (std::vector<std::string>{"O040010012", "O04001001"}));
+}
+
+TEST_F(Previews, ThePrintedListIsTheListUnderAHeading) {
+  company_.database().execute("UPDATE company SET name = 'Savivaldybė'");
+  given_limits(10.0, 20.0, 30.0);
+  given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}, {1, "Pirma", "B", 1.0, 1.0, 1.0}});
+  given_sums({{1, 1000.0, 1, 110.0, 11.0}});
+  const auto form = open<frmOfficeEmployeePreview>();
+  application_.picked = {"O00016041", "Taryba"};
+  form->cmdSelect.click();
+  form->cmdGo.click();
+  form->dtpDate.pick(day("2008.02.01"));
+  form->cmdClean.click();
+  form->cmdPrint.click();
+  const quor::ReportData& report = *application_.shown_report();
+  EXPECT_EQ(report.title, "Savivaldybė");
+  EXPECT_EQ(report.headings, (std::vector<std::string>{" Valstybės tarnautojų sąrašas", "2008.01", "Taryba"}));
+  EXPECT_EQ(std::pair(report.first_margin, report.second_margin), std::pair(1.2, 1.0));
+  EXPECT_EQ(columns_of(report),
+            "Nr 0,8; Preview 6; Category 4; Factor 1,7; BaseTariff 1,3; RoundedSalary 1,5; Salary 2; ExtraCharge 2;"
+            " ExtraChargePercentage 1,5; SurCharge 2; SurChargePercentage 1,5; TotalCharge 2;"
+            " TotalChargePercentage 1,5; ");
+  EXPECT_EQ(report.columns[8].caption, "% (iki 10%)");
+  EXPECT_EQ(report.columns[8].alignment, quor::CellAlignment::kRight);
+  ASSERT_EQ(report.lines, 2U);
+  EXPECT_EQ(report.cell(0, 8).text + report.cell(1, 2).text, "11,00B");
+  EXPECT_EQ(report.cell(0, 0).colour, quor::CellColour::kRed);
+}
+
+class SupplementPreview : public Previews {
+ protected:
+  void SetUp() override {
+    company_.given_tariffs();
+    const auto category = company_.given_category("A", {{"2005.01.01", 9.7}});  // 1260 a month
+    one_ = company_.given_employee("Adomas");
+    two_ = company_.given_employee("Benas");
+    for (const auto person : {one_, two_, two_}) company_.given_position({.employee = person, .category = category});
+    company_.given_service(one_, day("2001.03.20"), 2, 11);
+    form_ = open<frmOfficeEmployeeExtraChargePreview>();
+  }
+  void given_charge(std::int32_t person, const char* from, const char* to, const Variant& sum,
+                    const Variant& percentage, const Variant& tied = kNull) {
+    const auto id = company_.given_charge(person, day(from), day(to), sum);
+    company_.database().execute("UPDATE extra_charges SET percentage = :p0, salary_extra_oid = :p1 WHERE id = :p2",
+                                {percentage, tied, id});
+    company_.company().forget();
+  }
+  std::string filled(const char* date = "2008.01.15") {
+    form_->dtpDate.pick(day(date));
+    form_->cmdGo.click();
+    return quor::shown(form_->lvwRows);
+  }
+
+  std::int32_t one_ = 0, two_ = 0;
+  std::unique_ptr<frmOfficeEmployeeExtraChargePreview> form_;
+};
+
+TEST_F(SupplementPreview, ChargesStandOnThePersonsRowsAndOnAddedOnes) {
+  given_charge(one_, "2007.01.01", "2999.12.31", kNull, 99.0, "O0402000");  // 9 years of service: 5 %
+  given_charge(two_, "2007.01.01", "2999.12.31", kNull, 7.5);
+  given_charge(one_, "2007.01.01", "2999.12.31", 150.0, kNull);
+  given_charge(one_, "2007.01.01", "2999.12.31", 150.0, 10.0, "O04020001");
+  given_charge(one_, "2007.01.01", "2999.12.31", 0.0, 0.0);
+  EXPECT_EQ(filled(),
+            "1;Adomas;9;A;1260;5%;63,00 |  ; ; ; ; ; ;150,00 |  ; ; ; ; ; ;126,00 |  ; ; ; ; ;0%;0,00"
+            " | 2;Benas;0;A;1260;7,5%;94,50 |  ; ; ;A;1260; ; ");
+  EXPECT_EQ(form_->lvwRows.tag(3), "O0400100" + std::to_string(one_));
+  EXPECT_EQ(form_->lvwRows.columns()[form_->lvwRows.header("Percentage")].caption, "Priedo procentas");
+  EXPECT_EQ(requests(),
+            "GetOfficeEmployeePreview('2008.01.31',0) GetOfficeEmployeeSettings('2008.01.31')"
+            " GetOfficeEmployeeExtraCharges(None) GetOfficeEmployeeExperience(None)");
+  EXPECT_EQ(filled("2008.05.02").substr(0, 14), "1;Adomas;10;A;") << "a year more of service, past the scale";
+  EXPECT_EQ(form_->lvwRows.text(0, 5) + form_->lvwRows.text(0, 6), "0%0,00");
+}
+
+TEST_F(SupplementPreview, ChargesThatHoldOnADayOfTheMonthAreListed) {
+  struct Case {
+    const char* from;
+    const char* to;
+    bool holds;
+  };
+  const Case cases[] = {{"2008.01.15", "2008.01.16", true},
+                        {"2007.01.01", "2007.12.31", false},
+                        {"2007.01.01", "2008.01.01", true},
+                        {"2008.01.31", "2008.05.01", true},
+                        {"2008.02.01", "2008.05.01", false}};
+  for (const Case& c : cases) {
+    company_.database().execute("DELETE FROM extra_charges");
+    given_charge(one_, c.from, c.to, 12.0, kNull);
+    EXPECT_EQ(filled().find("12,00") != std::string::npos, c.holds) << c.from << " " << c.to;
+  }
+}
+
+TEST_F(SupplementPreview, AFailedScaleGivesNoPercentageAndABlankSalaryTheAmountBefore) {
+  given_positions({{one_, "Adomas", "A", 9.7, 130.0, kNull}});
+  given_charge(one_, "2007.01.01", "2999.12.31", 33.0, kNull);
+  given_charge(one_, "2007.01.01", "2999.12.31", kNull, 10.0);
+  given_charge(one_, "2007.01.01", "2999.12.31", kNull, 99.0, "O0402000");
+  application_.refuse("GetOfficeEmployeeSettings", "ryšys nutrūko");
+  EXPECT_EQ(filled(), "1;Adomas;9;A;; ;33,00 |  ; ; ; ; ;10%;33,00 |  ; ; ; ; ;0%;0,00");
+  application_.refuse("GetOfficeEmployeeExtraCharges", "ryšys nutrūko");
+  application_.refuse("GetOfficeEmployeeExperience", "ryšys nutrūko");
+  EXPECT_EQ(filled(), "1;Adomas;0;A;; ; ");
+}
+
+TEST_F(SupplementPreview, TheEditorsOpenOnTheRowAndAConfirmedEditFillsAgain) {
+  filled();
+  std::string opened;
+  bool confirm = true;
+  application_.on_modal([&](quor::Form& form) {
+    if (auto* charges = dynamic_cast<frmOfficeEmployeeExtraCharges*>(&form)) {
+      opened =
+          charges->SalaryPersonalOIDR + " " + quor::date_text(charges->mDate) + " " + charges->lblPreview.caption();
+      EXPECT_EQ(charges->QuorObjectUIO, engine_);
+      charges->mCancel = !confirm;
+      charges->cmdClose.click();
+    } else {
+      auto& experience = dynamic_cast<frmOfficeEmployeePersonalExperience&>(form);
+      opened =
+          experience.UserOIDR + " " + quor::date_text(experience.dtpDate2.value()) + " " + experience.txtYears.text();
+      quor::type_and_leave(experience.txtYears, "20");
+      (confirm ? experience.cmdWrite : experience.cmdCancel).click();
+    }
+    given_charge(one_, "2007.01.01", "2999.12.31", 12.0, kNull);
+  });
+  const std::string second = "O0400100" + std::to_string(two_), first = "O0400100" + std::to_string(one_);
+  form_->lvwRows.double_click({});
+  EXPECT_EQ(opened, "");
+  form_->lvwRows.double_click(1);
+  EXPECT_EQ(opened, second + " 2008.01.31 Benas");
+  EXPECT_EQ(form_->lvwRows.selected(), 1U);
+  EXPECT_EQ(quor::shown(form_->lvwRows).substr(0, 25), "1;Adomas;9;A;1260; ;12,00") << "filled again";
+  quor::choose_on(form_->lvwRows, 0, form_->mnuExperience);
+  EXPECT_EQ(opened, first + " 2008.01.01 2");
+  EXPECT_EQ(form_->lvwRows.text(0, 2), "27");
+  confirm = false;
+  const std::size_t rows = form_->lvwRows.row_count();
+  quor::choose_on(form_->lvwRows, 0, form_->mnuExperience);
+  quor::choose_on(form_->lvwRows, 0, form_->mnuEdit);
+  EXPECT_EQ(form_->lvwRows.row_count(), rows) << "cancelled edits fill nothing";
+  quor::choose_on(form_->lvwRows, 0, form_->mnuOnDeskTop);
+  EXPECT_EQ(application_.desk_top(), std::vector<std::string>{first});
+}
+
+TEST_F(SupplementPreview, ThePrintedListHasItsSevenColumns) {
+  filled();
+  form_->cmdPrint.click();
+  const quor::ReportData& report = *application_.shown_report();
+  EXPECT_EQ(columns_of(report),
+            "Nr 0,8; Preview 6,5; ExperienceYears 1,7; Category 4; RoundedSalary 2; ExtraChargePercentage 1,8;"
+            " ExtraCharge 2; ");
+  EXPECT_EQ(report.headings.front(), " Valstybės tarnautojų priedai");
+  EXPECT_EQ(report.cell(0, 1).text, "Adomas");
+}
+
+TEST(PreviewWork, TheStatementsOfAFillingDoNotDependOnThePeople) {
+  for (const std::int32_t employees : {10, 100}) {
+    quor::TestCompany company;
+    make_sample_company(company.database(), {.employees = employees, .progress = {}});
+    const auto fill = [&](auto& form) {
+      company.company().forget();
+      form.QuorObjectUIO = std::make_shared<UIO0402000>(company.application());
+      form.load();
+      const auto before = company.database().statements();
+      form.cmdGo.click();
+      EXPECT_GE(form.lvwRows.row_count(), static_cast<std::size_t>(employees) * 9 / 10);
+      return company.database().statements() - before;
+    };
+    frmOfficeEmployeePreview salaries(company.application());
+    EXPECT_EQ(fill(salaries), 5U);
+    frmOfficeEmployeeExtraChargePreview supplements(company.application());
+    EXPECT_EQ(fill(supplements), 6U);
+  }
+}
+
+}  // namespace
+}  // namespace velmora
