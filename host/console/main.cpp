@@ -9,6 +9,7 @@
 
 #include "host/business/plugin_library.h"
 #include "host/console/commands.h"
+#include "host/console/desktop_command.h"
 #include "host/console/exchange_commands.h"
 #include "host/console/report_commands.h"
 #include "host/store/database.h"
@@ -146,6 +147,7 @@ struct AllWords {
   quor::ImportCommand import_file;
   quor::PreviewCommand preview;
   quor::PrintCommand print;
+  quor::DesktopCommand desktop;
 };
 
 void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
@@ -177,6 +179,7 @@ void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& opt
   init.add_option("--seed", words.init.seed, "pavyzdžio numeris: tas pats numeris duoda tą pačią įmonę");
   init.add_flag("--empty", words.init.empty, "be duomenų: įmonė, į kurią jie bus įkelti");
 
+  add_command(app, "desktop", "atveria langus", words.desktop, options, command);
 
   CLI::App& month =
       add_command(app, "month", "apskaičiuoja mėnesio darbo užmokestį ir jį parodo", words.month, options, command);
@@ -220,6 +223,7 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return static_cast<int>(fail(ExitStatus::kUsage, usage_text(app, error)));
   }
+  words.desktop.company_named = app.get_option("--company")->count() > 0;
   return static_cast<int>(guarded([&] {
     check_format(options, app.get_subcommands().front()->get_name());
     return write_result(options, command);

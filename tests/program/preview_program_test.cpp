@@ -72,6 +72,16 @@ TEST_F(PreviewProgramTest, TheSalaryPreviewSaysWhatExceedsALimit) {
   expect_parts(json.out, {R"("red":[{"line":1,"key":"Nr"},{"line":1,"key":"ExtraCharge"})"});
 }
 
+TEST_F(PreviewProgramTest, WithoutAScreenTheWindowsGiveWayToTheTable) {
+  given_month();
+  const Outcome shown = quor({"desktop"});
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_EQ(shown.err, "quor: nėra ekrano langams, tad rodoma darbo užmokesčio peržiūra.\n");
+  expect_parts(shown.out, {"Valstybės tarnautojų sąrašas\n2008.01\n\n", "Čepaitė Ąžuolė"});
+  ASSERT_EQ(quor({"init", "--company", "b.quor"}).status, 0);
+  expect_parts(quor({"desktop", "--company", "b.quor"}).err, {"nė vienas mėnuo dar neapskaičiuotas"});
+}
+
 TEST_F(PreviewProgramTest, SupplementsOfADepartment) {
   given_month();
   const Outcome whole = quor({"preview", "supplements", "2008-01", "--department", "1"});

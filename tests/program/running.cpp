@@ -27,6 +27,8 @@ RunningQuor::RunningQuor(const std::string& folder, const std::vector<std::strin
   unsetenv("QUOR_COMPANY");
   unsetenv("QUOR_PLUGIN");
   unsetenv("QUOR_USER");
+  unsetenv("DISPLAY");
+  unsetenv("WAYLAND_DISPLAY");
   const std::string out = results_.path("out"), err = results_.path("err");
 
   std::vector<std::string> texts = {VELMORA_PROGRAM};

@@ -1,0 +1,60 @@
+#include "host/desktop/desk_top_pane.h"
+
+#include <QKeyEvent>
+
+#include "host/desktop/registered_icons.h"
+
+namespace quor {
+
+namespace {
+
+std::string key_of(const QListWidgetItem& item) { return item.data(Qt::UserRole).toString().toStdString(); }
+
+}  // namespace
+
+DeskTopPane::DeskTopPane(DesktopApplication& application, QWidget* parent)
+    : QListWidget(parent), application_(application) {
+  setObjectName("desk top");
+  setAccessibleName("Darbo stalas");
+  setIconSize({16, 16});
+  setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) { open(item); });
+  connect(this, &QListWidget::customContextMenuRequested, this, [this](const QPoint& place) { asked(place); });
+}
+
+void DeskTopPane::refresh() {
+  const std::string current = currentItem() == nullptr ? "" : key_of(*currentItem());
+  clear();
+  for (const std::string& key : application_.desk_top()) {
+    const std::string object_type = key.substr(0, kTypeCodeLength);
+    const QString type = QString::fromStdString(application_.type_caption(object_type));
+    const QString name = object_name(application_, key);
+    auto* const item = new QListWidgetItem(object_icon(application_, object_type),
+                                           name.isEmpty() ? type + " (panaikinta)" : name, this);
+    item->setData(Qt::UserRole, QString::fromStdString(key));
+    item->setToolTip(type + ": " + item->text());
+    if (key == current) setCurrentItem(item);
+  }
+}
+
+void DeskTopPane::open(QListWidgetItem* item) {
+  if (item != nullptr && on_entry) on_entry(place_of_object(key_of(*item)), kOpenEntry);
+}
+
+void DeskTopPane::asked(const QPoint& place) {
+  const QListWidgetItem* const item = itemAt(place);
+  if (item != nullptr && on_menu) on_menu(place_of_object(key_of(*item)), viewport()->mapToGlobal(place));
+}
+
+void DeskTopPane::keyPressEvent(QKeyEvent* event) {
+  const bool opens = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (opens) {
+    open(currentItem());
+  } else if (event->key() == Qt::Key_Delete && currentItem() != nullptr && on_remove) {
+    on_remove(key_of(*currentItem()));
+  } else {
+    QListWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace quor

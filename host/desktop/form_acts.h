@@ -1,0 +1,28 @@
+// What the widgets of a form ask of the view that holds them: the way to the form.
+#pragma once
+
+#include <QPoint>
+#include <functional>
+
+#include "platform/toolkit/list_view.h"
+#include "platform/toolkit/popup_menu.h"
+
+namespace quor {
+
+class FormActs {
+ public:
+  virtual ~FormActs() = default;
+
+  // Runs a user's act at the edge; nothing once the view has let go of its form.
+  virtual void act(const std::function<void()>& what) = 0;
+  virtual void keystroke(const std::function<void()>& what) = 0;
+  // Whether an act runs now: what the focus does meanwhile is the form's doing.
+  virtual bool acting() const = 0;
+
+  // Where on the screen a menu is shown that the form opens next.
+  virtual void open_menus_at(const QPoint& place) = 0;
+  // Runs the list's command of that key, without showing its menu. False when its menu has no such command.
+  virtual bool choose_by_key(ListView& list, MenuKey key) = 0;
+};
+
+}  // namespace quor

@@ -1,0 +1,281 @@
+#include "host/desktop/form_view.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "host/desktop/control_widgets.h"
+#include "host/desktop/date_edit.h"
+#include "host/desktop/form_layout.h"
+#include "host/desktop/mnemonics.h"
+#include "host/desktop/text_box_edit.h"
+
+namespace quor {
+
+namespace {
+
+struct RoleKey {
+  ButtonRole role;
+  QKeySequence key;
+  bool in_dialogs_only;
+};
+
+const std::vector<RoleKey>& role_keys() {
+  static const std::vector<RoleKey> keys = {
+      {ButtonRole::kAccept, Qt::Key_Enter, true},
+      {ButtonRole::kDismiss, Qt::Key_Escape, true},
+      {ButtonRole::kWrite, Qt::CTRL | Qt::Key_S, false},
+      {ButtonRole::kNew, Qt::CTRL | Qt::Key_N, false},
+      {ButtonRole::kFill, Qt::Key_F5, false},
+      {ButtonRole::kPrint, Qt::CTRL | Qt::Key_P, false},
+  };
+  return keys;
+}
+
+QString key_name(MenuKey key) {
+  switch (key) {
+    case MenuKey::kInsert:
+      return "\tIns";
+    case MenuKey::kEnter:
+      return "\tEnter";
+    case MenuKey::kDelete:
+      return "\tDel";
+    default:
+      return {};
+  }
+}
+
+MenuItem* item_of(const PopupMenu& menu, MenuKey key) {
+  const auto& items = menu.items();
+  const auto found = std::find_if(items.begin(), items.end(), [&](const MenuItem* item) { return item->key() == key; });
+  return found == items.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+FormView::FormView(Form& form, Edge& edge, Place place, QWidget* parent)
+    : QWidget(parent), form_(form), edge_(edge), place_(place) {
+  layout_ =
+      std::make_unique<FormLayout>([this](Control& control, QWidget* inside) { return make_widget(control, inside); });
+  layout_->lay_out(form.layout(), this);
+  watch_menus();
+  add_keys();
+  keep_tab_order();
+  show_labels();
+  show_captions();
+}
+
+FormView::~FormView() { release(); }
+
+void FormView::release() {
+  released_ = true;
+  for (Control* control : form_.controls()) control->observe(nullptr);
+}
+
+// ---- the controls and their widgets
+
+QWidget* FormView::make_widget(Control& control, QWidget* parent) {
+  ControlWidget made = make_control_widget(
+      control, {parent, *this, QString::fromStdString(form_.caption()), [this](CommandButton& b) { press(b); }});
+  made.show(ControlChange::kContent);
+  widgets_.emplace_back(&control, made.widget);
+  shows_[&control] = std::move(made.show);
+  control.observe([this, &control](ControlChange change) { show_change(control, change); });
+  if (auto* const button = dynamic_cast<CommandButton*>(&control)) {
+    buttons_.emplace_back(button, static_cast<QPushButton*>(made.widget));
+  }
+  return made.widget;
+}
+
+void FormView::watch_menus() {
+  for (Control* control : form_.controls()) {
+    auto* const menu = dynamic_cast<PopupMenu*>(control);
+    if (menu == nullptr) continue;
+    menus_.push_back(menu);
+    // The handler that has opened it goes on first; a command chosen by its key has closed it by then.
+    menu->observe([this, menu](ControlChange) {
+      if (menu->is_open())
+        QMetaObject::invokeMethod(
+            this, [this, menu] { show_menu(*menu); }, Qt::QueuedConnection);
+    });
+  }
+}
+
+void FormView::keep_tab_order() {
+  for (std::size_t i = 1; i < widgets_.size(); ++i) setTabOrder(widgets_[i - 1].second, widgets_[i].second);
+}
+
+QWidget* FormView::widget_of(const Control& control) const {
+  const auto found =
+      std::find_if(widgets_.begin(), widgets_.end(), [&](const auto& each) { return each.first == &control; });
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+void FormView::focus_first() {
+  QWidget* button = nullptr;
+  for (const auto& [control, widget] : widgets_) {
+    if (!widget->isEnabled() || widget->isHidden() || widget->focusPolicy() == Qt::NoFocus) continue;
+    if (dynamic_cast<const CommandButton*>(control) != nullptr) {
+      if (button == nullptr) button = widget;
+      continue;
+    }
+    const auto* const box = dynamic_cast<const TextBox*>(control);
+    if (box != nullptr && box->read_only()) continue;
+    widget->setFocus(Qt::TabFocusReason);
+    return;
+  }
+  if (button != nullptr) button->setFocus(Qt::TabFocusReason);
+}
+
+void FormView::show_change(Control& control, ControlChange change) {
+  shows_[&control](change);
+  if (change == ControlChange::kState) show_labels();
+  if (change == ControlChange::kContent && dynamic_cast<CommandButton*>(&control) != nullptr) show_captions();
+}
+
+void FormView::show_labels() {
+  const auto visible = [](const Control* control) { return control->visible(); };
+  const auto enabled = [](const Control* control) { return control->enabled() && control->visible(); };
+  for (const FieldLabel& label : layout_->labels()) {
+    label.label->setVisible(std::any_of(label.controls.begin(), label.controls.end(), visible));
+    label.label->setEnabled(std::any_of(label.controls.begin(), label.controls.end(), enabled));
+  }
+}
+
+// Buttons come first: what they do is reached most often.
+void FormView::show_captions() {
+  std::vector<QString> captions;
+  for (const auto& [button, widget] : buttons_) captions.push_back(QString::fromStdString(button->caption()));
+  for (const FieldLabel& label : layout_->labels()) captions.push_back(label.text);
+  const std::vector<QString> marked = with_mnemonics(captions);
+  std::size_t next = 0;
+  for (const auto& [button, widget] : buttons_) widget->setText(marked[next++]);
+  for (const FieldLabel& label : layout_->labels()) label.label->setText(marked[next++]);
+}
+
+// ---- the user's acts
+
+void FormView::act(const std::function<void()>& what) {
+  if (released_) return;
+  const QPointer<FormView> self(this);
+  ++acts_;
+  edge_.act(this, what);
+  if (self) --acts_;
+}
+
+void FormView::keystroke(const std::function<void()>& what) {
+  if (released_) return;
+  const QPointer<FormView> self(this);
+  ++acts_;
+  edge_.keystroke(this, what);
+  if (self) --acts_;
+}
+
+void FormView::add_keys() {
+  for (const RoleKey& each : role_keys()) {
+    if (each.in_dialogs_only && place_ != Place::kDialog) continue;
+    bool used = false;
+    for (const auto& [button, widget] : buttons_) {
+      if (button->role() != each.role) continue;
+      widget->setToolTip(each.key.toString(QKeySequence::NativeText));
+      if (each.role == ButtonRole::kAccept && !used) widget->setDefault(true);
+      used = true;
+    }
+    if (!used || each.in_dialogs_only) continue;
+    auto* const shortcut = new QShortcut(each.key, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, [this, role = each.role] { press_first(role); });
+  }
+}
+
+// What no control has used for itself.
+void FormView::keyPressEvent(QKeyEvent* event) {
+  bool used = false;
+  if (place_ == Place::kDialog && event->key() == Qt::Key_Escape) used = press_first(ButtonRole::kDismiss);
+  if (place_ == Place::kDialog && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    auto* const focused = dynamic_cast<QPushButton*>(QApplication::focusWidget());
+    if (focused != nullptr && isAncestorOf(focused)) {
+      focused->click();
+      used = true;
+    } else {
+      used = press_first(ButtonRole::kAccept);
+    }
+  }
+  if (!used) QWidget::keyPressEvent(event);
+}
+
+bool FormView::press_first(ButtonRole role) {
+  for (const auto& [button, widget] : buttons_) {
+    if (button->role() != role || !button->enabled() || !button->visible()) continue;
+    press(*button);
+    return true;
+  }
+  return false;
+}
+
+// A button pressed by a key has not taken the focus: what is typed in the box that has it is finished first.
+void FormView::press(CommandButton& button) {
+  QWidget* const focused = QApplication::focusWidget();
+  const bool inside = focused != nullptr && isAncestorOf(focused);
+  const QPointer<TextBoxEdit> box(inside ? dynamic_cast<TextBoxEdit*>(focused) : nullptr);
+  if (auto* const date = inside ? dynamic_cast<DateEdit*>(focused) : nullptr) date->interpretText();
+  act([&] {
+    if (box) box->leave_box();
+    button.click();
+  });
+  if (box && box->hasFocus()) keystroke([&] { box->enter_box(); });
+}
+
+// ---- menus
+
+bool FormView::choose_by_key(ListView& list, MenuKey key) {
+  const bool known =
+      std::any_of(menus_.begin(), menus_.end(), [&](const PopupMenu* menu) { return item_of(*menu, key); });
+  if (!known) return false;
+  MenuItem* chosen = nullptr;
+  act([&] {
+    list.right_click(list.selected());
+    for (PopupMenu* menu : menus_) {
+      if (!menu->is_open()) continue;
+      MenuItem* const item = item_of(*menu, key);
+      if (item != nullptr && chosen == nullptr) chosen = item;
+      if (item != nullptr && item->enabled() && item->visible()) {
+        item->choose();
+      } else {
+        menu->dismiss();
+      }
+    }
+  });
+  return chosen != nullptr;
+}
+
+void FormView::show_menu(PopupMenu& menu) {
+  if (!menu.is_open() || released_) return;
+  auto* const shown = new QMenu(this);
+  const auto chosen = std::make_shared<bool>(false);
+  for (MenuItem* item : menu.items()) {
+    if (!item->visible()) continue;
+    QAction* const action =
+        shown->addAction(without_mnemonic(QString::fromStdString(item->caption())) + key_name(item->key()));
+    action->setEnabled(item->enabled());
+    connect(action, &QAction::triggered, this, [this, item, chosen] {
+      *chosen = true;
+      act([item] { item->choose(); });
+    });
+  }
+  // It hides before it tells what was chosen.
+  const auto hidden = [this, &menu, shown, chosen] {
+    shown->deleteLater();
+    if (!*chosen) act([&menu] { menu.dismiss(); });
+  };
+  connect(shown, &QMenu::aboutToHide, this, hidden, Qt::QueuedConnection);
+  shown->popup(menu_place_.isNull() ? QCursor::pos() : menu_place_);
+  menu_place_ = {};
+}
+
+}  // namespace quor

@@ -1,0 +1,54 @@
+#include "host/desktop/message_box.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "host/desktop/pointer.h"
+
+namespace quor {
+
+namespace {
+
+QMessageBox::Icon icon_of(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::kCritical:
+      return QMessageBox::Critical;
+    case BoxIcon::kQuestion:
+      return QMessageBox::Question;
+    case BoxIcon::kExclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::kInformation:
+      return QMessageBox::Information;
+    case BoxIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+BoxAnswer show_message_box(QWidget* parent, const QString& text, BoxIcon icon, BoxButtons buttons,
+                           const QString& title) {
+  const FreePointer pointer;
+  QMessageBox box(parent);
+  box.setWindowTitle(title);
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString(text).replace("\r\n", "\n"));
+  box.setIcon(icon_of(icon));
+  const bool yes_no = buttons == BoxButtons::kYesNo;
+  const BoxAnswer agreed = yes_no ? BoxAnswer::kYes : BoxAnswer::kOk;
+  QPushButton* const agree = box.addButton(yes_no ? "&Taip" : "&Gerai", QMessageBox::AcceptRole);
+  if (buttons == BoxButtons::kOk) {
+    box.setEscapeButton(agree);
+    box.exec();
+    return agreed;
+  }
+  QPushButton* const refuse = box.addButton(yes_no ? "&Ne" : "&Atšaukti", QMessageBox::RejectRole);
+  box.setDefaultButton(refuse);
+  box.setEscapeButton(refuse);
+  box.exec();
+  if (box.clickedButton() == agree) return agreed;
+  return yes_no ? BoxAnswer::kNo : BoxAnswer::kCancel;
+}
+
+}  // namespace quor

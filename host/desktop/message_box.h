@@ -1,0 +1,16 @@
+// Message boxes with Lithuanian buttons.
+#pragma once
+
+#include <QString>
+
+#include "frame/contract/quor_application.h"
+
+class QWidget;
+
+namespace quor {
+
+// Shows the box and waits. Esc and the close box are Cancel or No, the default of a question, too: Enter does no harm.
+BoxAnswer show_message_box(QWidget* parent, const QString& text, BoxIcon icon, BoxButtons buttons,
+                           const QString& title);
+
+}  // namespace quor

@@ -1,0 +1,18 @@
+// The pictures that the plug-ins have registered, as the windows show them.
+#pragma once
+
+#include <QIcon>
+#include <string>
+
+#include "host/business/application.h"
+
+namespace quor {
+
+// Each is a null icon when nobody has registered one.
+QIcon layout_icon(const Registrations& registrations, const std::string& layout_code);
+// Of a type's objects; for the types that the host keeps itself, the system's.
+QIcon object_icon(Application& application, const std::string& object_type);
+// Of the commands of a group.
+QIcon group_command_icon(const Registrations& registrations);
+
+}  // namespace quor

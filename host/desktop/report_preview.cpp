@@ -1,0 +1,139 @@
+#include "host/desktop/report_preview.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
+#include <QSaveFile>
+#include <QSettings>
+#include <QToolBar>
+#include <QVBoxLayout>
+#include <stdexcept>
+
+#include "host/desktop/pointer.h"
+#include "host/report/report_pdf.h"
+#include "host/report/report_text.h"
+
+namespace quor {
+
+namespace {
+
+constexpr char kFolderSetting[] = "folders/reports";
+
+void save(const QString& path, const std::string& bytes) {
+  QSaveFile file(path);
+  const auto size = static_cast<qint64>(bytes.size());
+  if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.commit()) {
+    throw std::runtime_error("Nepavyko įrašyti failo „" + path.toStdString() +
+                             "“: " + file.errorString().toStdString());
+  }
+}
+
+QString file_name(const std::string& title) {
+  QString name = QString::fromStdString(title).simplified();
+  for (const QChar forbidden : QString("/\\:*?\"<>|")) name.replace(forbidden, '-');
+  return name.isEmpty() ? "ataskaita" : name;
+}
+
+}  // namespace
+
+ReportPreview::ReportPreview(Reports reports, Date printed_on, Edge& edge, QWidget* parent)
+    : QDialog(parent),
+      reports_(std::move(reports)),
+      printed_on_(printed_on),
+      edge_(edge),
+      printer_(std::make_unique<QPrinter>(QPrinter::HighResolution)),
+      view_(new QPrintPreviewWidget(printer_.get(), this)),
+      page_(new QLabel(this)) {
+  setWindowTitle(reports_.empty() ? QString() : QString::fromStdString(reports_.front()->title));
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  auto* const bar = new QToolBar(this);
+  bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+  add_tools(*bar);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(bar);
+  column->addWidget(view_, 1);
+  connect(view_, &QPrintPreviewWidget::paintRequested, this,
+          [this](QPrinter* printer) { edge_.act(this, [&] { paint_reports(reports_, printed_on_, *printer); }); });
+  connect(view_, &QPrintPreviewWidget::previewChanged, this, [this] { show_page(); });
+  resize(900, 700);
+  view_->fitToWidth();
+  view_->setFocus();
+}
+
+ReportPreview::~ReportPreview() { delete view_; }  // before its printer
+
+void ReportPreview::add_tools(QToolBar& bar) {
+  const auto add = [&](const char* caption, const QKeySequence& key, auto run) {
+    QAction* const action = bar.addAction(caption);
+    action->setShortcut(key);
+    action->setToolTip(key.isEmpty() ? QString() : key.toString(QKeySequence::NativeText));
+    connect(action, &QAction::triggered, this, [this, run] { edge_.act(this, run); });
+    return action;
+  };
+  add("Spausdinti…", QKeySequence::Print, [this] { print(); });
+  add("Įrašyti PDF…", QKeySequence::Save, [this] { ask_and_save("PDF failai", "pdf", &ReportPreview::save_pdf); });
+  add("Įrašyti CSV…", {}, [this] { ask_and_save("CSV failai", "csv", &ReportPreview::save_csv); });
+  bar.addSeparator();
+  back_ = add("◀", QKeySequence(Qt::CTRL | Qt::Key_PageUp), [this] { turn_to(view_->currentPage() - 1); });
+  page_->setMargin(6);
+  bar.addWidget(page_);
+  forward_ = add("▶", QKeySequence(Qt::CTRL | Qt::Key_PageDown), [this] { turn_to(view_->currentPage() + 1); });
+  bar.addSeparator();
+  add("−", QKeySequence::ZoomOut, [this] { view_->zoomOut(); });
+  add("+", QKeySequence::ZoomIn, [this] { view_->zoomIn(); });
+  add("Visas plotis", {}, [this] { view_->fitToWidth(); });
+  add("Visas puslapis", {}, [this] { view_->fitInView(); });
+  bar.addSeparator();
+  add("Uždaryti", {}, [this] { accept(); });
+}
+
+int ReportPreview::pages() const { return view_->pageCount(); }
+
+void ReportPreview::turn_to(int page) {
+  view_->setCurrentPage(page);
+  show_page();
+}
+
+void ReportPreview::show_page() {
+  page_->setText(QString("%1 iš %2").arg(view_->currentPage()).arg(pages()));
+  back_->setEnabled(view_->currentPage() > 1);
+  forward_->setEnabled(view_->currentPage() < pages());
+}
+
+void ReportPreview::print() {
+  const FreePointer pointer;
+  QPrinter printer(QPrinter::HighResolution);
+  QPrintDialog dialog(&printer, this);
+  dialog.setWindowTitle("Spausdinti");
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  if (dialog.exec() == QDialog::Accepted) paint_reports(reports_, printed_on_, printer);
+}
+
+void ReportPreview::ask_and_save(const QString& kind, const QString& ending,
+                                 void (ReportPreview::*save)(const QString&) const) {
+  QString path;
+  {
+    const FreePointer pointer;
+    QFileDialog dialog(this, "Įrašyti", QSettings().value(kFolderSetting).toString(), kind + " (*." + ending + ")");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(ending);
+    dialog.selectFile(file_name(reports_.front()->title) + "." + ending);
+    if (dialog.exec() != QDialog::Accepted) return;
+    path = dialog.selectedFiles().value(0);
+  }
+  (this->*save)(path);
+  QSettings().setValue(kFolderSetting, QFileInfo(path).absolutePath());
+}
+
+void ReportPreview::save_pdf(const QString& path) const { save(path, report_pdf(reports_, printed_on_, "Quor")); }
+
+void ReportPreview::save_csv(const QString& path) const {
+  std::string text;
+  for (const auto& report : reports_) text += csv_text(*report);
+  save(path, text);
+}
+
+}  // namespace quor

@@ -1,0 +1,14 @@
+// The last month that the company has documents of.
+#pragma once
+
+#include <optional>
+
+#include "host/payroll/month.h"
+#include "host/store/database.h"
+
+namespace quor {
+
+// None before the first document. Throws StoreError.
+std::optional<Month> latest_month(Database& database);
+
+}  // namespace quor

@@ -1,0 +1,166 @@
+// Pictures of the program's windows on the sample company: `desktop_screenshots PLUGIN FOLDER` writes a PNG for each.
+#include <QDir>
+#include <QElapsedTimer>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeView>
+#include <cstdio>
+
+#include "host/business/object_codes.h"
+#include "host/desktop/desktop_process.h"
+#include "host/desktop/first_start.h"
+#include "host/desktop/import_dialog.h"
+#include "host/desktop/main_window.h"
+#include "host/desktop/month_dialog.h"
+#include "host/desktop/rights_dialog.h"
+#include "host/payroll/month_run.h"
+#include "host/sample/sample_company.h"
+
+namespace quor {
+namespace {
+
+class Pictures {
+ public:
+  Pictures(MainWindow& window, QString folder) : window_(window), folder_(std::move(folder)) {}
+
+  void take(QWidget& window, const QString& name) {
+    QTest::qWait(60);
+    if (!window.grab().save(folder_ + "/" + name + ".png")) std::fprintf(stderr, "%s not written\n", qPrintable(name));
+  }
+  void take_window(const QString& name) { take(window_, name); }
+
+  // Opens something that waits in a dialog, takes the dialog and closes it.
+  void take_dialog(const QString& name, const std::function<void()>& open) {
+    bool taken = false;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+      QWidget* const dialog = QApplication::activeModalWidget();
+      if (dialog == nullptr || taken) return;
+      taken = true;
+      take(*dialog, name);
+      dialog->close();
+    });
+    look.start(50);
+    open();
+    if (!taken) std::fprintf(stderr, "%s did not open\n", qPrintable(name));
+  }
+
+  Form& form() { return window_.tabs().current_view()->form(); }
+  QWidget& widget(const char* control) { return *window_.tabs().current_view()->widget_of(*form().find(control)); }
+  void key(const char* control, Qt::Key pressed, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    window_.activateWindow();
+    static_cast<void>(QTest::qWaitForWindowActive(&window_));
+    QTest::keyClick(&widget(control), pressed, modifiers);
+    QTest::qWait(20);
+  }
+  // A row of the form's list with the user on it.
+  void stand_on(const char* control, std::size_t row) {
+    auto& view = dynamic_cast<QTreeView&>(widget(control));
+    view.setFocus();
+    view.setCurrentIndex(view.model()->index(static_cast<int>(row), 0));
+  }
+
+ private:
+  MainWindow& window_;
+  const QString folder_;
+};
+
+void take_editors(MainWindow& window, Pictures& pictures) {
+  const std::string category = window.list()->current();
+  window.carry_out(place_of_object(category), kOpenEntry);
+  pictures.take_window("category_editor");
+  pictures.stand_on("lvwFactors", 0);
+  pictures.take_dialog("category_row_editor", [&] { pictures.key("lvwFactors", Qt::Key_Return); });
+
+  window.show_type(kSettingsType);
+  window.carry_out(place_of_object(window.list()->current()), kOpenEntry);
+  pictures.take_window("settings_editor");
+  pictures.stand_on("lvwExperience", 0);
+  pictures.take_dialog("experience_row_editor", [&] { pictures.key("lvwExperience", Qt::Key_Return); });
+}
+
+void take_previews(DesktopApplication& application, MainWindow& window, Pictures& pictures) {
+  const MenuPlace group = place_of_group(application, kCategoryType);
+  window.resize(1660, 720);
+  window.carry_out(group, "2");
+  pictures.key("dtpDate", Qt::Key_F5);
+  pictures.take_window("salary_preview");
+  pictures.take_dialog("report_preview", [&] { pictures.key("lvwRows", Qt::Key_P, Qt::ControlModifier); });
+
+  window.carry_out(group, "3");
+  pictures.key("dtpDate", Qt::Key_F5);
+  pictures.take_window("supplement_preview");
+  pictures.stand_on("lvwRows", 2);
+  pictures.take_dialog("extra_charges_editor", [&] { pictures.key("lvwRows", Qt::Key_Return); });
+  auto& experience = dynamic_cast<MenuItem&>(*pictures.form().find("mnuExperience"));
+  auto& rows = dynamic_cast<ListView&>(*pictures.form().find("lvwRows"));
+  pictures.take_dialog("experience_editor", [&] {
+    rows.right_click(rows.selected());
+    experience.choose();
+  });
+}
+
+void take_dialogs(DesktopApplication& application, MainWindow& window, Pictures& pictures, Edge& edge) {
+  MonthDialog month(application, Month::parse("2008-01"), &window);
+  month.show();
+  QTest::keyClick(&month, Qt::Key_Return);
+  pictures.take(month, "month_dialog");
+  store_company_users(application.company(),
+                      {{"ona", true}, {"petras", false, {{"COfficeEmployees", {true, true, false, true, true}}}}});
+  RightsDialog rights(application, &window);
+  rights.show();
+  QTest::keyClick(rights.findChild<QListWidget*>(), Qt::Key_Down);
+  pictures.take(rights, "rights_dialog");
+  ImportDialog import_dialog(application, &window);
+  import_dialog.show();
+  pictures.take(import_dialog, "import_dialog");
+  FirstStart first("Įmonės failo „sample.quor“ nėra.", "sample.quor", edge);
+  first.show();
+  pictures.take(first, "first_start");
+  pictures.take_dialog("object_picker", [&] { application.SelectObject(kEmployeeType, "", ""); });
+}
+
+void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
+  const QTemporaryDir place;
+  const std::string file = place.filePath("pavyzdys.quor").toStdString();
+  make_sample_company(*Database::create(file));
+  QElapsedTimer since;
+  since.start();
+  Company company(Database::open(file));
+  DesktopApplication application(company, {.title = "Quor", .user = "ona", .today = Date::from_ymd(2008, 1, 31)}, edge);
+  application.load_plugin(plugin);
+  MainWindow window(application);
+  window.resize(1100, 720);
+  window.show();
+  static_cast<void>(QTest::qWaitForWindowExposed(&window));
+  std::printf("window after %lld ms\n", static_cast<long long>(since.elapsed()));
+
+  calculate_month(application, Month::parse("2008-01"), {});
+  application.place_on_desk_top(window.list()->current(), nullptr);
+  application.place_on_desk_top("O04001003", nullptr);
+  window.refresh_all();
+  Pictures pictures(window, folder);
+  pictures.take_window("main_window");
+  take_editors(window, pictures);
+  take_previews(application, window, pictures);
+  window.show_type(kEmployeeType);
+  pictures.take_window("employees");
+  take_dialogs(application, window, pictures, edge);
+}
+
+}  // namespace
+}  // namespace quor
+
+int main(int argc, char** argv) {
+  if (argc != 3) return 2;
+  const QTemporaryDir settings;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+  quor::Edge edge;
+  int count = 1;
+  quor::DesktopProcess process(count, argv, edge);
+  QDir().mkpath(argv[2]);
+  quor::take_all(argv[1], argv[2], edge);
+  return 0;
+}
