@@ -2,6 +2,7 @@
 
 #include "forms/categories/category_row_editor.h"
 #include "frame/object_types.h"
+#include "frame/row_dialog.h"
 #include "platform/data/error.h"
 #include "platform/data/number_text.h"
 
@@ -81,17 +82,8 @@ void frmOfficeEmployeeCategories::run_row_action(const std::string& action, cons
   if (action == kDeleteRow) delete_row(guid);
 }
 
-// Cancelled or not, the dialog may have left its filter on the rows.
 void frmOfficeEmployeeCategories::edit_row(const std::string& guid) {
-  frmOfficeEmployeeCategoryRow editor(application_);
-  editor.DataObject = QuorObjectUIO;
-  editor.RowGUID = guid;
-  {
-    const auto rows = catalogue::rows_of(*QuorObjectUIO);
-    const quor::FilterScope scope(rows);
-    application_.show_modal(editor);
-  }
-  if (editor.Cancelled) return;
+  if (!edit_row_in_dialog<frmOfficeEmployeeCategoryRow>(application_, QuorObjectUIO, guid)) return;
   fill_factors();
   mark_changed();
 }

@@ -4,6 +4,7 @@
 #include "forms/settings/new_version.h"
 #include "frame/numeric_box.h"
 #include "frame/object_types.h"
+#include "frame/row_dialog.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -108,17 +109,8 @@ void frmOfficeEmployeeSettings::run_experience_command(const std::string& comman
   if (command == kDeleteBand) delete_band(guid);
 }
 
-// Cancelled or not, the dialog may have left its filter on the rows.
 void frmOfficeEmployeeSettings::edit_band(const std::string& guid) {
-  frmOfficeEmployeeExperience editor(application_);
-  editor.DataObject = QuorObjectUIO;
-  editor.RowGUID = guid;
-  {
-    const auto rows = catalogue::rows_of(*QuorObjectUIO);
-    const quor::FilterScope scope(rows);
-    application_.show_modal(editor);
-  }
-  if (editor.Cancelled) return;
+  if (!edit_row_in_dialog<frmOfficeEmployeeExperience>(application_, QuorObjectUIO, guid)) return;
   fill_experience();
   mark_modified();
 }
