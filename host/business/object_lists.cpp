@@ -67,7 +67,7 @@ const std::vector<ListedType>& listed_types() {
        " FROM settings s",
        false,
        {{"Galioja nuo", kDate}, {"Priedų riba", kDouble}, {"Priemokų riba", kDouble}, {"Bendra riba", kDouble}},
-       "s.date_from NULLS FIRST, s.id"},
+       "s.date_from DESC NULLS LAST, s.id DESC"},
       {kSalaryExtensionType,
        "Darbuotojų pareigybės",
        "SELECT p.id, e.name, c.name, p.date_from, p.date_to FROM positions p JOIN employees e ON e.id = p.employee_id"

@@ -50,7 +50,7 @@ TEST_P(ObjectListsTest, EachTypeIsListedInOrderWithItsColumns) {
       {"'O0402200',''", "OIDR;Pavadinimas;Koeficientas", "O04022002;čia; | O04022003;Du; | O04022001;Žemiausia;10,25"},
       {"'O0402200'", "OIDR;Pavadinimas;Koeficientas", "O04022002;čia; | O04022003;Du; | O04022001;Žemiausia;10,25"},
       {"O0402300", "OIDR;Galioja nuo;Priedų riba;Priemokų riba;Bendra riba",
-       "O04023002;2005.01.01;;; | O04023001;2008.02.01;55;;70,5"},
+       "O04023001;2008.02.01;55;;70,5 | O04023002;2005.01.01;;;"},
       {"'O0402000',''", "OIDR;Darbuotojas;Kategorija;Nuo;Iki",
        "O04020003;Čepaitė;Du;2005.01.01; | O04020002;Žilinas;;2005.01.01; |"
        " O04020001;Žilinas;Žemiausia;2006.01.01;2006.12.31"},
