@@ -6,7 +6,7 @@ namespace quor {
 
 void put_on_desk_top(Company& company, const std::string& user, const std::string& object) {
   if (!id_of_key(object)) return;
-  Transaction transaction(company.database());
+  Transaction transaction(company.database(), Writes::kOther);
   const auto added = company.database().execute(
       "INSERT INTO desk_top (user_name, object, position) SELECT :p0, :p1, COALESCE(MAX(position), 0) + 1"
       " FROM desk_top WHERE user_name = :p0 ON CONFLICT (user_name, object) DO NOTHING",
@@ -15,7 +15,7 @@ void put_on_desk_top(Company& company, const std::string& user, const std::strin
 }
 
 void take_off_desk_top(Company& company, const std::string& user, const std::string& object) {
-  Transaction transaction(company.database());
+  Transaction transaction(company.database(), Writes::kOther);
   const auto removed =
       company.database().execute("DELETE FROM desk_top WHERE user_name = :p0 AND object = :p1", {user, object});
   if (removed > 0) transaction.commit();

@@ -62,7 +62,7 @@ std::vector<CompanyUser> company_users(Company& company) {
 void store_company_users(Company& company, const std::vector<CompanyUser>& users) {
   require_sound(users);
   Database& database = company.database();
-  Transaction transaction(database);
+  Transaction transaction(database, Writes::kOther);
   database.execute("DELETE FROM rights");
   database.execute("DELETE FROM users");
   for (const CompanyUser& user : users) {

@@ -19,7 +19,7 @@ void require_open(Database& database, const Month& month) {
 }
 
 void close_month(Database& database, const Month& month, const std::string& user) {
-  Transaction transaction(database);
+  Transaction transaction(database, Writes::kOther);
   if (is_closed(database, month)) {
     throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " jau uždarytas.");
   }
@@ -29,7 +29,7 @@ void close_month(Database& database, const Month& month, const std::string& user
 }
 
 void reopen_month(Database& database, const Month& month) {
-  Transaction transaction(database);
+  Transaction transaction(database, Writes::kOther);
   if (database.execute("DELETE FROM closed_months WHERE month = :p0", {month.first_day()}) == 0) {
     throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " nėra uždarytas.");
   }

@@ -248,7 +248,7 @@ std::int32_t store_run(Database& database, const Month& month, const CalculatedR
   for (const MonthDocument& document : run.documents) cover(document.employee);
   for (const PersonFault& fault : run.faults) cover(fault.employee);
 
-  Transaction transaction(database);
+  Transaction transaction(database, Writes::kOther);
   require_open(database, month);
   const auto stored = read_stored(database, month, first, last);
   const Difference changes = difference(stored, run.documents);
@@ -267,7 +267,7 @@ std::int32_t remove_ended(Database& database, const Month& month, const std::str
   std::vector<Variant> values = {month.last_day(), month.first_day()};
   if (!scope.empty()) values.push_back(value);
 
-  Transaction transaction(database);
+  Transaction transaction(database, Writes::kOther);
   require_open(database, month);
   const auto found = database.read("SELECT id FROM documents WHERE " + ended, {{"ID", FieldType::kInt32}}, values);
   std::vector<std::int32_t> ids;

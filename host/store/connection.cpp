@@ -12,7 +12,6 @@ namespace {
 
 // How long a statement waits for another program before it gives up with kLocked.
 constexpr int kPatienceMilliseconds = 5000;
-constexpr int kWriterLock = 4021;  // any number, the same in every program
 // Pages of the file kept in memory, in KiB: random GUIDs of a large company would else be read again and again.
 constexpr int kCacheKibibytes = 64 * 1024;
 
@@ -177,7 +176,7 @@ void Database::Connection::prepare_server_session() {
 
 // The server has rolled back what was open on the old connection: a broken one is as good as a lost one.
 bool Database::Connection::reconnect() {
-  if (!is_lost() || state == State::kTransaction || state == State::kDoomed) return false;
+  if (!is_lost() || (state != State::kOpen && state != State::kBroken)) return false;
   try {
     session.reconnect();
   } catch (const soci::soci_error& error) {
@@ -209,10 +208,17 @@ std::optional<std::int64_t> Database::Connection::whole_number(const std::string
   });
 }
 
-void Database::Connection::begin() {
+void Database::Connection::require_no_transaction() const {
   if (state == State::kTransaction || state == State::kDoomed) {
     throw StoreError(StoreFault::kFailed, "ankstesnis įrašymas dar nebaigtas: „" + name + "“");
   }
+  if (state == State::kReading) {
+    throw StoreError(StoreFault::kFailed, "duomenys dar skaitomi, rašyti negalima: „" + name + "“");
+  }
+}
+
+void Database::Connection::begin() {
+  require_no_transaction();
   // Immediate: two programs that read first and write later would else fail each other at the write.
   command(on_server ? "BEGIN" : "BEGIN IMMEDIATE");
   state = State::kTransaction;
@@ -220,22 +226,52 @@ void Database::Connection::begin() {
 }
 
 // One writer at a time on a server too: what a transaction has read is then what it writes on. The lock goes with the
-// transaction.
+// transaction. A company that is being made has no row yet; two that make it meet at its first table.
 void Database::Connection::lock_for_writing() {
   try {
-    command("SELECT pg_advisory_xact_lock(" + std::to_string(kWriterLock) + ")");
+    if (has_company()) command("SELECT id FROM company FOR UPDATE");
   } catch (...) {
     roll_back();
     throw;
   }
 }
 
-void Database::Connection::commit() {
+bool Database::Connection::has_company() {
+  if (!has_company_) {
+    has_company_ = whole_number(
+                       "SELECT COUNT(*) FROM information_schema.tables"
+                       " WHERE table_schema = current_schema() AND table_name = 'company'")
+                       .value_or(0) > 0;
+  }
+  return has_company_;
+}
+
+// On a server every statement of a repeatable read sees the same state; in a file, what the first read has locked.
+void Database::Connection::begin_reading() {
+  require_no_transaction();
+  command(on_server ? "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY" : "BEGIN");
+  state = State::kReading;
+  if (!on_server) command("PRAGMA query_only=ON");
+}
+
+void Database::Connection::end_reading() {
+  try {
+    if (!on_server) command("PRAGMA query_only=OFF");
+    command("ROLLBACK");
+    state = State::kOpen;
+  } catch (...) {
+    state = State::kBroken;
+    throw;
+  }
+}
+
+void Database::Connection::commit(Writes writes) {
   // The server would take a commit after a failed statement and silently roll back.
   if (state == State::kDoomed) {
     throw StoreError(StoreFault::kFailed, "pakeitimai atšaukti, nes vienas iš įrašymų nepavyko: „" + name + "“");
   }
   command("UPDATE company SET change_count = change_count + 1");
+  if (writes == Writes::kPayInputs) command("UPDATE counters SET value = value + 1 WHERE name = 'pay_inputs'");
   command("COMMIT");
   state = State::kOpen;
 }

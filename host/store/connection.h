@@ -29,7 +29,7 @@ class Bindings {
 };
 
 struct Database::Connection {
-  enum class State { kOpen, kTransaction, kDoomed, kBroken };
+  enum class State { kOpen, kTransaction, kDoomed, kReading, kBroken };
 
   Connection(const soci::backend_factory& backend, const std::string& connect_text, std::string shown_name);
 
@@ -60,8 +60,10 @@ struct Database::Connection {
   std::optional<std::int64_t> whole_number(const std::string& sql, const std::vector<Variant>& values = {});
 
   void begin();
-  void commit();     // the transaction stays open when it throws
-  void roll_back();  // broken when it throws
+  void begin_reading();
+  void end_reading();          // broken when it throws
+  void commit(Writes writes);  // the transaction stays open when it throws
+  void roll_back();            // broken when it throws
   // See Database::reconnect.
   bool reconnect();
 
@@ -74,9 +76,13 @@ struct Database::Connection {
 
  private:
   void prepare_server_session();
+  void require_no_transaction() const;
   void lock_for_writing();
+  bool has_company();
   void doom();
   bool is_lost() { return on_server && !session.is_connected(); }  // asks the server
+  bool has_company_ = false;                                       // as far as this connection has seen
+
   StoreError lost() const { return {StoreFault::kFailed, "ryšys su įmonės duomenimis nutrūko: „" + name + "“"}; }
 };
 

@@ -77,10 +77,16 @@ std::int64_t Database::change_count() {
   return connection_->whole_number("SELECT change_count FROM company").value_or(0);
 }
 
+std::int64_t Database::pay_inputs_count() {
+  return connection_->whole_number("SELECT value FROM counters WHERE name = 'pay_inputs'").value_or(0);
+}
+
 std::uint64_t Database::statements() const { return connection_->statements; }
 void Database::set_fault(std::function<void(std::uint64_t)> fault) { connection_->fault = std::move(fault); }
 
-Transaction::Transaction(Database& database) : database_(database) { database_.connection_->begin(); }
+Transaction::Transaction(Database& database, Writes writes) : database_(database), writes_(writes) {
+  database_.connection_->begin();
+}
 
 Transaction::~Transaction() {
   if (state_ == State::kOpen) roll_back();
@@ -91,7 +97,7 @@ void Transaction::commit() {
     throw StoreError(StoreFault::kFailed, "įrašymas jau baigtas: „" + database_.name() + "“");
   }
   try {
-    database_.connection_->commit();
+    database_.connection_->commit(writes_);
     state_ = State::kCommitted;
   } catch (...) {
     roll_back();
@@ -109,6 +115,16 @@ void Transaction::roll_back() noexcept {
   } catch (...) {
     state_ = State::kFailed;
     std::clog << "quor: nepavyko atšaukti pakeitimų\n";
+  }
+}
+
+Snapshot::Snapshot(Database& database) : database_(database) { database_.connection_->begin_reading(); }
+
+Snapshot::~Snapshot() {
+  try {
+    database_.connection_->end_reading();
+  } catch (const std::exception& error) {
+    std::clog << "quor: nepavyko baigti skaitymo: " << error.what() << '\n';
   }
 }
 

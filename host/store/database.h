@@ -8,6 +8,8 @@
 //   open               a Transaction -> transaction open
 //   transaction open   commit or roll-back -> open; a statement that fails -> doomed
 //   doomed             roll-back -> open (commit refuses and rolls back)
+//   reading            the end of its Snapshot -> open; nothing can be written
+//   open               a Snapshot -> reading
 //   broken             a roll-back failed, every further statement fails; close the Database, or reconnect()
 #pragma once
 
@@ -81,6 +83,8 @@ class Database {
 
   // A number that every committed transaction of any program raises: what was read at an equal number still holds.
   std::int64_t change_count();
+  // A number that only those transactions raise that write what pay follows from (see Writes).
+  std::int64_t pay_inputs_count();
 
   // Statements sent to the database so far by this connection.
   std::uint64_t statements() const;
@@ -89,17 +93,23 @@ class Database {
 
  private:
   friend class Transaction;
+  friend class Snapshot;
   struct Connection;
   explicit Database(std::unique_ptr<Connection> connection);
 
   std::unique_ptr<Connection> connection_;
 };
 
+// What a transaction writes: something that a month's pay follows from (people, time, tariffs, dated rules), or only
+// what followed from it or does not bear on it (documents, closed months, users, desk tops).
+enum class Writes { kPayInputs, kOther };
+
 // A transaction as a scope: rolls back unless committed; raises the change count on commit. One at a time.
 class Transaction {
  public:
-  // Takes the right to write at once; throws kLocked when another program keeps it too long.
-  explicit Transaction(Database& database);
+  // Takes the right to write at once; throws kLocked when another program keeps it too long. On a server the right is
+  // the lock on the row of `company`: one writer an office, and the other offices of the server do not wait.
+  explicit Transaction(Database& database, Writes writes = Writes::kPayInputs);
   Transaction(const Transaction&) = delete;
   Transaction& operator=(const Transaction&) = delete;
   ~Transaction();  // a roll-back that fails goes to the log and leaves the database broken
@@ -111,7 +121,21 @@ class Transaction {
   void roll_back() noexcept;
 
   Database& database_;
+  Writes writes_;
   State state_ = State::kOpen;
+};
+
+// A scope in which all reads see the company as it was at the first of them, whoever writes meanwhile. Writing inside
+// it fails. Not inside a Transaction, and none inside it.
+class Snapshot {
+ public:
+  explicit Snapshot(Database& database);
+  Snapshot(const Snapshot&) = delete;
+  Snapshot& operator=(const Snapshot&) = delete;
+  ~Snapshot();  // an ending that fails goes to the log and leaves the database broken
+
+ private:
+  Database& database_;
 };
 
 }  // namespace quor

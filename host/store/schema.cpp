@@ -32,13 +32,15 @@ std::string utc_now() {
   return text;
 }
 
+StoreError already_there(const Database& database) {
+  return {StoreFault::kAlreadyThere, "įmonė jau yra: „" + database.name() + "“"};
+}
+
 void apply(Database& database, const EmbeddedFile& file, bool first) {
-  Transaction transaction(database);
+  Transaction transaction(database, Writes::kOther);
   const std::int32_t number = migration_number(file);
   if (first) {
-    if (holds_company(database)) {
-      throw StoreError(StoreFault::kAlreadyThere, "įmonė jau yra: „" + database.name() + "“");
-    }
+    if (holds_company(database)) throw already_there(database);
     database.execute("CREATE TABLE schema_migrations (number INTEGER PRIMARY KEY, applied_at TEXT NOT NULL)");
   } else if (single_number(database, "SELECT number FROM schema_migrations WHERE number = :p0", {number}) != 0) {
     return;  // another program was faster
@@ -72,7 +74,14 @@ void migrate(Database& database, std::span<const EmbeddedFile> files) {
                                                    std::to_string(known) + "): „" + database.name() + "“");
   }
   for (const EmbeddedFile& file : files) {
-    if (migration_number(file) > applied) apply(database, file, fresh && &file == &files.front());
+    const bool first = fresh && &file == &files.front();
+    try {
+      if (migration_number(file) > applied) apply(database, file, first);
+    } catch (const StoreError&) {
+      // Two programs that make a company in one database meet at its first table; the second finds it made.
+      if (first && holds_company(database)) throw already_there(database);
+      throw;
+    }
   }
 }
 
