@@ -6,6 +6,7 @@
 #include "host/business/guid.h"
 #include "host/business/object_codes.h"
 #include "host/business/parameter_text.h"
+#include "host/business/requests.h"
 #include "host/business/salary_document.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
@@ -38,6 +39,27 @@ std::int16_t years_in_comment(const std::string& comment) {
 // Tied to the salary extension: the percentage is the length-of-service supplement's.
 bool tied(const ChargeInput& charge) { return charge.salary_extra_oid.size() >= kTypeCodeLength; }
 
+// What the engine is going to ask for, once for everybody: read here it is of the same state as the other inputs, and a
+// connection that fails stops the calculation instead of each person's.
+void read_ahead(Company& company, const Month& month, const MonthInputs& inputs) {
+  const auto ask = [&](auto* request, const std::string& text) {
+    ParameterText parameter(text);
+    request(company, parameter);
+  };
+  std::set<Date> dates = {month.last_day()};
+  for (const PersonInput& person : inputs.people) {
+    for (const PositionInput& position : person.positions) dates.insert(position.to);
+  }
+  for (const Date date : dates) {
+    const std::string quoted = "'" + date_text(date) + "'";
+    ask(requests::salary_constants, quoted);
+    ask(requests::office_employee_settings, quoted);
+    ask(requests::office_employee_category, "0," + quoted);
+  }
+  ask(requests::salary_extra_row, "'','" + date_text(month.last_day()) + "'");
+  ask(requests::office_employee_experience, kNoParameter);
+}
+
 std::string row_guid(const MonthDocument& document, const std::string& place) {
   return named_guid(document.guid + "/" + place);
 }
@@ -47,7 +69,9 @@ std::string row_guid(const MonthDocument& document, const std::string& place) {
 DocumentCalculation::DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs)
     : engine_(application.new_data_object(kSalaryExtensionType)),
       salary_document_(std::make_shared<SalaryDocument>(application, application.company())),
-      rules_{month, inputs.norm_hours, inputs.basic_time_code, surcharge_codes(application, month.last_day())} {}
+      rules_{month, inputs.norm_hours, inputs.basic_time_code, surcharge_codes(application, month.last_day())} {
+  read_ahead(application.company(), month, inputs);
+}
 
 CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
   CalculatedMonth result;

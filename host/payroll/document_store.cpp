@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/business/departments.h"
 #include "host/payroll/closed_months.h"
 #include "platform/data/column.h"
 
@@ -116,23 +117,22 @@ std::vector<StoredDocument> read_stored(Database& database, const Month& month, 
   return documents;
 }
 
-// Documents to write, with the IDs of those that they replace.
-struct Difference {
-  std::vector<const MonthDocument*> written;
-  std::vector<std::int32_t> replaced_ids;
+struct Write {
+  const MonthDocument* document;
+  const StoredDocument* replaced;  // null: there is none yet
 };
 
-Difference difference(const std::vector<StoredDocument>& stored, const std::vector<MonthDocument>& calculated) {
-  Difference result;
+// Both are by employee.
+std::vector<Write> difference(const std::vector<StoredDocument>& stored, const std::vector<MonthDocument>& calculated) {
+  std::vector<Write> writes;
   auto old = stored.begin();
   for (const MonthDocument& document : calculated) {
     while (old != stored.end() && old->document.employee < document.employee) ++old;
     const bool found = old != stored.end() && old->document.employee == document.employee;
     if (found && old->document == document) continue;
-    result.written.push_back(&document);
-    if (found) result.replaced_ids.push_back(old->id);
+    writes.push_back({&document, found ? &*old : nullptr});
   }
-  return result;
+  return writes;
 }
 
 // In batches that a statement can take.
@@ -153,13 +153,13 @@ void remove_documents(Database& database, const std::vector<std::int32_t>& ids) 
 class DocumentRows {
  public:
   // Reserves the IDs of all rows of the documents.
-  DocumentRows(Database& database, const std::vector<const MonthDocument*>& documents) {
+  DocumentRows(Database& database, const std::vector<Write>& writes) {
     std::int32_t times = 0, sums = 0;
-    for (const MonthDocument* document : documents) {
-      times += static_cast<std::int32_t>(document->time_rows.size());
-      sums += static_cast<std::int32_t>(document->salary_rows.size());
+    for (const Write& write : writes) {
+      times += static_cast<std::int32_t>(write.document->time_rows.size());
+      sums += static_cast<std::int32_t>(write.document->salary_rows.size());
     }
-    document_id_ = database.reserve_ids("documents", static_cast<std::int32_t>(documents.size()));
+    document_id_ = database.reserve_ids("documents", static_cast<std::int32_t>(writes.size()));
     if (times > 0) time_id_ = database.reserve_ids("time_rows", times);
     if (sums > 0) sum_id_ = database.reserve_ids("salary_rows", sums);
   }
@@ -210,10 +210,15 @@ class DocumentRows {
   std::int32_t document_id_ = 0, time_id_ = 0, sum_id_ = 0;
 };
 
-void insert_documents(Database& database, const Month& month, const std::vector<const MonthDocument*>& documents) {
-  if (documents.empty()) return;
-  DocumentRows rows(database, documents);
-  for (const MonthDocument* document : documents) rows.add(month, *document);
+void write_documents(Database& database, const Month& month, const std::vector<Write>& writes) {
+  std::vector<std::int32_t> replaced;
+  for (const Write& write : writes) {
+    if (write.replaced != nullptr) replaced.push_back(write.replaced->id);
+  }
+  remove_documents(database, replaced);
+  if (writes.empty()) return;
+  DocumentRows rows(database, writes);
+  for (const Write& write : writes) rows.add(month, *write.document);
   rows.insert_into(database);
 }
 
@@ -240,42 +245,101 @@ bool store_faults(Database& database, const Month& month, const std::vector<Pers
   return true;
 }
 
-}  // namespace
-
-std::int32_t store_run(Database& database, const Month& month, const CalculatedRun& run) {
+struct EmployeeRange {
   std::int32_t first = INT32_MAX, last = 0;
-  const auto cover = [&](std::int32_t employee) { first = std::min(first, employee), last = std::max(last, employee); };
-  for (const MonthDocument& document : run.documents) cover(document.employee);
-  for (const PersonFault& fault : run.faults) cover(fault.employee);
 
-  Transaction transaction(database, Writes::kOther);
-  require_open(database, month);
-  const auto stored = read_stored(database, month, first, last);
-  const Difference changes = difference(stored, run.documents);
-  remove_documents(database, changes.replaced_ids);
-  insert_documents(database, month, changes.written);
-  const bool other_faults = store_faults(database, month, run.faults, first, last);
-  if (!changes.written.empty() || other_faults) transaction.commit();
-  return static_cast<std::int32_t>(changes.written.size());
+  explicit EmployeeRange(const CalculatedRun& run) {
+    const auto cover = [this](std::int32_t id) { first = std::min(first, id), last = std::max(last, id); };
+    for (const MonthDocument& document : run.documents) cover(document.employee);
+    for (const PersonFault& fault : run.faults) cover(fault.employee);
+  }
+};
+
+// The condition on rows of a month's people (columns month and employee_id) that the person is in force no more.
+struct EndedPeople {
+  std::string condition =
+      "month = :p1 AND employee_id IN (SELECT e.id FROM employees e WHERE NOT EXISTS (SELECT 1 FROM positions p"
+      " WHERE p.employee_id = e.id AND p.date_from <= :p0 AND (p.date_to IS NULL OR p.date_to >= :p1))";
+  std::vector<Variant> values;
+
+  EndedPeople(const Month& month, std::optional<std::int32_t> department)
+      : values{month.last_day(), month.first_day()} {
+    if (department) {
+      condition += " AND " + in_department("e.department_id", ":p2");
+      values.emplace_back(*department);
+    }
+    condition += ")";
+  }
+};
+
+struct EndedDocuments {
+  std::vector<std::int32_t> ids;
+  std::vector<NamedPerson> people;
+};
+
+EndedDocuments read_ended(Database& database, const EndedPeople& ended) {
+  const auto rows = database.read(
+      "SELECT d.id, d.employee_id, p.name FROM documents d JOIN employees p ON p.id = d.employee_id WHERE " +
+          ended.condition + " ORDER BY d.employee_id",
+      {{"ID", FieldType::kInt32}, {"UserID", FieldType::kInt32}, {"Name", FieldType::kText}}, ended.values);
+  EndedDocuments found;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    found.ids.push_back(rows->int32({0}));
+    found.people.push_back({rows->int32({1}), std::string(rows->text({2}))});
+  }
+  return found;
 }
 
-std::int32_t remove_ended(Database& database, const Month& month, const std::string& scope, const Variant& value) {
-  const std::string ended =
-      "month = :p1 AND employee_id IN (SELECT e.id FROM employees e WHERE NOT EXISTS (SELECT 1 FROM positions p"
-      " WHERE p.employee_id = e.id AND p.date_from <= :p0 AND (p.date_to IS NULL OR p.date_to >= :p1))" +
-      (scope.empty() ? std::string() : " AND " + scope) + ")";
-  std::vector<Variant> values = {month.last_day(), month.first_day()};
-  if (!scope.empty()) values.push_back(value);
+}  // namespace
 
+std::optional<ChangedDocuments> store_run(Database& database, const Month& month, const CalculatedRun& run,
+                                          std::int64_t inputs) {
+  const EmployeeRange people(run);
   Transaction transaction(database, Writes::kOther);
   require_open(database, month);
-  const auto found = database.read("SELECT id FROM documents WHERE " + ended, {{"ID", FieldType::kInt32}}, values);
-  std::vector<std::int32_t> ids;
-  for (; !found->Eof(); found->MoveNext()) ids.push_back(found->int32({0}));
-  remove_documents(database, ids);
-  const auto faults = database.execute("DELETE FROM month_faults WHERE " + ended, values);
-  if (!ids.empty() || faults > 0) transaction.commit();
-  return static_cast<std::int32_t>(ids.size());
+  if (database.pay_inputs_count() != inputs) return std::nullopt;
+  const auto stored = read_stored(database, month, people.first, people.last);
+  const auto writes = difference(stored, run.documents);
+  write_documents(database, month, writes);
+  const bool other_faults = store_faults(database, month, run.faults, people.first, people.last);
+  if (!writes.empty() || other_faults) transaction.commit();
+  ChangedDocuments changed;
+  for (const Write& write : writes) changed.push_back(write.document->employee);
+  return changed;
+}
+
+std::optional<ChangedDocuments> remove_ended(Database& database, const Month& month,
+                                             std::optional<std::int32_t> department, std::int64_t inputs) {
+  const EndedPeople ended(month, department);
+  Transaction transaction(database, Writes::kOther);
+  require_open(database, month);
+  if (database.pay_inputs_count() != inputs) return std::nullopt;
+  const EndedDocuments documents = read_ended(database, ended);
+  remove_documents(database, documents.ids);
+  const auto faults = database.execute("DELETE FROM month_faults WHERE " + ended.condition, ended.values);
+  if (!documents.ids.empty() || faults > 0) transaction.commit();
+  ChangedDocuments changed;
+  for (const NamedPerson& person : documents.people) changed.push_back(person.employee);
+  return changed;
+}
+
+DocumentDifference compare_with_stored(Database& database, const Month& month, const CalculatedRun& run) {
+  const EmployeeRange people(run);
+  const auto stored = read_stored(database, month, people.first, people.last);
+  DocumentDifference result;
+  for (const Write& write : difference(stored, run.documents)) {
+    (write.replaced == nullptr ? result.missing : result.changed).push_back(write.document->employee);
+  }
+  for (const PersonFault& fault : run.faults) {
+    const auto has_document = [&](const StoredDocument& each) { return each.document.employee == fault.employee; };
+    if (std::none_of(stored.begin(), stored.end(), has_document)) result.missing.push_back(fault.employee);
+  }
+  return result;
+}
+
+std::vector<NamedPerson> people_who_ended(Database& database, const Month& month,
+                                          std::optional<std::int32_t> department) {
+  return read_ended(database, EndedPeople(month, department)).people;
 }
 
 }  // namespace quor

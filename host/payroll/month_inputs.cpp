@@ -104,9 +104,12 @@ std::int32_t basic_code_of(Database& database) {
 MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department) {
   Database& database = company.database();
   if (department) require_department(company, *department);
-  MonthInputs inputs{.norm_hours = norm_of(database, month),
-                     .basic_time_code = basic_code_of(database),
-                     .people = read_people(database, month, department)};
+  MonthInputs inputs{
+      .count = database.pay_inputs_count(),
+      .norm_hours = norm_of(database, month),
+      .basic_time_code = basic_code_of(database),
+      .people = read_people(database, month, department),
+      .alphabet = database.read("SELECT id FROM employees ORDER BY sort_key, id", {{"ID", FieldType::kInt32}})};
   read_worked_time(database, month, inputs.people);
   read_charges(database, month, inputs.people);
   return inputs;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -41,13 +42,15 @@ struct PersonInput {
 };
 
 struct MonthInputs {
+  std::int64_t count;  // the state that all of it is of, see Database::pay_inputs_count
   double norm_hours;
-  std::int32_t basic_time_code;     // 0 when the company has no code "FD"
-  std::vector<PersonInput> people;  // by employee ID
+  std::int32_t basic_time_code;         // 0 when the company has no code "FD"
+  std::vector<PersonInput> people;      // by employee ID
+  std::shared_ptr<Recordset> alphabet;  // ID: every employee of the company, in alphabetical order
 };
 
 // Everybody with a position in force on a day of the month, of `department` with its sub-departments or of all.
-// A fixed number of statements. Throws StoreError, and quor::Error for an unknown department.
+// Belongs into a Snapshot. A fixed number of statements. Throws StoreError, and quor::Error for an unknown department.
 MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department);
 
 }  // namespace quor

@@ -3,18 +3,13 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "host/business/departments.h"
 #include "host/payroll/closed_months.h"
-#include "host/payroll/document_calculation.h"
 #include "platform/data/column.h"
-#include "platform/data/error.h"
 #include "platform/data/number_text.h"
 
 namespace quor {
 
 namespace {
-
-constexpr std::size_t kPeopleOfTransaction = 1000;
 
 const std::vector<FieldInfo> kRowFields = {{"Person", FieldType::kText},
                                            {"Category", FieldType::kText},
@@ -86,64 +81,49 @@ class Lines {
   std::unordered_map<std::int32_t, std::pair<std::size_t, std::size_t>> lines_of_;  // first line and count
 };
 
-class Calculation {
+// Stores what is calculated, as long as it is of the inputs of today.
+class Storing : public MonthTaker {
  public:
-  Calculation(Application& application, const Month& month, const MonthRunOptions& options)
-      : application_(application), month_(month), options_(options) {}
+  Storing(Application& application, const Month& month, std::optional<std::int32_t> department)
+      : database_(application.company().database()), month_(month), department_(department) {}
 
-  MonthRun run() {
-    Company& company = application_.company();
-    company.refresh();
-    require_open(company.database(), month_);
-    const MonthInputs inputs = read_month_inputs(company, month_, options_.department);
-    result_.all = static_cast<std::int32_t>(inputs.people.size());
-    DocumentCalculation calculation(application_, month_, inputs);
-    for (std::size_t first = 0; first < inputs.people.size() && !result_.cancelled; first += kPeopleOfTransaction) {
-      const std::size_t last = std::min(first + kPeopleOfTransaction, inputs.people.size());
-      run_part(calculation, inputs.people, first, last);
-    }
-    if (!result_.cancelled) remove_those_who_ended();
-    result_.rows = lines_.in_order(
-        *company.database().read("SELECT id FROM employees ORDER BY sort_key, id", {{"ID", FieldType::kInt32}}));
+  void begin(const MonthInputs& inputs) override {
+    require_open(database_, month_);
+    alphabet_ = inputs.alphabet;
+    result_ = {
+        .all = static_cast<std::int32_t>(inputs.people.size()), .inputs = inputs.count, .faults = {}, .rows = nullptr};
+    lines_ = Lines();
+  }
+  void take(const PersonInput& person, const CalculatedMonth& month) override { lines_.add(person, month); }
+  bool take_part(const CalculatedRun& part) override {
+    if (!note(store_run(database_, month_, part, result_.inputs))) return false;
+    result_.done += static_cast<std::int32_t>(part.documents.size() + part.faults.size());
+    result_.faults.insert(result_.faults.end(), part.faults.begin(), part.faults.end());
+    return true;
+  }
+  bool take_end() override { return note(remove_ended(database_, month_, department_, result_.inputs)); }
+
+  MonthRun result(bool cancelled) {
+    std::sort(changed_.begin(), changed_.end());
+    changed_.erase(std::unique(changed_.begin(), changed_.end()), changed_.end());
+    result_.changed = static_cast<std::int32_t>(changed_.size());
+    result_.cancelled = cancelled;
+    result_.rows = lines_.in_order(*alphabet_);
     return std::move(result_);
   }
 
  private:
-  void run_part(DocumentCalculation& calculation, const std::vector<PersonInput>& people, std::size_t first,
-                std::size_t last) {
-    CalculatedRun part;
-    std::size_t next = first;
-    for (; next < last; ++next) {
-      result_.cancelled = options_.cancelled && options_.cancelled();
-      if (result_.cancelled) break;
-      calculate_person(calculation, people[next], part);
-      if (options_.progress) options_.progress(static_cast<std::int32_t>(next + 1), result_.all);
-    }
-    if (next == first) return;
-    result_.changed += store_run(application_.company().database(), month_, part);
-    result_.done = static_cast<std::int32_t>(next);
-    result_.faults.insert(result_.faults.end(), part.faults.begin(), part.faults.end());
+  // What an abandoned attempt has written counts too, once for each person.
+  bool note(const std::optional<ChangedDocuments>& changed) {
+    if (changed) changed_.insert(changed_.end(), changed->begin(), changed->end());
+    return changed.has_value();
   }
 
-  void calculate_person(DocumentCalculation& calculation, const PersonInput& person, CalculatedRun& part) {
-    try {
-      CalculatedMonth month = calculation.calculate(person);
-      lines_.add(person, month);
-      part.documents.push_back(std::move(month.document));
-    } catch (const Error& error) {
-      part.faults.push_back({person.employee, person.name, error.what()});
-    }
-  }
-
-  void remove_those_who_ended() {
-    const std::string scope = options_.department ? in_department("e.department_id", ":p2") : "";
-    const Variant department = options_.department ? Variant(*options_.department) : Variant();
-    result_.changed += remove_ended(application_.company().database(), month_, scope, department);
-  }
-
-  Application& application_;
+  Database& database_;
   const Month& month_;
-  const MonthRunOptions& options_;
+  const std::optional<std::int32_t> department_;
+  std::shared_ptr<Recordset> alphabet_;
+  ChangedDocuments changed_;
   MonthRun result_;
   Lines lines_;
 };
@@ -151,7 +131,9 @@ class Calculation {
 }  // namespace
 
 MonthRun calculate_month(Application& application, const Month& month, const MonthRunOptions& options) {
-  return Calculation(application, month, options).run();
+  Storing storing(application, month, options.department);
+  const bool whole = calculate_people(application, month, options, storing);
+  return storing.result(!whole);
 }
 
 }  // namespace quor

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "host/payroll/closed_months.h"
+#include "host/payroll/month_comparison.h"
+#include "host/sample/sample_company.h"
 #include "platform/data/error.h"
 #include "tests/platform/outcome.h"
 #include "tests/support/test_company.h"
@@ -261,6 +263,107 @@ TEST_P(MonthRunTest, StoppingKeepsWhatIsDoneAndNothingHalf) {
   EXPECT_EQ(calculate().changed, 1);
 }
 
+TEST_P(MonthRunTest, WhatChangesMeanwhileIsCalculatedAnew) {
+  for (const char* name : {"Adomas", "Benas"}) given_person(name);
+  Company other(Database::open(company_.database().name()));
+  Application elsewhere(other, {});
+  elsewhere.load_plugin(VELMORA_PLUGIN);
+  const Month month = Month::parse("2008-01");
+  int changes = 0;
+  const auto halved = [&](int times, bool calculated) {
+    changes = times;
+    return [&, calculated](std::int32_t done, std::int32_t all) {
+      if (done < all || changes-- <= 0) return;
+      Transaction transaction(other.database());
+      other.database().execute("UPDATE constant_values SET value = value / 2 WHERE constant_type_id = 1");
+      transaction.commit();
+      if (calculated) calculate_month(elsewhere, month, {});
+    };
+  };
+  const MonthRun once = calculate("2008-01", {.progress = halved(1, false)});
+  EXPECT_EQ(pay(once), "Adomas;630;0;0; | Benas;630;0;0;");
+  EXPECT_EQ(once.done, 2);
+  EXPECT_EQ(once.changed, 2);
+  EXPECT_EQ(once.inputs, company_.database().pay_inputs_count());
+
+  const MonthRun twice = calculate("2008-01", {.progress = halved(2, true)});  // the newer documents stay
+  EXPECT_EQ(pay(twice), "Adomas;160;0;0; | Benas;160;0;0;");                   // 32,5 by 9,7 is 315,25, then 157,6
+  EXPECT_EQ(twice.changed, 0);
+
+  const auto before = stored_pay();
+  EXPECT_NE(error_text([&] { calculate("2008-01", {.progress = halved(3, false)}); }).find("metu keičiami"),
+            std::string::npos);
+  EXPECT_EQ(changes, 0);
+  EXPECT_EQ(stored_pay(), before);
+  EXPECT_EQ(compare_month(company_.application(), month, {.progress = halved(1, false)}).changed.size(), 2U);
+  EXPECT_NE(error_text([&] { compare_month(company_.application(), month, {.progress = halved(3, false)}); }), "");
+}
+
+TEST_P(MonthRunTest, APartThatIsStoredBeforeAChangeIsCalculatedAnewToo) {
+  make_sample_company(company_.database(), {.employees = 1200, .progress = {}});
+  bool changed = false;
+  const MonthRun run = calculate("2008-01", {.progress = [&](std::int32_t done, std::int32_t /*all*/) {
+                                   if (done != 1001 || std::exchange(changed, true)) return;
+                                   EXPECT_EQ(rows_in("documents"), 1000);
+                                   change("UPDATE constant_values SET value = value * 2");
+                                 }});
+  EXPECT_GT(run.all, 1001);
+  EXPECT_EQ(run.done, run.all);
+  EXPECT_EQ(run.changed, run.all);
+  EXPECT_TRUE(compare_month(company_.application(), Month::parse("2008-01")).is_up_to_date());
+}
+
+TEST_P(MonthRunTest, AComparisonNamesWhoseDocumentsACalculationWouldChange) {
+  for (const char* name : {"Zita", "Šarūnas", "Adomas", "Edita"}) given_person(name);
+  const auto compared = [&] {
+    const auto changes = company_.database().change_count();
+    const MonthComparison found = compare_month(company_.application(), Month::parse("2008-01"));
+    EXPECT_EQ(company_.database().change_count(), changes);
+    std::string text;
+    for (const auto& [list, people] :
+         {std::pair{"-", &found.missing}, {"changed", &found.changed}, {"ended", &found.ended}}) {
+      for (const NamedPerson& person : *people) {
+        text += std::string(list) + " " + std::to_string(person.employee) + " " + person.name + "; ";
+      }
+    }
+    for (const PersonFault& fault : found.faults) text += fault.person + ": " + fault.reason + "; ";
+    EXPECT_EQ(found.is_up_to_date(), text.empty());
+    return text;
+  };
+  EXPECT_EQ(compared(), "- 3 Adomas; - 4 Edita; - 2 Šarūnas; - 1 Zita; ");
+  EXPECT_EQ(rows_in("documents"), 0);
+  calculate();
+  EXPECT_EQ(compared(), "");
+  given_person("Benas");
+  company_.database().execute("UPDATE positions SET date_to = :p0 WHERE employee_id = 4", {day("2007.12.31")});
+  company_.database().execute("UPDATE positions SET category_id = NULL WHERE employee_id IN (1, 5)");
+  company_.given_charge(2, kNull, kNull, 5.0);
+  touch();
+  EXPECT_EQ(compared(),
+            "- 5 Benas; changed 2 Šarūnas; ended 4 Edita;"
+            " Benas: nėra pareigybės kategorijos koeficiento datai 2008.01.31;"
+            " Zita: nėra pareigybės kategorijos koeficiento datai 2008.01.31; ");
+}
+
+// A file holds writers off while it is read; on a server they go on.
+TEST_P(MonthRunTest, AWriteBetweenTwoReadsOfTheInputsIsSeenWholeOrNotAtAll) {
+  if (!company_.database().on_server()) return;
+  given_person("Adomas");
+  calculate();
+  Company other(Database::open(company_.database().name()));
+  for (std::uint64_t n = 1; n <= 12; ++n) {
+    const auto statement_of_change = company_.database().statements() + n;
+    company_.database().set_fault([&](std::uint64_t statement) {
+      if (statement != statement_of_change) return;
+      Transaction transaction(other.database());
+      other.database().execute("UPDATE constant_values SET value = 390 - value WHERE constant_type_id = 1");
+      transaction.commit();
+    });
+    EXPECT_EQ(pay(calculate()), n % 2 == 1 ? "Adomas;2520;0;0;" : "Adomas;1260;0;0;") << n;
+    company_.heal();
+  }
+}
+
 TEST_P(MonthRunTest, AFailedStatementLeavesEachDocumentWholeOrAsItWas) {
   for (const char* name : {"Adomas", "Benas"}) given_person(name);
   calculate();
@@ -304,11 +407,10 @@ TEST_P(MonthRunTest, TheNumberOfStatementsDoesNotGrowWithThePeople) {
     return company_.database().statements() - before;
   };
   given_person("Adomas");
-  calculate();
+  statements();
   const auto for_one = statements();
   for (int i = 0; i < 40; ++i) given_person("Žmogus");
-  touch();
-  calculate();
+  statements();
   EXPECT_EQ(statements(), for_one);
 }
 
