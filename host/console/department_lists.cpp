@@ -36,7 +36,8 @@ Departments read_departments(Company& company) {
 
 class Lists {
  public:
-  Lists(Company& company, const DepartmentList& list_of) : departments_(read_departments(company)), list_of_(list_of) {}
+  Lists(Company& company, const DepartmentFits& fits, const DepartmentList& list_of)
+      : departments_(read_departments(company)), fits_(fits), list_of_(list_of) {}
 
   void add_below(std::int32_t department) {
     for (const Department& below : departments_[department]) add(below);
@@ -45,28 +46,28 @@ class Lists {
 
  private:
   void add(const Department& department) {
-    try {
+    if (fits_(department.id)) {
       auto list = list_of_(department.id);
       if (list->lines > 0) lists_.push_back(std::move(list));
-    } catch (const Error& error) {
-      if (error.kind() != ErrorKind::kOverflow) throw;
-      if (department.has_people || departments_[department.id].empty()) {
-        throw Error(ErrorKind::kOverflow,
-                    "Padalinio „" + department.name + "“ žmonės netelpa į vieną sąrašą, o į mažesnius jis nesiskaido.");
-      }
-      add_below(department.id);
+      return;
     }
+    if (department.has_people || departments_[department.id].empty()) {
+      throw Error(ErrorKind::kOverflow,
+                  "Padalinio „" + department.name + "“ žmonės netelpa į vieną sąrašą, o į mažesnius jis nesiskaido.");
+    }
+    add_below(department.id);
   }
 
   Departments departments_;
+  const DepartmentFits& fits_;
   const DepartmentList& list_of_;
   Reports lists_;
 };
 
 }  // namespace
 
-Reports lists_by_department(Company& company, const DepartmentList& list_of) {
-  Lists lists(company, list_of);
+Reports lists_by_department(Company& company, const DepartmentFits& fits, const DepartmentList& list_of) {
+  Lists lists(company, fits, list_of);
   lists.add_below(0);
   return lists.take();
 }

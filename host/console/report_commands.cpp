@@ -15,7 +15,6 @@
 #include "host/payroll/month.h"
 #include "host/report/report_pdf.h"
 #include "host/report/report_text.h"
-#include "platform/data/error.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/form.h"
@@ -74,7 +73,7 @@ class OpenPreview {
   OpenPreview& operator=(const OpenPreview&) = delete;
   ~OpenPreview() { form_->unload(); }
 
-  // The report of a department, of everybody without one. Throws quor::Error when the list cannot hold so many.
+  // The report of a department, of everybody without one.
   std::shared_ptr<const ReportData> report(std::optional<std::int32_t> department) {
     if (department) {
       application_.set_pick(object_key(kDepartmentType, *department));
@@ -100,15 +99,27 @@ class OpenPreview {
   const std::shared_ptr<Form> form_;
 };
 
-// A list that everybody does not fit into becomes lists of departments, each numbered on its own.
-Reports reports_of(Session& session, OpenPreview& preview, std::optional<std::int32_t> department) {
-  try {
-    return {preview.report(department)};
-  } catch (const Error& error) {
-    if (error.kind() != ErrorKind::kOverflow || department) throw;
+// A list numbers its people in 16 bits. The rows of one person stand together. `department` 0 is everybody.
+bool fits_one_list(Session& session, const Month& month, std::int32_t department) {
+  constexpr std::int32_t kPeopleOfList = 32767;
+  const std::string parameter = "'" + date_text(month.last_day()) + "'," + std::to_string(department);
+  const auto rows = session.named_record_set("OfficeEmployeePreview", parameter);
+  const FieldHandle user = rows->handle("UserID");
+  std::int32_t people = 0, last = 0;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    people += rows->int32(user) == last ? 0 : 1;
+    last = rows->int32(user);
   }
+  return people <= kPeopleOfList;
+}
+
+// A list that everybody does not fit into becomes lists of departments, each numbered on its own.
+Reports reports_of(Session& session, OpenPreview& preview, const Month& month, std::optional<std::int32_t> department) {
+  const auto fits = [&](std::int32_t id) { return fits_one_list(session, month, id); };
+  if (department || fits(0)) return {preview.report(department)};
   std::cerr << "Žmonės į vieną sąrašą netelpa: kiekvieno padalinio sąrašas atskirai.\n";
-  return lists_by_department(session.application().company(), [&](std::int32_t id) { return preview.report(id); });
+  return lists_by_department(session.application().company(), fits,
+                             [&](std::int32_t id) { return preview.report(id); });
 }
 
 bool to_terminal(const CommonOptions& options) {
@@ -150,7 +161,7 @@ ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std:
   Application& application = session.application();
   if (command.department) require_department(application.company(), *command.department);
   OpenPreview preview(application, entry, month);
-  write_reports(reports_of(session, preview, command.department), options, application, out);
+  write_reports(reports_of(session, preview, month, command.department), options, application, out);
   return ExitStatus::kDone;
 }
 
