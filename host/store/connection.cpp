@@ -251,7 +251,13 @@ void Database::Connection::begin_reading() {
   require_no_transaction();
   command(on_server ? "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY" : "BEGIN");
   state = State::kReading;
-  if (!on_server) command("PRAGMA query_only=ON");
+  if (on_server) return;
+  try {
+    command("PRAGMA query_only=ON");
+  } catch (...) {
+    end_reading();
+    throw;
+  }
 }
 
 void Database::Connection::end_reading() {

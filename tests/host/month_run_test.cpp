@@ -4,7 +4,6 @@
 
 #include "host/payroll/closed_months.h"
 #include "host/payroll/month_comparison.h"
-#include "host/sample/sample_company.h"
 #include "platform/data/error.h"
 #include "tests/platform/outcome.h"
 #include "tests/support/test_company.h"
@@ -219,7 +218,7 @@ TEST_P(MonthRunTest, OnePersonsFaultIsKeptAndTheOthersGoOn) {
   const auto ill = given_person("Benas");
   change("UPDATE positions SET category_id = NULL WHERE employee_id = :p0", {ill});
   const auto old = given_person("Celina");
-  company_.given_service(old, day("2005.01.01"), 32767, 12);
+  company_.given_service(old, day("2005.01.01"), 32767, 11);
 
   const MonthRun run = calculate();
   EXPECT_EQ(pay(run), "Adomas;1260;0;0;");
@@ -300,17 +299,24 @@ TEST_P(MonthRunTest, WhatChangesMeanwhileIsCalculatedAnew) {
 }
 
 TEST_P(MonthRunTest, APartThatIsStoredBeforeAChangeIsCalculatedAnewToo) {
-  make_sample_company(company_.database(), {.employees = 1200, .progress = {}});
+  given_person("Adomas");
+  // 1001 more whose share is none, which costs no time.
+  const std::string numbers = " WITH RECURSIVE n (i) AS (SELECT 10 UNION ALL SELECT i + 1 FROM n WHERE i < 1010)";
+  change("INSERT INTO employees (id, name, sort_key, department_id, row_version)" + numbers +
+         " SELECT i, 'Be etato', '', 1, 1 FROM n");
+  change("INSERT INTO positions (id, employee_id, contract_guid, norm_guid, share, date_from, row_version)" + numbers +
+         " SELECT i, i, '', '', 0, 1000, 1 FROM n");
   bool changed = false;
-  const MonthRun run = calculate("2008-01", {.progress = [&](std::int32_t done, std::int32_t /*all*/) {
-                                   if (done != 1001 || std::exchange(changed, true)) return;
-                                   EXPECT_EQ(rows_in("documents"), 1000);
+  const MonthRun run = calculate("2008-01", {.progress = [&](std::int32_t done, std::int32_t all) {
+                                   if (done < all || std::exchange(changed, true)) return;
+                                   EXPECT_EQ(rows_in("documents"), 1);
                                    change("UPDATE constant_values SET value = value * 2");
                                  }});
-  EXPECT_GT(run.all, 1001);
-  EXPECT_EQ(run.done, run.all);
-  EXPECT_EQ(run.changed, run.all);
-  EXPECT_TRUE(compare_month(company_.application(), Month::parse("2008-01")).is_up_to_date());
+  EXPECT_EQ(pay(run), "Adomas;2520;0;0;");
+  EXPECT_EQ(stored_pay(), "1;2520;184");
+  EXPECT_EQ(run.done, 1002);
+  EXPECT_EQ(run.faults.size(), 1001U);
+  EXPECT_EQ(run.changed, 1);
 }
 
 TEST_P(MonthRunTest, AComparisonNamesWhoseDocumentsACalculationWouldChange) {
@@ -364,14 +370,19 @@ TEST_P(MonthRunTest, AWriteBetweenTwoReadsOfTheInputsIsSeenWholeOrNotAtAll) {
   }
 }
 
-TEST_P(MonthRunTest, AFailedStatementLeavesEachDocumentWholeOrAsItWas) {
+TEST_P(MonthRunTest, AFailedStatementStopsTheRunAndLeavesEachDocumentWholeOrAsItWas) {
   for (const char* name : {"Adomas", "Benas"}) given_person(name);
   calculate();
   company_.given_charge(1, kNull, kNull, 50.0);
   touch();
-  const auto statements_before = company_.database().statements();
-  calculate();
-  const auto statements = company_.database().statements() - statements_before;
+  Database& database = company_.database();
+  const auto statements_before = database.statements();
+  std::uint64_t reading_ends = 0;
+  calculate("2008-01", {.cancelled = [&] {
+              if (reading_ends == 0) reading_ends = database.statements() - statements_before;
+              return false;
+            }});
+  const auto statements = database.statements() - statements_before;
   ASSERT_GT(statements, 20U);
   const auto with_charge = stored_pay();
   change("DELETE FROM extra_charges");
@@ -382,18 +393,21 @@ TEST_P(MonthRunTest, AFailedStatementLeavesEachDocumentWholeOrAsItWas) {
 
   int as_it_was = 0;
   for (std::uint64_t n = 1; n <= statements; ++n) {
+    // What fails at the end of the reading, before the look whether the month is closed, breaks the connection.
+    if (n + 1 == reading_ends || n + 2 == reading_ends) continue;
     touch();
-    const auto failing = company_.database().statements() + n;
-    company_.database().set_fault([failing](std::uint64_t statement) {
+    const auto failing = database.statements() + n;
+    database.set_fault([failing](std::uint64_t statement) {
       if (statement == failing) throw StoreError(StoreFault::kFailed, "ryšys nutrūko");
     });
-    error_text([&] { calculate(); });  // a failed run, or a fault of one person
+    error_text([&] { EXPECT_EQ(calculate().faults.size(), 0U) << "statement " << n; });
     company_.heal();
     const auto now = stored_pay();
     EXPECT_TRUE(now == without_charge || now == with_charge) << "statement " << n << " of " << statements;
     as_it_was += now == without_charge ? 1 : 0;
   }
   EXPECT_GT(as_it_was, 15);
+  EXPECT_TRUE(company_.application().boxes().empty());
   touch();
   calculate();
   EXPECT_EQ(stored_pay(), with_charge);
