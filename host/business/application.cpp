@@ -41,6 +41,11 @@ bool find_in_list(Recordset& list, const std::string& key) {
 
 }  // namespace
 
+HeldNotices::HeldNotices(Application& application)
+    : application_(application), outer_(std::exchange(application.held_notices_, &boxes_)) {}
+
+HeldNotices::~HeldNotices() { application_.held_notices_ = outer_; }
+
 Application::Application(Company& company, ApplicationOptions options)
     : company_(company), options_(std::move(options)) {}
 
@@ -138,6 +143,10 @@ Date Application::Today() const {
 
 // Nobody is there to answer: a notice is taken as read, a question is not agreed to.
 BoxAnswer Application::MessageBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
+  if (holds(buttons)) {
+    held_notices_->push_back({text, icon, buttons, title});
+    return BoxAnswer::kOk;
+  }
   shown_boxes_.push_back({text, icon, buttons, title});
   if (box_listener_) box_listener_(shown_boxes_.back());
   switch (buttons) {

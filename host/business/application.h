@@ -36,6 +36,24 @@ struct ApplicationOptions {
   std::string pick = {};  // the key that is chosen where nobody is there to choose; "#…" behind it is no matter
 };
 
+class Application;
+
+// While it lives, notices (boxes with nothing to decide) go to whoever made it and to nobody else: work over many
+// people tells each failure of its own, by the person whom it concerns.
+class HeldNotices {
+ public:
+  explicit HeldNotices(Application& application);
+  HeldNotices(const HeldNotices&) = delete;
+  HeldNotices& operator=(const HeldNotices&) = delete;
+  ~HeldNotices();
+  const std::vector<ShownBox>& boxes() const { return boxes_; }
+
+ private:
+  Application& application_;
+  std::vector<ShownBox>* const outer_;
+  std::vector<ShownBox> boxes_;
+};
+
 class Application : public QuorApplication {
  public:
   // The company outlives the application.
@@ -96,8 +114,11 @@ class Application : public QuorApplication {
   virtual std::string choose_object(Recordset& list, const std::string& current, const std::string& title);
   // The first hourglass scope opens, the last one ends. Must not throw.
   virtual void busy_changed(bool /*busy*/) {}
+  // Whether a box of these buttons is held for somebody (see HeldNotices): whoever shows boxes shows it to nobody then.
+  bool holds(BoxButtons buttons) const { return held_notices_ != nullptr && buttons == BoxButtons::kOk; }
 
  private:
+  friend class HeldNotices;
   class BusyScope;
 
   std::shared_ptr<QuorObjectUI> new_object_ui(const std::string& object_type);
@@ -108,6 +129,7 @@ class Application : public QuorApplication {
   std::vector<PluginLibrary> plugins_;
   std::vector<std::shared_ptr<QuorHeader>> headers_;  // one instance per loaded library, as long as it is loaded
   std::vector<ShownBox> shown_boxes_;
+  std::vector<ShownBox>* held_notices_ = nullptr;  // of the innermost HeldNotices
   std::function<void(const ShownBox&)> box_listener_;
   std::function<void(Form&)> modal_user_;
   std::function<void(const ReportData&)> report_listener_;

@@ -1,5 +1,6 @@
 #include "host/business/child_rows.h"
 
+#include "host/business/readable_columns.h"
 #include "host/business/record_checks.h"
 
 namespace quor {
@@ -53,7 +54,10 @@ std::shared_ptr<Recordset> new_child_rows(const ChildRows& type) {
 std::shared_ptr<Recordset> read_child_rows(Database& database, const ChildRows& type, std::int32_t owner,
                                            const std::string& owner_guid) {
   std::string columns = "id, CAST(:p1 AS TEXT)";
-  for (const RecordField& field : type.fields) columns += std::string(", ") + field.column;
+  for (const RecordField& field : type.fields) {
+    const bool is_short = field.info.type == FieldType::kInt16;
+    columns += ", " + (is_short ? readable_int16(field.column) : std::string(field.column));
+  }
   return database.read(
       "SELECT " + columns + " FROM " + type.table + " WHERE " + type.owner_column + " = :p0 ORDER BY " + type.order,
       fields_of(type), {owner, owner_guid});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host/business/readable_columns.h"
 #include "host/business/record_checks.h"
 #include "host/store/record_guard.h"
 
@@ -20,12 +21,12 @@ const RecordField kFields[] = {
 constexpr FieldHandle kEmployee{0};  // of these, which a stored row is read with
 
 std::shared_ptr<Recordset> read_stored(Database& database, const Variant& employee) {
-  std::string columns;
   std::vector<FieldInfo> fields;
-  for (const RecordField& field : kFields) {
-    columns += std::string(field.column) + ", ";
-    fields.push_back(field.info);
-  }
+  for (const RecordField& field : kFields) fields.push_back(field.info);
+  // As the record set shows them, so that a row with a number that nobody can read can be mended.
+  const std::string columns = "employee_id, " + readable_date("date_experience") + ", " +
+                              readable_service("experience_years") + ", " + readable_service("experience_months") +
+                              ", ";
   for (const char* name : {"id", "row_version"}) fields.push_back({name, FieldType::kInt32});
   for (const char* name : {"changed_by", "changed_at"}) fields.push_back({name, FieldType::kText});
   return database.read(

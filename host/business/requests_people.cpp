@@ -1,5 +1,6 @@
 // Requests about people: departments, employees, their length of service, charges and positions.
 #include "host/business/object_codes.h"
+#include "host/business/readable_columns.h"
 #include "host/business/requests.h"
 #include "host/business/row_copy.h"
 #include "platform/data/error.h"
@@ -51,7 +52,9 @@ Answer positions(Company& company) {
   return company.kept("Positions", [&] {
     return company.database().read(
         "SELECT id, :p0 || CAST(id AS TEXT), contract_guid, norm_guid, constant_type_id, category_id, share,"
-        " contract_guid || norm_guid, date_from, date_to FROM positions ORDER BY date_from, id",
+        " contract_guid || norm_guid, " +
+            readable_date("date_from") + ", " + readable_date("date_to") +
+            " FROM positions ORDER BY positions.date_from, id",
         kPositionFields, {kSalaryExtensionType});
   });
 }
@@ -75,10 +78,11 @@ Answer office_employee_experience(Company& company, ParameterText& parameter) {
   return company
       .kept("OfficeEmployeeExperience",
             [&] {
-              return company.database().read(
-                  "SELECT employee_id, date_experience, experience_years, experience_months FROM experience"
-                  " ORDER BY employee_id",
-                  kExperienceFields);
+              return company.database().read("SELECT employee_id, " + readable_date("date_experience") + ", " +
+                                                 readable_service("experience_years") + ", " +
+                                                 readable_service("experience_months") +
+                                                 " FROM experience ORDER BY employee_id",
+                                             kExperienceFields);
             })
       ->Clone();
 }
@@ -88,10 +92,12 @@ Answer office_employee_extra_charges(Company& company, ParameterText& parameter)
   return company
       .kept("OfficeEmployeeExtraCharges",
             [&] {
-              return company.database().read(
-                  "SELECT id, employee_id, COALESCE(date_from, :p0), COALESCE(date_to, :p1), salary_extra_oid, sum_a,"
-                  " percentage, salary_code_id FROM extra_charges ORDER BY employee_id, id",
-                  kExtraChargeFields, {kOpenStart, kOpenEnd});
+              return company.database().read("SELECT id, employee_id, " + readable_date("COALESCE(date_from, :p0)") +
+                                                 ", " + readable_date("COALESCE(date_to, :p1)") +
+                                                 ", salary_extra_oid, " + readable_number("sum_a") + ", " +
+                                                 readable_number("percentage") +
+                                                 ", salary_code_id FROM extra_charges ORDER BY employee_id, id",
+                                             kExtraChargeFields, {kOpenStart, kOpenEnd});
             })
       ->Clone();
 }

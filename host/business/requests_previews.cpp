@@ -7,8 +7,10 @@
 #include "host/business/departments.h"
 #include "host/business/in_force.h"
 #include "host/business/position_salary.h"
+#include "host/business/readable_columns.h"
 #include "host/business/requests.h"
 #include "host/store/sort_key.h"
+#include "host/store/value_ranges.h"
 #include "platform/data/column.h"
 #include "platform/data/number_text.h"
 
@@ -40,7 +42,8 @@ class Tariffs {
     for (; !constants->Eof(); constants->MoveNext()) constants_[constants->int32(type)] = constants->number(value);
 
     const auto factors = company.database().read(
-        "SELECT c.id, c.name, r.factor FROM categories c LEFT JOIN category_rows r ON r.id = " +
+        "SELECT c.id, c.name, " + readable_number("r.factor") +
+            " FROM categories c LEFT JOIN category_rows r ON r.id = " +
             id_in_force("category_rows", "dated.category_id = c.id", ":p0"),
         {{"ID", FieldType::kInt32}, {"Name", FieldType::kText}, {"Factor", FieldType::kDouble}}, {date});
     for (const FieldHandle id{0}, name{1}, factor{2}; !factors->Eof(); factors->MoveNext()) {
@@ -90,11 +93,13 @@ class PreviewColumns {
     users_.push_back(user);
     names_.push_back(name);
     const bool has_factor = category != nullptr && category->factor;
+    const bool payable =
+        has_factor && tariff && kFactor.holds(*category->factor) && kTariff.holds(*tariff) && kShare.holds(share);
     if (category == nullptr) columns_[2].nulls.set(categories_.size(), true);
     categories_.push_back(category == nullptr ? std::string_view() : category->name);
     append(3, has_factor ? category->factor : std::nullopt);
     append(4, tariff);
-    append(5, has_factor && tariff ? std::optional(position_salary(*tariff, *category->factor, share)) : std::nullopt);
+    append(5, payable ? std::optional(position_salary(*tariff, *category->factor, share)) : std::nullopt);
   }
   Answer record_set() { return Recordset::from_columns(std::move(columns_)); }
 
@@ -218,10 +223,10 @@ Answer category_preview(Company& company, ParameterText& parameter) {
   parameter.none();
   const std::vector<FieldInfo> fields = {
       {"ID", FieldType::kInt32}, {"Name", FieldType::kText}, {"Factor", FieldType::kDouble}};
-  const auto rows = company.database().read(
-      "SELECT c.id, c.name, r.factor FROM categories c JOIN category_rows r ON r.category_id = c.id"
-      " ORDER BY c.id, r.date_from NULLS FIRST, r.id",
-      fields);
+  const auto rows = company.database().read("SELECT c.id, c.name, " + readable_number("r.factor") +
+                                                " FROM categories c JOIN category_rows r ON r.category_id = c.id"
+                                                " ORDER BY c.id, r.date_from NULLS FIRST, r.id",
+                                            fields);
   // Categories are few and keep no sort keys. Rows of one name stay by category and date.
   using Row = std::pair<std::string, std::array<Variant, 3>>;
   std::vector<Row> by_name;

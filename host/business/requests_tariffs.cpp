@@ -1,7 +1,9 @@
 // Requests for what is the same for everybody: salary constants, categories, settings, codes.
 #include "host/business/in_force.h"
+#include "host/business/readable_columns.h"
 #include "host/business/requests.h"
 #include "host/business/row_copy.h"
+#include "platform/data/error.h"
 
 namespace quor::requests {
 
@@ -44,6 +46,27 @@ const std::vector<FieldInfo> kSalaryCodeFields = {
 // Each of these is asked for once per person of a month: read per date, then cloned.
 std::string at(const char* name, Date date) { return std::string(name) + date_text(date); }
 
+bool is_code_list(const std::string& text) {
+  const std::string quoted = "'" + text + "'";
+  try {
+    ParameterText(quoted).whole_list();
+    return true;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+std::shared_ptr<Recordset> read_settings(Database& database, Date date, const std::string& code_list) {
+  return database.read("SELECT s.id, s.guid, s.date_from, s.base_month_tariff_id, s.base_hour_tariff_id, " + code_list +
+                           ", " + readable_int16("s.extra_charge_percentage") + ", " +
+                           readable_int16("s.surcharge_percentage") + ", " +
+                           readable_int16("s.total_charge_percentage") + ", r.guid, " + readable_int16("r.year_from") +
+                           ", " + readable_int16("r.year_to") + ", " + readable_int16("r.percentage") +
+                           " FROM settings s LEFT JOIN settings_rows r ON r.settings_id = s.id WHERE s.id = " +
+                           id_in_force("settings", "", ":p0") + " ORDER BY r.id",
+                       kSettingsFields, {date});
+}
+
 }  // namespace
 
 Answer salary_constants(Company& company, ParameterText& parameter) {
@@ -80,13 +103,10 @@ Answer office_employee_settings(Company& company, ParameterText& parameter) {
   return company
       .kept(at("OfficeEmployeeSettings", date),
             [&] {
-              return company.database().read(
-                  "SELECT s.id, s.guid, s.date_from, s.base_month_tariff_id, s.base_hour_tariff_id,"
-                  " s.personal_time_code_id_list, s.extra_charge_percentage, s.surcharge_percentage,"
-                  " s.total_charge_percentage, r.guid, r.year_from, r.year_to, r.percentage"
-                  " FROM settings s LEFT JOIN settings_rows r ON r.settings_id = s.id WHERE s.id = " +
-                      id_in_force("settings", "", ":p0") + " ORDER BY r.id",
-                  kSettingsFields, {date});
+              auto settings = read_settings(company.database(), date, "s.personal_time_code_id_list");
+              const bool readable =
+                  settings->RecordCount() == 0 || is_code_list(null_to_text(settings->field("PersonalTimeCodeIDList")));
+              return readable ? settings : read_settings(company.database(), date, "CAST(NULL AS TEXT)");
             })
       ->Clone();
 }

@@ -21,7 +21,8 @@ DesktopApplication::~DesktopApplication() { edge_.before_acts(nullptr); }
 
 BoxAnswer DesktopApplication::MessageBox(const std::string& text, BoxIcon icon, BoxButtons buttons,
                                          const std::string& title) {
-  Application::MessageBox(text, icon, buttons, title);  // writes it down
+  const BoxAnswer noted = Application::MessageBox(text, icon, buttons, title);  // writes it down
+  if (holds(buttons)) return noted;
   return show_message_box(edge_.window(), QString::fromStdString(text), icon, buttons, QString::fromStdString(title));
 }
 

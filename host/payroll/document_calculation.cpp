@@ -1,5 +1,6 @@
 #include "host/payroll/document_calculation.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -8,6 +9,7 @@
 #include "host/business/parameter_text.h"
 #include "host/business/requests.h"
 #include "host/business/salary_document.h"
+#include "host/payroll/value_faults.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
 #include "platform/data/number_text.h"
@@ -15,18 +17,6 @@
 namespace quor {
 
 namespace {
-
-// The time codes that earn a surcharge, from the settings in force at the end of the month; none without settings.
-std::optional<std::set<std::int32_t>> surcharge_codes(Application& application, Date date) {
-  const MethodResult settings =
-      application.NewMainBO()->RunMethod("GetOfficeEmployeeSettings", "'" + date_text(date) + "'", 0);
-  if (settings.Code != 0) throw Error(ErrorKind::kObjectMissing, settings.Message);
-  const auto& rows = settings.Value.record_set();
-  if (rows->RecordCount() == 0) return std::nullopt;
-  const std::string list = "'" + null_to_text(rows->field("PersonalTimeCodeIDList")) + "'";
-  const auto codes = ParameterText(list).whole_list();
-  return std::set<std::int32_t>(codes.begin(), codes.end());
-}
 
 // The engine says the years of service only in words, at the end of the supplement's comment.
 std::int16_t years_in_comment(const std::string& comment) {
@@ -60,6 +50,17 @@ void read_ahead(Company& company, const Month& month, const MonthInputs& inputs)
   ask(requests::office_employee_experience, kNoParameter);
 }
 
+void require(const std::string& fault) {
+  if (!fault.empty()) throw Error(ErrorKind::kOverflow, fault);
+}
+
+// A reason stands in a list, a line each.
+std::string one_line(std::string text) {
+  std::erase(text, '\r');
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
+}
+
 std::string row_guid(const MonthDocument& document, const std::string& place) {
   return named_guid(document.guid + "/" + place);
 }
@@ -67,18 +68,17 @@ std::string row_guid(const MonthDocument& document, const std::string& place) {
 }  // namespace
 
 DocumentCalculation::DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs)
-    : engine_(application.new_data_object(kSalaryExtensionType)),
+    : application_(application),
+      engine_(application.new_data_object(kSalaryExtensionType)),
       salary_document_(std::make_shared<SalaryDocument>(application, application.company())),
-      rules_{month, inputs.norm_hours, inputs.basic_time_code, surcharge_codes(application, month.last_day())} {
+      rules_{month, inputs.norm_hours, inputs.basic_time_code, inputs.surcharge_codes, inputs.fault} {
   read_ahead(application.company(), month, inputs);
 }
 
 CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
+  require(rules_.fault);
+  require(person.fault);
   CalculatedMonth result;
-  if (!rules_.surcharge_codes) {
-    throw Error(ErrorKind::kObjectMissing,
-                "nėra valstybės tarnautojų nustatymų datai " + date_text(rules_.month.last_day()));
-  }
   MonthDocument& document = result.document;
   document.employee = person.employee;
   document.guid = named_guid(std::to_string(person.employee) + "/" + rules_.month.text());
@@ -90,15 +90,24 @@ CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
   return result;
 }
 
+// A request that fails is shown by the engine, which may go on as if there were no such data: what it shows first is
+// what went wrong.
+MethodResult DocumentCalculation::run(const char* method, const Parameters& parameters) {
+  const HeldNotices notices(application_);
+  MethodResult result = engine_->Methods(method, parameters);
+  if (!notices.boxes().empty()) throw Error(ErrorKind::kObjectMissing, one_line(notices.boxes().front().text));
+  return result;
+}
+
 // The one row that a method of the engine answers with.
 std::shared_ptr<Recordset> DocumentCalculation::ask(const char* method, const Parameters& parameters) {
-  const MethodResult result = engine_->Methods(method, parameters);
-  if (result.Code != 0) throw Error(ErrorKind::kObjectMissing, result.Message);
+  const MethodResult result = run(method, parameters);
+  if (result.Code != 0) throw Error(ErrorKind::kObjectMissing, one_line(result.Message));
   return result.Value.record_set();
 }
 
 double DocumentCalculation::month_salary(const PositionPay& pay, double multiplier) {
-  return engine_->Methods("GetMonthSalaryValue", {pay.tariff, pay.factor, multiplier}).Value.to_double();
+  return run("GetMonthSalaryValue", {pay.tariff, pay.factor, multiplier}).Value.to_double();
 }
 
 void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMonth& result) {
@@ -114,6 +123,8 @@ void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMo
     if (null_to_int32(parts->field("TariffFactorID")) == 0) {
       throw Error(ErrorKind::kObjectMissing, "nėra pareigybės kategorijos koeficiento datai " + date_text(date));
     }
+    require(value_fault("bazinė alga", pay.tariff, kTariff));
+    require(value_fault("kategorijos „" + pay.category + "“ koeficientas", pay.factor, kFactor));
     const double hours = basic_hours(person, position);
     const double worked_part = hours / rules_.norm_hours;
     pay.month_salary = month_salary(pay, position.share);
@@ -131,13 +142,24 @@ void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMo
   }
 }
 
-// Hours of the basic code within the position's days. Without any worked time, all of them; hours of a whole month are
-// spread over its working days.
+// Without worked time, and with surcharges beside the usual time alone, the whole norm is worked. Other time is taken
+// from the basic time, which must then be told: 0 hours of it for who has not worked at all.
+bool DocumentCalculation::has_worked_the_norm(const PersonInput& person) const {
+  bool other = false;
+  for (const WorkedTime& worked : person.worked) {
+    if (worked.time_code == rules_.basic_time_code) return false;
+    other = other || !rules_.surcharge_codes.contains(worked.time_code);
+  }
+  if (other) throw Error(ErrorKind::kObjectMissing, "yra kitų laiko kodų, bet nėra FD");
+  return true;
+}
+
+// Hours of the basic code within the position's days; hours of a whole month are spread over its working days.
 double DocumentCalculation::basic_hours(const PersonInput& person, const PositionInput& position) const {
   const Month& month = rules_.month;
   const int all_days = working_days(month.first_day(), month.last_day());
   const double in_force = static_cast<double>(working_days(position.from, position.to)) / all_days;
-  if (person.worked.empty()) return rules_.norm_hours * in_force;
+  if (has_worked_the_norm(person)) return rules_.norm_hours * in_force;
   double hours = 0;
   for (const WorkedTime& worked : person.worked) {
     if (worked.time_code != rules_.basic_time_code) continue;
@@ -185,10 +207,11 @@ void DocumentCalculation::add_other_time(const PersonInput& person, CalculatedMo
   for (const auto& [code, hours] : hours_of_code) {
     const std::string place = "o" + std::to_string(code);
     document.time_rows.push_back({row_guid(document, "t" + place), engine_->OID(), 0, code, hours});
-    if (!rules_.surcharge_codes->contains(code)) continue;
+    if (!rules_.surcharge_codes.contains(code)) continue;
     const Date date = rules_.month.last_day();
     const double tariff = null_to_double(ask("GetSalaryConstant", {std::int16_t{1}, date})->field("ConstantValue"));
     if (tariff == 0) throw Error(ErrorKind::kObjectMissing, "nėra bazinio valandinio atlygio datai " + date_text(date));
+    require(value_fault("bazinis valandinis atlygis", tariff, kTariff));
     document.salary_rows.push_back({.guid = row_guid(document, "s" + place),
                                     .time_row_guid = document.time_rows.back().guid,
                                     .type = SumType::kSurcharge,
@@ -213,9 +236,9 @@ void DocumentCalculation::check(MonthDocument& document) {
     sums[1].append(row.sum);
     sums[2].append(row.extra_charge);
   }
-  const MethodResult result = engine_->Methods(
-      "CheckSalaryRows", {Recordset::from_columns(std::move(times)), Recordset::from_columns(std::move(sums)),
-                          rules_.month.last_day(), rules_.basic_time_code});
+  const MethodResult result =
+      run("CheckSalaryRows", {Recordset::from_columns(std::move(times)), Recordset::from_columns(std::move(sums)),
+                              rules_.month.last_day(), rules_.basic_time_code});
   document.check_code = result.Code;
   document.check_message = result.Message;
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <set>
 
 #include "host/business/application.h"
@@ -16,7 +15,8 @@ struct MonthRules {
   Month month;
   double norm_hours;
   std::int32_t basic_time_code;
-  std::optional<std::set<std::int32_t>> surcharge_codes;  // that the settings in force list; none without settings
+  std::set<std::int32_t> surcharge_codes;
+  std::string fault;  // for which nobody can be calculated
 };
 
 // What the engine said of a position, for the printed month.
@@ -39,22 +39,25 @@ struct CalculatedMonth {
 
 class DocumentCalculation {
  public:
-  // Throws quor::Error when the settings cannot be read, PluginError without the engine.
+  // Belongs into the snapshot that the inputs are read in. Throws StoreError, PluginError without the engine.
   DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs);
 
-  // Throws quor::Error with the reason when the person's data do not allow it: no tariff, no category, a failing
-  // method.
+  // Throws quor::Error with the reason when the person's data do not allow it: an impossible value, no tariff, no
+  // category, a failing method or request. What the engine shows meanwhile is that reason; nobody else is shown it.
   CalculatedMonth calculate(const PersonInput& person);
 
  private:
+  MethodResult run(const char* method, const Parameters& parameters);
   std::shared_ptr<Recordset> ask(const char* method, const Parameters& parameters);
   double month_salary(const PositionPay& pay, double multiplier);
   void add_basic_time(const PersonInput& person, CalculatedMonth& result);
   void add_supplements(const PersonInput& person, CalculatedMonth& result);
   void add_other_time(const PersonInput& person, CalculatedMonth& result);
   void check(MonthDocument& document);
+  bool has_worked_the_norm(const PersonInput& person) const;
   double basic_hours(const PersonInput& person, const PositionInput& position) const;
 
+  Application& application_;
   std::shared_ptr<QuorObjectUIO> engine_;
   std::shared_ptr<QuorObjectUIO> salary_document_;  // the document as the engine sees it
   MonthRules rules_;

@@ -3,24 +3,42 @@
 #include <algorithm>
 
 #include "host/business/departments.h"
+#include "host/payroll/month_settings.h"
+#include "host/payroll/value_faults.h"
 
 namespace quor {
 
 namespace {
 
+// Dates that a person's pay hangs on are read as their serials: what no calendar has is a fault, not an end of reading.
 const std::vector<FieldInfo> kPositionFields = {{"UserID", FieldType::kInt32}, {"Name", FieldType::kText},
                                                 {"ID", FieldType::kInt32},     {"Key", FieldType::kText},
-                                                {"Share", FieldType::kDouble}, {"DateFrom", FieldType::kDate},
-                                                {"DateTo", FieldType::kDate}};
+                                                {"Share", FieldType::kDouble}, {"DateFrom", FieldType::kDouble},
+                                                {"DateTo", FieldType::kDouble}};
 
 const std::vector<FieldInfo> kWorkedFields = {{"UserID", FieldType::kInt32},
                                               {"TimeCode", FieldType::kInt32},
                                               {"Hours", FieldType::kDouble},
-                                              {"Day", FieldType::kDate}};
+                                              {"Day", FieldType::kDouble}};
 
-const std::vector<FieldInfo> kChargeFields = {{"UserID", FieldType::kInt32},  {"ID", FieldType::kInt32},
-                                              {"SumA", FieldType::kDouble},   {"Percentage", FieldType::kDouble},
-                                              {"ExtraOID", FieldType::kText}, {"SalaryCode", FieldType::kInt32}};
+const std::vector<FieldInfo> kChargeFields = {{"UserID", FieldType::kInt32},    {"ID", FieldType::kInt32},
+                                              {"SumA", FieldType::kDouble},     {"Percentage", FieldType::kDouble},
+                                              {"ExtraOID", FieldType::kText},   {"SalaryCode", FieldType::kInt32},
+                                              {"DateFrom", FieldType::kDouble}, {"DateTo", FieldType::kDouble}};
+
+const std::vector<FieldInfo> kServiceFields = {{"UserID", FieldType::kInt32},
+                                               {"Date", FieldType::kDouble},
+                                               {"Years", FieldType::kDouble},
+                                               {"Months", FieldType::kDouble}};
+
+// The first fault stays.
+void note(PersonInput& person, std::string fault) {
+  if (person.fault.empty()) person.fault = std::move(fault);
+}
+
+void note_date(PersonInput& person, const char* what, const Recordset& rows, FieldHandle field) {
+  if (!rows.is_null(field)) note(person, date_fault(what, rows.number(field)));
+}
 
 std::vector<PersonInput> read_people(Database& database, const Month& month, std::optional<std::int32_t> department) {
   std::string sql =
@@ -36,14 +54,19 @@ std::vector<PersonInput> read_people(Database& database, const Month& month, std
   const FieldHandle user = rows->handle("UserID"), name = rows->handle("Name"), id = rows->handle("ID"),
                     key = rows->handle("Key"), share = rows->handle("Share"), from = rows->handle("DateFrom"),
                     to = rows->handle("DateTo");
+  const double first_day = month.first_day().serial(), last_day = month.last_day().serial();
   std::vector<PersonInput> people;
   for (; !rows->Eof(); rows->MoveNext()) {
     if (people.empty() || people.back().employee != rows->int32(user)) {
-      people.push_back({rows->int32(user), std::string(rows->text(name)), {}, {}, {}});
+      people.push_back({rows->int32(user), std::string(rows->text(name))});
     }
-    const Date last = rows->is_null(to) ? month.last_day() : std::min(month.last_day(), rows->field(to).to_date());
-    people.back().positions.push_back({rows->int32(id), std::string(rows->text(key)), rows->number(share),
-                                       std::max(month.first_day(), rows->field(from).to_date()), last});
+    PersonInput& person = people.back();
+    note(person, value_fault("etato dalis", rows->number(share), kShare));
+    note_date(person, "pareigų pradžia", *rows, from);
+    note_date(person, "pareigų pabaiga", *rows, to);
+    const double last = rows->is_null(to) ? last_day : std::min(last_day, rows->number(to));
+    person.positions.push_back({rows->int32(id), std::string(rows->text(key)), rows->number(share),
+                                Date::from_serial(std::max(first_day, rows->number(from))), Date::from_serial(last)});
   }
   return people;
 }
@@ -65,24 +88,56 @@ void read_worked_time(Database& database, const Month& month, std::vector<Person
       "SELECT employee_id, time_code_id, hours, day FROM worked_time WHERE month = :p0 ORDER BY employee_id, id",
       kWorkedFields, {month.first_day()});
   const FieldHandle code = rows->handle("TimeCode"), hours = rows->handle("Hours"), day = rows->handle("Day");
+  const NumberRange days{month.first_day().serial(), month.last_day().serial()};
   give_to_people(people, *rows, [&](PersonInput& person) {
     WorkedTime worked{rows->int32(code), rows->number(hours), std::nullopt};
-    if (!rows->is_null(day)) worked.day = rows->field(day).to_date();
+    if (rows->is_null(day)) {
+      note(person, value_fault("mėnesio valandos", worked.hours, kHoursOfMonth));
+    } else if (days.holds(rows->number(day))) {
+      worked.day = Date::from_serial(rows->number(day));
+      note(person, value_fault("dienos " + date_text(*worked.day) + " valandos", worked.hours, kHoursOfDay));
+    } else {
+      note(person, "darbo laiko diena ne mėnesio " + month.text());
+    }
     person.worked.push_back(worked);
   });
 }
 
 void read_charges(Database& database, const Month& month, std::vector<PersonInput>& people) {
   const auto rows = database.read(
-      "SELECT employee_id, id, sum_a, percentage, salary_extra_oid, salary_code_id FROM extra_charges"
+      "SELECT employee_id, id, sum_a, percentage, salary_extra_oid, salary_code_id, date_from, date_to"
+      " FROM extra_charges"
       " WHERE (date_from IS NULL OR date_from <= :p0) AND (date_to IS NULL OR date_to >= :p1)"
       " ORDER BY employee_id, id",
       kChargeFields, {month.last_day(), month.first_day()});
   const FieldHandle id = rows->handle("ID"), sum = rows->handle("SumA"), percentage = rows->handle("Percentage"),
-                    extra = rows->handle("ExtraOID"), code = rows->handle("SalaryCode");
+                    extra = rows->handle("ExtraOID"), code = rows->handle("SalaryCode"),
+                    from = rows->handle("DateFrom"), to = rows->handle("DateTo");
   give_to_people(people, *rows, [&](PersonInput& person) {
+    if (rows->number(sum) != 0) note(person, value_fault("priedo suma", rows->number(sum), kChargeSum));
+    note(person, value_fault("priedo procentas", rows->number(percentage), kPercentage));
+    note_date(person, "priedo pradžia", *rows, from);
+    note_date(person, "priedo pabaiga", *rows, to);
     person.charges.push_back({rows->int32(id), rows->number(sum), rows->number(percentage),
                               std::string(rows->text(extra)), rows->int32(code)});
+  });
+}
+
+// Of the lengths of service, which the engine reads itself, those that cannot be right.
+void find_impossible_service(Database& database, std::vector<PersonInput>& people) {
+  const auto rows = database.read(
+      "SELECT employee_id, date_experience, experience_years, experience_months FROM experience"
+      " WHERE experience_years < :p0 OR experience_years > :p1 OR experience_months < :p2 OR experience_months > :p3"
+      " OR date_experience < :p4 OR date_experience > :p5 ORDER BY employee_id",
+      kServiceFields,
+      {static_cast<std::int32_t>(kServiceYears.low), static_cast<std::int32_t>(kServiceYears.high),
+       static_cast<std::int32_t>(kServiceMonths.low), static_cast<std::int32_t>(kServiceMonths.high),
+       first_stored_date(), last_stored_date()});
+  const FieldHandle date{1}, years{2}, months{3};
+  give_to_people(people, *rows, [&](PersonInput& person) {
+    note_date(person, "tarnybos stažo data", *rows, date);
+    note(person, value_fault("tarnybos stažo metai", rows->number(years), kServiceYears));
+    note(person, value_fault("tarnybos stažo mėnesiai", rows->number(months), kServiceMonths));
   });
 }
 
@@ -104,14 +159,20 @@ std::int32_t basic_code_of(Database& database) {
 MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department) {
   Database& database = company.database();
   if (department) require_department(company, *department);
+  MonthSettings settings = read_month_settings(database, month);
   MonthInputs inputs{
       .count = database.pay_inputs_count(),
       .norm_hours = norm_of(database, month),
       .basic_time_code = basic_code_of(database),
+      .surcharge_codes = std::move(settings.surcharge_codes),
+      .fault = std::move(settings.fault),
       .people = read_people(database, month, department),
       .alphabet = database.read("SELECT id FROM employees ORDER BY sort_key, id", {{"ID", FieldType::kInt32}})};
   read_worked_time(database, month, inputs.people);
   read_charges(database, month, inputs.people);
+  find_impossible_service(database, inputs.people);
+  if (inputs.fault.empty())
+    inputs.fault = value_fault("mėnesio " + month.text() + " norma", inputs.norm_hours, kMonthNorm);
   return inputs;
 }
 

@@ -1,9 +1,11 @@
-// What a month is calculated from, read in bulk: who is in force, what each has worked, which charges hold.
+// What a month is calculated from, read in bulk: who is in force, what each has worked, which charges hold. A stored
+// value outside its range is the fault of whose it is, and of nobody else.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -36,17 +38,20 @@ struct ChargeInput {
 struct PersonInput {
   std::int32_t employee;
   std::string name;
-  std::vector<PositionInput> positions;  // at least one
-  std::vector<WorkedTime> worked;
-  std::vector<ChargeInput> charges;
+  std::vector<PositionInput> positions = {};  // at least one
+  std::vector<WorkedTime> worked = {};
+  std::vector<ChargeInput> charges = {};
+  std::string fault = {};  // the stored value for which the person cannot be calculated; "" without one
 };
 
 struct MonthInputs {
   std::int64_t count;  // the state that all of it is of, see Database::pay_inputs_count
   double norm_hours;
-  std::int32_t basic_time_code;         // 0 when the company has no code "FD"
-  std::vector<PersonInput> people;      // by employee ID
-  std::shared_ptr<Recordset> alphabet;  // ID: every employee of the company, in alphabetical order
+  std::int32_t basic_time_code;            // 0 when the company has no code "FD"
+  std::set<std::int32_t> surcharge_codes;  // time codes that the settings in force list
+  std::string fault;                       // for which nobody can be calculated; "" without one
+  std::vector<PersonInput> people;         // by employee ID
+  std::shared_ptr<Recordset> alphabet;     // ID: every employee of the company, in alphabetical order
 };
 
 // Everybody with a position in force on a day of the month, of `department` with its sub-departments or of all.
