@@ -45,8 +45,9 @@ Answer salary_extra_row_by_id(Company& company, ParameterText& parameter);
 
 // 'date',department (0 for all; a department stands for those below it too). UserID, Preview (display name),
 // CategoryName, Factor, ConstantValue (the base tariff), RoundedSalary (of the whole month, by the share): a row a
-// position in force at the date, a person's rows together, persons in alphabetical order. What is not in force at the
-// date is null.
+// position in force on a day of the date's month, a person's rows together, persons in alphabetical order. Factor and
+// tariff are those of the position's last day within the month, as the month pays it; what is not in force then is
+// null.
 Answer office_employee_preview(Company& company, ParameterText& parameter);
 // 'date',department,',12,15,' (the time codes whose pay is a surcharge). UserID, Alga (the month's base pay), SumType
 // (0 base pay, 1 supplements, 2 surcharges), SumA, Percentage (of the base pay, not rounded; 0 without any): from the

@@ -24,49 +24,62 @@ std::vector<T>& values_of(ColumnData& column) {
   return std::get<std::vector<T>>(column.values);
 }
 
-struct Factor {
-  std::string name;
-  std::optional<double> factor;  // none in force at the date
-};
-
-// What positions are paid by at one date.
+// What positions are paid by on any day of the company's time.
 class Tariffs {
  public:
-  Tariffs(Company& company, Date date) {
-    const std::string quoted_date = "'" + date_text(date) + "'";
-    ParameterText of_settings(quoted_date), of_constants(quoted_date);
-    const auto settings = office_employee_settings(company, of_settings);
-    if (settings->RecordCount() > 0) base_type_ = settings->int32(settings->handle("BaseMonthTariffID"));
-    const auto constants = salary_constants(company, of_constants);
-    const FieldHandle type = constants->handle("ConstantTypeID"), value = constants->handle("ConstantValue");
-    for (; !constants->Eof(); constants->MoveNext()) constants_[constants->int32(type)] = constants->number(value);
-
-    const auto factors = company.database().read(
-        "SELECT c.id, c.name, " + readable_number("r.factor") +
-            " FROM categories c LEFT JOIN category_rows r ON r.id = " +
-            id_in_force("category_rows", "dated.category_id = c.id", ":p0"),
-        {{"ID", FieldType::kInt32}, {"Name", FieldType::kText}, {"Factor", FieldType::kDouble}}, {date});
-    for (const FieldHandle id{0}, name{1}, factor{2}; !factors->Eof(); factors->MoveNext()) {
-      Factor& entry = factors_[factors->int32(id)];
-      entry.name = factors->text(name);
-      if (!factors->is_null(factor)) entry.factor = factors->number(factor);
-    }
+  explicit Tariffs(Database& database) {
+    const auto settings = dated(database, "SELECT 0, date_from, base_month_tariff_id FROM settings", FieldType::kInt32);
+    each(*settings, [&](std::int32_t owner, Date from) { base_types_.add(owner, from, settings->int32(kValue)); });
+    const auto constants =
+        dated(database, "SELECT constant_type_id, date_from, " + readable_number("value") + " FROM constant_values",
+              FieldType::kDouble);
+    each(*constants, [&](std::int32_t type, Date from) { constants_.add(type, from, constants->number(kValue)); });
+    const auto factors =
+        dated(database, "SELECT category_id, date_from, " + readable_number("factor") + " FROM category_rows",
+              FieldType::kDouble);
+    each(*factors, [&](std::int32_t category, Date from) {
+      factors_.add(category, from, factors->is_null(kValue) ? std::nullopt : std::optional(factors->number(kValue)));
+    });
+    const auto categories =
+        database.read("SELECT id, name FROM categories", {{"ID", FieldType::kInt32}, {"Name", FieldType::kText}});
+    for (; !categories->Eof(); categories->MoveNext()) names_[categories->int32({0})] = categories->text({1});
   }
 
   // A position without a constant type of its own (null or 0) has the base month tariff of the settings.
-  std::optional<double> base_tariff(std::int32_t constant_type) const {
-    const auto found = constants_.find(constant_type != 0 ? constant_type : base_type_);
-    return found == constants_.end() ? std::nullopt : std::optional(found->second);
+  std::optional<double> base_tariff(std::int32_t constant_type, Date date) const {
+    if (constant_type == 0) constant_type = value_or(base_types_.in_force(0, date), 0);
+    const double* const value = constants_.in_force(constant_type, date);
+    return value == nullptr ? std::nullopt : std::optional(*value);
   }
-  const Factor* category(std::int32_t id) const {
-    const auto found = factors_.find(id);
-    return found == factors_.end() ? nullptr : &found->second;
+  std::optional<double> factor(std::int32_t category, Date date) const {
+    return value_or(factors_.in_force(category, date), std::optional<double>());
+  }
+  // Null when there is no such category.
+  const std::string* category(std::int32_t id) const {
+    const auto found = names_.find(id);
+    return found == names_.end() ? nullptr : &found->second;
   }
 
  private:
-  std::int32_t base_type_ = 0;
-  std::unordered_map<std::int32_t, double> constants_;
-  std::unordered_map<std::int32_t, Factor> factors_;
+  static constexpr FieldHandle kOwner{0}, kFrom{1}, kValue{2};
+
+  static std::shared_ptr<Recordset> dated(Database& database, const std::string& select, FieldType type) {
+    return database.read(select + " WHERE date_from IS NOT NULL" + DatedRows<int>::kOrder,
+                         {{"Owner", FieldType::kInt32}, {"DateFrom", FieldType::kDate}, {"Value", type}});
+  }
+  template <typename Take>
+  static void each(Recordset& rows, const Take& take) {
+    for (; !rows.Eof(); rows.MoveNext()) take(rows.int32(kOwner), rows.field(kFrom).to_date());
+  }
+  template <typename T>
+  static T value_or(const T* value, T otherwise) {
+    return value == nullptr ? otherwise : *value;
+  }
+
+  DatedRows<std::int32_t> base_types_;  // of the one owner 0
+  DatedRows<double> constants_;
+  DatedRows<std::optional<double>> factors_;
+  std::unordered_map<std::int32_t, std::string> names_;
 };
 
 // The condition that the employee `e` is of the department, bound to `bind`; all employees for 0. The plus keeps the
@@ -88,18 +101,16 @@ class PreviewColumns {
     categories_.reserve(rows, rows * kTextBytes);
   }
 
-  void add(std::int32_t user, std::string_view name, const Factor* category, std::optional<double> tariff,
-           double share) {
+  void add(std::int32_t user, std::string_view name, const std::string* category, std::optional<double> factor,
+           std::optional<double> tariff, double share) {
     users_.push_back(user);
     names_.push_back(name);
-    const bool has_factor = category != nullptr && category->factor;
-    const bool payable =
-        has_factor && tariff && kFactor.holds(*category->factor) && kTariff.holds(*tariff) && kShare.holds(share);
     if (category == nullptr) columns_[2].nulls.set(categories_.size(), true);
-    categories_.push_back(category == nullptr ? std::string_view() : category->name);
-    append(3, has_factor ? category->factor : std::nullopt);
+    categories_.push_back(category == nullptr ? std::string_view() : std::string_view(*category));
+    append(3, factor);
     append(4, tariff);
-    append(5, payable ? std::optional(position_salary(*tariff, *category->factor, share)) : std::nullopt);
+    const bool payable = factor && tariff && kFactor.holds(*factor) && kTariff.holds(*tariff) && kShare.holds(share);
+    append(5, payable ? std::optional(position_salary(*tariff, *factor, share)) : std::nullopt);
   }
   Answer record_set() { return Recordset::from_columns(std::move(columns_)); }
 
@@ -167,25 +178,30 @@ Answer office_employee_preview(Company& company, ParameterText& parameter) {
   const Date date = parameter.date();
   const std::int32_t department = parameter.whole();
   parameter.end();
-  const Tariffs tariffs(company, date);
-  std::vector<Variant> values = {date};
-  const std::string of_department = and_of_department(company, department, ":p1", values);
+  const Date first = first_of_month(date), last = last_of_month(date);
+  const Tariffs tariffs(company.database());
+  std::vector<Variant> values = {first, last};
+  const std::string of_department = and_of_department(company, department, ":p2", values);
   const auto positions = company.database().read(
-      "SELECT e.id, e.name, p.category_id, p.constant_type_id, p.share"
+      "SELECT e.id, e.name, p.category_id, p.constant_type_id, p.share, p.date_to"
       " FROM positions p JOIN employees e ON e.id = p.employee_id"
-      " WHERE p.date_from <= :p0 AND (p.date_to IS NULL OR p.date_to >= :p0)" +
+      " WHERE p.date_from <= :p1 AND (p.date_to IS NULL OR p.date_to >= :p0)" +
           of_department + " ORDER BY e.sort_key, e.id, p.date_from, p.id",
       {{"UserID", FieldType::kInt32},
        {"Preview", FieldType::kText},
        {"Category", FieldType::kInt32},
        {"Constant", FieldType::kInt32},
-       {"Share", FieldType::kDouble}},
+       {"Share", FieldType::kDouble},
+       {"DateTo", FieldType::kDate}},
       values);
   PreviewColumns preview(static_cast<std::size_t>(positions->RecordCount()));
-  for (const FieldHandle user{0}, name{1}, category{2}, constant{3}, share{4}; !positions->Eof();
+  for (const FieldHandle user{0}, name{1}, category{2}, constant{3}, share{4}, to{5}; !positions->Eof();
        positions->MoveNext()) {
-    preview.add(positions->int32(user), positions->text(name), tariffs.category(positions->int32(category)),
-                tariffs.base_tariff(positions->int32(constant)), positions->number(share));
+    const Date day = positions->is_null(to) ? last : std::min(last, positions->field(to).to_date());
+    const std::int32_t category_id = positions->int32(category);
+    preview.add(positions->int32(user), positions->text(name), tariffs.category(category_id),
+                tariffs.factor(category_id, day), tariffs.base_tariff(positions->int32(constant), day),
+                positions->number(share));
   }
   return preview.record_set();
 }

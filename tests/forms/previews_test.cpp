@@ -475,9 +475,9 @@ TEST(PreviewWork, TheStatementsOfAFillingDoNotDependOnThePeople) {
       return company.database().statements() - before;
     };
     frmOfficeEmployeePreview salaries(company.application());
-    EXPECT_EQ(fill(salaries), 5U);
+    EXPECT_EQ(fill(salaries), 7U);
     frmOfficeEmployeeExtraChargePreview supplements(company.application());
-    EXPECT_EQ(fill(supplements), 6U);
+    EXPECT_EQ(fill(supplements), 8U);
   }
 }
 

@@ -59,14 +59,20 @@ TEST_P(PreviewRequests, EveryPositionInForceIsListedPersonByPersonInTheAlphabet)
   company_.given_position({.employee = zita, .category = without});
   company_.given_position({.employee = jonas, .category = category, .share = 0.5, .from = "2007.01.01"});
   company_.given_position({.employee = jonas, .category = category, .constant_type = own, .share = 0.25});
-  company_.given_position({.employee = jonas, .category = category, .to = day("2008.01.30")});  // ended
+  // Ended within the month: paid by what was in force that day.
+  company_.given_position({.employee = jonas, .category = category, .from = "2007.06.01", .to = day("2008.01.30")});
+  company_.given_position({.employee = jonas, .constant_type = own, .to = day("2008.01.01")});  // no tariff yet
+  company_.given_position({.employee = jonas, .category = category, .to = day("2007.12.31")});  // ended before
   company_.given_position({.employee = ona, .constant_type = 0, .from = "2008.01.31", .to = day("2008.01.31")});
   company_.given_position({.employee = rima, .category = category, .from = "2008.02.01"});  // not begun
 
   const std::string cibas = "3;Cibas Ona;Null;Null;130;Null";
-  const std::string cepas = "2;Čepas Jonas;A lygis;10,1;200;505 | 2;Čepas Jonas;A lygis;10,1;130;657,5";
+  const std::string cepas =
+      "2;Čepas Jonas;A lygis;10,1;200;505 | 2;Čepas Jonas;Null;Null;Null;Null | 2;Čepas Jonas;A lygis;10,1;130;657,5 | "
+      "2;Čepas Jonas;A lygis;9,7;130;1260";
   const std::string zukas = "1;Žukas Zita;B lygis;Null;130;Null";
   EXPECT_EQ(company_.get("OfficeEmployeePreview", "'2008.01.31',0"), cibas + " | " + cepas + " | " + zukas);
+  EXPECT_EQ(company_.get("OfficeEmployeePreview", "'2008.01.15',0"), cibas + " | " + cepas + " | " + zukas);
   EXPECT_EQ(company_.get("OfficeEmployeePreview", "'2008.01.31'," + std::to_string(top)), cibas + " | " + cepas);
   EXPECT_EQ(company_.get("OfficeEmployeePreview", "'2008.01.31'," + std::to_string(below)), cepas);
   EXPECT_EQ(company_.get("OfficeEmployeePreview", "'2008.01.31',99"), "[1: Nėra padalinio, kurio ID yra 99.]");
@@ -115,7 +121,7 @@ TEST_P(PreviewRequests, AskTheSameStatementsForAnyNumberOfPeopleAndAgreeWithTheM
   company_.company().refresh();
   auto statements = company_.database().statements();
   const auto preview = company_.rows("OfficeEmployeePreview", "'2008.01.31',0");
-  EXPECT_EQ(company_.database().statements() - statements, 4U);
+  EXPECT_EQ(company_.database().statements() - statements, 5U);
   ASSERT_EQ(preview->RecordCount(), run.rows->RecordCount());
   for (std::string person; !preview->Eof(); preview->MoveNext(), run.rows->MoveNext()) {
     const std::string name = null_to_text(run.rows->field("Person"));
