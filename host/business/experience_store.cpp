@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host/business/closed_reach.h"
 #include "host/business/readable_columns.h"
 #include "host/business/record_checks.h"
 #include "host/store/record_guard.h"
@@ -122,11 +123,14 @@ class ExperienceStore {
 
 }  // namespace
 
-void store_experience(Company& company, const std::string& user, const Recordset& rows) {
+void store_experience(Company& company, const std::string& user, const Recordset& rows,
+                      const std::vector<Date>& agreed) {
   ExperienceStore store(company, user, rows);
   // The one who writes, writes alone: what is compared in here stays so until it is committed.
   Transaction transaction(company.database());
+  ClosedReach reach(company.database(), kTable);
   rows.for_each_change([&](const RowChange& row) { store.store(row); });
+  reach.require(agreed);
   transaction.commit();
   company.forget();
 }

@@ -1,5 +1,5 @@
 // "In force at a date": of dated rows of one owner, the one with the latest date_from on or before the date; of two
-// rows of one date the one stored last. The only place that says so.
+// rows of one date the one stored last. The only place that says so, but for closed_reach.cpp, which asks for days.
 #pragma once
 
 #include <algorithm>

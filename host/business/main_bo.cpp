@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "host/business/closed_reach.h"
 #include "host/business/experience_store.h"
 #include "host/business/object_codes.h"
 #include "host/business/object_deletion.h"
@@ -50,7 +51,7 @@ struct StoredSet {
   std::string_view name;
   const char* object_type;
   const char* plural;  // what the rows are called, in the genitive
-  void (*store)(Company& company, const std::string& user, const Recordset& rows);
+  void (*store)(Company& company, const std::string& user, const Recordset& rows, const std::vector<Date>& agreed);
 };
 
 constexpr StoredSet kStoredSets[] = {
@@ -118,7 +119,7 @@ SaveStatus MainBO::SaveRecordset(const std::string& name, Recordset& rows) {
     }
     // What is being typed is part of the save, wherever the cursor stands.
     if (!rows.Bof() && !rows.Eof()) rows.Update();
-    set->store(company_, user_, rows);
+    write_as_agreed(application_, [&](const std::vector<Date>& agreed) { set->store(company_, user_, rows, agreed); });
     rows.AcceptBatch();
     return {};
   } catch (const StoreError& error) {

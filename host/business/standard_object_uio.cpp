@@ -1,6 +1,7 @@
 #include "host/business/standard_object_uio.h"
 
 #include "host/business/child_rows.h"
+#include "host/business/closed_reach.h"
 #include "host/business/guid.h"
 #include "host/business/object_codes.h"
 #include "host/business/record_checks.h"
@@ -73,12 +74,11 @@ SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*p
   try {
     if (const std::string text = refusal(); !text.empty()) return failed(text);
     record_->Filter("");  // commits what is being typed and stands on the record
-    if (id_) {
-      update_record(*id_);
-    } else {
-      id_ = insert_record();
+    write_as_agreed(application_, [this](const std::vector<Date>& agreed) {
+      if (id_) return update_record(*id_, agreed);
+      id_ = insert_record(agreed);
       oidr_ = read_oidr_ = object_key(object_type_, *id_);
-    }
+    });
     company_.forget();
     record_->AcceptBatch();
     if (const auto rows = child_rows()) rows->AcceptBatch();
@@ -175,10 +175,11 @@ Variant StandardObjectUIO::value_of(const RecordField& field, std::int32_t id) c
   return stored_value(company_.database(), type_->table, field, id, record_->field(field.info.name));
 }
 
-std::int32_t StandardObjectUIO::insert_record() {
+std::int32_t StandardObjectUIO::insert_record(const std::vector<Date>& agreed) {
   Database& database = company_.database();
   Transaction transaction(database);
   const std::int32_t id = database.reserve_ids(type_->table);
+  ClosedReach reach(database, type_->table, id);
   std::string columns = "id, row_version, changed_by, changed_at";
   std::string binds = ":p0, :p1, :p2, :p3";
   std::vector<Variant> values = {id, 1, user_, change_time()};
@@ -189,14 +190,16 @@ std::int32_t StandardObjectUIO::insert_record() {
   }
   database.execute(std::string("INSERT INTO ") + type_->table + " (" + columns + ") VALUES (" + binds + ")", values);
   store_rows(id);
+  reach.require(agreed);
   transaction.commit();
   row_version_ = 1;
   return id;
 }
 
-void StandardObjectUIO::update_record(std::int32_t id) {
+void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Date>& agreed) {
   Database& database = company_.database();
   Transaction transaction(database);
+  ClosedReach reach(database, type_->table, id);
   std::string assignments = "row_version = row_version + 1, changed_by = :p0, changed_at = :p1";
   std::vector<Variant> values = {user_, change_time()};
   for (const RecordField& field : type_->fields) {
@@ -212,6 +215,7 @@ void StandardObjectUIO::update_record(std::int32_t id) {
                                         values);
   if (touched == 0) throw_changed_elsewhere(database, type_->table, id);
   store_rows(id);
+  reach.require(agreed);
   transaction.commit();
   ++row_version_;
 }

@@ -41,6 +41,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   MethodResult Methods(const std::string& name, const Parameters& parameters) override;
   SaveStatus Read() override;
   // Also refuses when the user lacks the right to write, or to create a new record, and for a type that is only read.
+  // What reaches into a closed month is asked about first; without a yes nothing is stored.
   SaveStatus Save(std::int32_t flag, const std::string& parameter) override;
   void UI(std::shared_ptr<QuorObjectUI> value) override { ui_ = std::move(value); }
   std::shared_ptr<QuorObjectUI> UI() const override { return ui_; }
@@ -62,8 +63,9 @@ class StandardObjectUIO : public QuorObjectUIO {
   std::shared_ptr<Recordset> child_rows() const;
   void store_rows(std::int32_t id);
   Variant value_of(const RecordField& field, std::int32_t id) const;
-  std::int32_t insert_record();
-  void update_record(std::int32_t id);
+  // Both throw ReachesClosedMonths for a month that is not agreed to.
+  std::int32_t insert_record(const std::vector<Date>& agreed);
+  void update_record(std::int32_t id, const std::vector<Date>& agreed);
   void show_name();
 
   QuorApplication& application_;

@@ -47,13 +47,15 @@ ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::
   const auto sources = sources_of(command);
   const auto database = Database::open(options.company);
   try {
-    for (const ImportedTable& done : import_tables(*database, sources, user_of(options))) {
+    const IntoClosed into_closed = command.into_closed ? IntoClosed::kAgreed : IntoClosed::kRefused;
+    for (const ImportedTable& done : import_tables(*database, sources, user_of(options), into_closed)) {
       out << done.source.file << ": naujų " << done.added << ", pakeistų " << done.changed << ", nepakitusių "
           << done.unchanged << ".\n";
     }
   } catch (const ImportRefused& refused) {
     std::cerr << refused.what() << '\n';
-    throw std::runtime_error("neįrašyta nieko; klaidų: " + std::to_string(refused.faults().size()));
+    throw std::runtime_error("neįrašyta nieko; klaidų: " + std::to_string(refused.faults().size()) +
+                             (refused.into_closed() ? "; įrašyti vis tiek: --into-closed" : ""));
   }
   return ExitStatus::kDone;
 }

@@ -17,6 +17,7 @@ struct ImportCommand {
   std::string table;
   std::string file;
   std::string folder;
+  bool into_closed = false;  // rows may reach into closed months
 };
 
 ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::ostream& out);

@@ -160,6 +160,7 @@ void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOpt
   bring_in.add_option("LENTELĖ", words.import_file.table, "lentelės vardas, pvz., worked_time");
   bring_in.add_option("FAILAS", words.import_file.file, "CSV failas");
   bring_in.add_option("--all", words.import_file.folder, "aplankas, iš kurio įkeliamos visos lentelės");
+  bring_in.add_flag("--into-closed", words.import_file.into_closed, "leidžia įrašams siekti uždarytus mėnesius");
 }
 
 void add_report_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <map>
 
+#include "host/business/closed_reach.h"
+#include "host/exchange/cell_values.h"
 #include "host/exchange/import_check.h"
 #include "host/exchange/import_write.h"
 
@@ -39,13 +41,48 @@ void keep_others_out(Database& database, const std::vector<TableFile>& files) {
   database.execute("LOCK TABLE " + tables + " IN SHARE ROW EXCLUSIVE MODE");
 }
 
+struct WatchedPlan {
+  const TablePlan* plan;
+  ClosedReach reach;
+};
+
+std::vector<WatchedPlan> watch_closed_months(Database& database, const std::vector<TablePlan>& plans) {
+  std::vector<WatchedPlan> watched;
+  for (const TablePlan& plan : plans) {
+    const bool writes = !plan.added.empty() || !plan.changed.empty();
+    if (writes && ClosedReach::watches(plan.table->name)) watched.push_back({&plan, {database, plan.table->name}});
+  }
+  return watched;
+}
+
+// The number by which the watch knows the row.
+std::int32_t watched_id(const ExchangedTable& table, const FileRow& row) {
+  const std::size_t month = table.column("month");
+  if (month < table.columns.size()) return static_cast<std::int32_t>(month_of_cell(row.cells[month]).serial());
+  return row.cells[table.column(table.name == "settings_rows" ? "settings_id" : "id")].to_int32();
+}
+
+// Each row of the file that reaches into closed months is told.
+void faults_of_reach(WatchedPlan& watched, const std::vector<TableFile>& files, std::vector<ImportFault>& faults) {
+  const auto reached = watched.reach.reached();
+  if (reached.empty()) return;
+  const ExchangedTable& table = *watched.plan->table;
+  const auto file = std::find_if(files.begin(), files.end(), [&](const auto& each) { return each.table == &table; });
+  for (const auto* rows : {&watched.plan->added, &watched.plan->changed}) {
+    for (const FileRow& row : *rows) {
+      const auto found = reached.find(watched_id(table, row));
+      if (found != reached.end()) file->add_fault(faults, row, "", reach_text(found->second));
+    }
+  }
+}
+
 }  // namespace
 
-ImportRefused::ImportRefused(std::vector<ImportFault> faults)
-    : std::runtime_error(text_of(faults)), faults_(std::move(faults)) {}
+ImportRefused::ImportRefused(std::vector<ImportFault> faults, bool into_closed)
+    : std::runtime_error(text_of(faults)), faults_(std::move(faults)), into_closed_(into_closed) {}
 
-std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources,
-                                         const std::string& user) {
+std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources, const std::string& user,
+                                         IntoClosed into_closed) {
   // The order of the tables is that of their references.
   std::sort(sources.begin(), sources.end(), [](const auto& a, const auto& b) { return a.table < b.table; });
   std::vector<ImportFault> faults;
@@ -62,12 +99,19 @@ std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportS
     throw ImportRefused(std::move(faults));
   }
 
+  std::vector<WatchedPlan> watched =
+      into_closed == IntoClosed::kAgreed ? std::vector<WatchedPlan>() : watch_closed_months(database, plans);
   std::vector<ImportedTable> done;
   bool anything = false;
   for (std::size_t at = 0; at < plans.size(); ++at) {
     write_plan(database, plans[at], user);
     done.push_back({sources[at], plans[at].added.size(), plans[at].changed.size(), plans[at].unchanged});
     anything = anything || done.back().added + done.back().changed > 0;
+  }
+  for (WatchedPlan& each : watched) faults_of_reach(each, files, faults);
+  if (!faults.empty()) {
+    sort_faults(faults, files);
+    throw ImportRefused(std::move(faults), /*into_closed=*/true);
   }
   if (anything) transaction.commit();
   return done;

@@ -2,7 +2,8 @@
 //
 // A file has the columns of its table (see tables.h) in any order; optional ones may be missing: an update then leaves
 // them as they are, a new row has nothing there. A row whose key is stored is changed when it differs, any other is
-// added; no row is removed. A month that is closed takes no worked time and no documents.
+// added; no row is removed. A month that is closed takes no worked time and no documents, and dated rows that reach
+// into one (another tariff, position, charge … on a day of it) only from whoever says so.
 #pragma once
 
 #include <cstddef>
@@ -32,18 +33,24 @@ struct ImportedTable {
 // "darbuotojai.csv:12: stulpelis „name“: trūksta reikšmės".
 class ImportRefused : public std::runtime_error {
  public:
-  explicit ImportRefused(std::vector<ImportFault> faults);
+  explicit ImportRefused(std::vector<ImportFault> faults, bool into_closed = false);
   const std::vector<ImportFault>& faults() const { return faults_; }
+  // Nothing is wrong but that rows reach into closed months: with IntoClosed::kAgreed they come in.
+  bool into_closed() const { return into_closed_; }
 
  private:
   std::vector<ImportFault> faults_;
+  bool into_closed_;
 };
+
+// Whether rows may reach into closed months; their documents stay as they are.
+enum class IntoClosed { kRefused, kAgreed };
 
 // Imports the files, one a table, in one transaction; files that refer to each other may come in any order. When
 // nothing differs nothing is committed. `user` is kept with the records that change. Throws ImportRefused, StoreError,
 // or std::runtime_error for a file that cannot be read; nothing is written then.
-std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources,
-                                         const std::string& user);
+std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources, const std::string& user,
+                                         IntoClosed into_closed = IntoClosed::kRefused);
 
 // The files TABLE.csv of a folder. Throws std::runtime_error when there are none, or other CSV files beside them.
 std::vector<ImportSource> sources_of_folder(const std::string& folder);
