@@ -18,6 +18,12 @@ namespace quor {
 
 namespace {
 
+std::shared_ptr<Recordset> settings_at(Company& company, Date date) {
+  const std::string quoted = "'" + date_text(date) + "'";
+  ParameterText parameter(quoted);
+  return requests::office_employee_settings(company, parameter);
+}
+
 // The engine says the years of service only in words, at the end of the supplement's comment.
 std::int16_t years_in_comment(const std::string& comment) {
   const std::size_t blank = comment.rfind(' ');
@@ -71,7 +77,8 @@ DocumentCalculation::DocumentCalculation(Application& application, const Month& 
     : application_(application),
       engine_(application.new_data_object(kSalaryExtensionType)),
       salary_document_(std::make_shared<SalaryDocument>(application, application.company())),
-      rules_{month, inputs.norm_hours, inputs.basic_time_code, inputs.surcharge_codes, inputs.fault} {
+      rules_{month, inputs.norm_hours, inputs.basic_time_code, inputs.surcharge_codes, inputs.fault},
+      settings_(document_settings(settings_at(application.company(), month.last_day()))) {
   read_ahead(application.company(), month, inputs);
 }
 
@@ -87,6 +94,7 @@ CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
   add_supplements(person, result);
   add_other_time(person, result);
   check(document);
+  keep_basis(result);
   return result;
 }
 
@@ -241,6 +249,17 @@ void DocumentCalculation::check(MonthDocument& document) {
                               rules_.month.last_day(), rules_.basic_time_code});
   document.check_code = result.Code;
   document.check_message = result.Message;
+}
+
+// What the sums were made from stays with the document.
+void DocumentCalculation::keep_basis(CalculatedMonth& result) const {
+  MonthDocument& document = result.document;
+  for (const PositionPay& pay : result.positions) {
+    document.positions.push_back({pay.category, pay.factor, pay.tariff, pay.share, pay.month_salary});
+  }
+  document.service_years = result.service_years;
+  document.supplement_percentage = result.supplement_percentage;
+  document.settings_guid = settings_.guid;
 }
 
 }  // namespace quor

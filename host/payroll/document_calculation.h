@@ -5,6 +5,7 @@
 #include <set>
 
 #include "host/business/application.h"
+#include "host/payroll/document_settings.h"
 #include "host/payroll/month_document.h"
 #include "host/payroll/month_inputs.h"
 
@@ -45,6 +46,7 @@ class DocumentCalculation {
   // Throws quor::Error with the reason when the person's data do not allow it: an impossible value, no tariff, no
   // category, a failing method or request. What the engine shows meanwhile is that reason; nobody else is shown it.
   CalculatedMonth calculate(const PersonInput& person);
+  const DocumentSettings& settings() const { return settings_; }
 
  private:
   MethodResult run(const char* method, const Parameters& parameters);
@@ -55,12 +57,14 @@ class DocumentCalculation {
   void add_other_time(const PersonInput& person, CalculatedMonth& result);
   void check(MonthDocument& document);
   bool has_worked_the_norm(const PersonInput& person) const;
+  void keep_basis(CalculatedMonth& result) const;
   double basic_hours(const PersonInput& person, const PositionInput& position) const;
 
   Application& application_;
   std::shared_ptr<QuorObjectUIO> engine_;
   std::shared_ptr<QuorObjectUIO> salary_document_;  // the document as the engine sees it
   MonthRules rules_;
+  DocumentSettings settings_;
 };
 
 }  // namespace quor

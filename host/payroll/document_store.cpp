@@ -38,15 +38,19 @@ Variant or_null(const std::string& text) { return text.empty() ? Variant(kNull) 
 
 std::vector<StoredDocument> read_heads(Database& database, const Month& month, std::int32_t first, std::int32_t last) {
   const auto rows = database.read(
-      "SELECT id, guid, employee_id, check_code, check_message FROM documents"
+      "SELECT id, guid, employee_id, check_code, check_message, service_years, supplement_percentage, settings_guid"
+      " FROM documents"
       " WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2 ORDER BY employee_id",
       {{"ID", FieldType::kInt32},
        {"GUID", FieldType::kText},
        {"UserID", FieldType::kInt32},
        {"Code", FieldType::kInt32},
-       {"Message", FieldType::kText}},
+       {"Message", FieldType::kText},
+       {"Years", FieldType::kInt32},
+       {"Percentage", FieldType::kDouble},
+       {"Settings", FieldType::kText}},
       {month.first_day(), first, last});
-  const FieldHandle id{0}, guid{1}, user{2}, code{3}, message{4};
+  const FieldHandle id{0}, guid{1}, user{2}, code{3}, message{4}, years{5}, percentage{6}, settings{7};
   std::vector<StoredDocument> documents;
   for (; !rows->Eof(); rows->MoveNext()) {
     documents.push_back({rows->int32(id),
@@ -55,7 +59,11 @@ std::vector<StoredDocument> read_heads(Database& database, const Month& month, s
                           .time_rows = {},
                           .salary_rows = {},
                           .check_code = rows->int32(code),
-                          .check_message = std::string(rows->text(message))}});
+                          .check_message = std::string(rows->text(message)),
+                          .positions = {},
+                          .service_years = rows->int32(years),
+                          .supplement_percentage = rows->number(percentage),
+                          .settings_guid = std::string(rows->text(settings))}});
   }
   return documents;
 }
@@ -114,6 +122,20 @@ std::vector<StoredDocument> read_stored(Database& database, const Month& month, 
                                     static_cast<SumType>(sums->int32({3})), sums->number({4}), sums->number({5}),
                                     sums->int32({6}), sums->int32({7})});
   });
+
+  const auto positions =
+      database.read(rows_of("r.category, r.factor, r.tariff, r.share, r.month_salary", "document_positions"),
+                    {{"UserID", FieldType::kInt32},
+                     {"Category", FieldType::kText},
+                     {"Factor", FieldType::kDouble},
+                     {"Tariff", FieldType::kDouble},
+                     {"Share", FieldType::kDouble},
+                     {"Salary", FieldType::kDouble}},
+                    values);
+  give_to_documents(documents, *positions, [&](MonthDocument& document) {
+    document.positions.push_back({std::string(positions->text({1})), positions->number({2}), positions->number({3}),
+                                  positions->number({4}), positions->number({5})});
+  });
   return documents;
 }
 
@@ -143,30 +165,34 @@ void remove_documents(Database& database, const std::vector<std::int32_t>& ids) 
                                      ids.begin() + static_cast<std::ptrdiff_t>(std::min(first + kBatch, ids.size())));
     std::string binds;
     for (std::size_t i = 0; i < batch.size(); ++i) binds += (i == 0 ? ":p" : ", :p") + std::to_string(i);
-    for (const char* rows : {"salary_rows WHERE document_id", "time_rows WHERE document_id", "documents WHERE id"}) {
+    for (const char* rows : {"salary_rows WHERE document_id", "time_rows WHERE document_id",
+                             "document_positions WHERE document_id", "documents WHERE id"}) {
       database.execute(std::string("DELETE FROM ") + rows + " IN (" + binds + ")", batch);
     }
   }
 }
 
-// The rows of three tables, gathered from documents and inserted at once.
+// The rows of four tables, gathered from documents and inserted at once.
 class DocumentRows {
  public:
   // Reserves the IDs of all rows of the documents.
   DocumentRows(Database& database, const std::vector<Write>& writes) {
-    std::int32_t times = 0, sums = 0;
+    std::int32_t times = 0, sums = 0, positions = 0;
     for (const Write& write : writes) {
       times += static_cast<std::int32_t>(write.document->time_rows.size());
       sums += static_cast<std::int32_t>(write.document->salary_rows.size());
+      positions += static_cast<std::int32_t>(write.document->positions.size());
     }
     document_id_ = database.reserve_ids("documents", static_cast<std::int32_t>(writes.size()));
     if (times > 0) time_id_ = database.reserve_ids("time_rows", times);
     if (sums > 0) sum_id_ = database.reserve_ids("salary_rows", sums);
+    if (positions > 0) position_id_ = database.reserve_ids("document_positions", positions);
   }
 
   void add(const Month& month, const MonthDocument& document) {
     heads_.append({document_id_, document.guid, document.employee, month.first_day(), document.check_code,
-                   document.check_message});
+                   document.check_message, document.service_years, document.supplement_percentage,
+                   or_null(document.settings_guid)});
     for (const TimeRow& row : document.time_rows) {
       times_.append(
           {time_id_++, row.guid, document_id_, row.salary_extra_oid, or_null(row.position), row.time_code, row.hours});
@@ -175,6 +201,10 @@ class DocumentRows {
       sums_.append({sum_id_++, row.guid, document_id_, or_null(row.time_row_guid), static_cast<std::int16_t>(row.type),
                     row.sum, row.percentage, or_null(row.extra_charge), or_null(row.salary_code)});
     }
+    for (const DocumentPosition& row : document.positions) {
+      positions_.append(
+          {position_id_++, document_id_, row.category, row.factor, row.tariff, row.share, row.month_salary});
+    }
     ++document_id_;
   }
 
@@ -182,6 +212,7 @@ class DocumentRows {
     heads_.insert_into(database, "documents");
     times_.insert_into(database, "time_rows");
     sums_.insert_into(database, "salary_rows");
+    positions_.insert_into(database, "document_positions");
   }
 
  private:
@@ -190,7 +221,10 @@ class DocumentRows {
                {"employee_id", FieldType::kInt32},
                {"month", FieldType::kDate},
                {"check_code", FieldType::kInt32},
-               {"check_message", FieldType::kText}}};
+               {"check_message", FieldType::kText},
+               {"service_years", FieldType::kInt32},
+               {"supplement_percentage", FieldType::kDouble},
+               {"settings_guid", FieldType::kText}}};
   Rows times_{{{"id", FieldType::kInt32},
                {"guid", FieldType::kText},
                {"document_id", FieldType::kInt32},
@@ -207,7 +241,14 @@ class DocumentRows {
               {"percentage", FieldType::kDouble},
               {"personal_extra_charge_id", FieldType::kInt32},
               {"salary_code_id", FieldType::kInt32}}};
-  std::int32_t document_id_ = 0, time_id_ = 0, sum_id_ = 0;
+  Rows positions_{{{"id", FieldType::kInt32},
+                   {"document_id", FieldType::kInt32},
+                   {"category", FieldType::kText},
+                   {"factor", FieldType::kDouble},
+                   {"tariff", FieldType::kDouble},
+                   {"share", FieldType::kDouble},
+                   {"month_salary", FieldType::kDouble}}};
+  std::int32_t document_id_ = 0, time_id_ = 0, sum_id_ = 0, position_id_ = 0;
 };
 
 void write_documents(Database& database, const Month& month, const std::vector<Write>& writes) {
@@ -300,6 +341,7 @@ std::optional<ChangedDocuments> store_run(Database& database, const Month& month
   if (database.pay_inputs_count() != inputs) return std::nullopt;
   const auto stored = read_stored(database, month, people.first, people.last);
   const auto writes = difference(stored, run.documents);
+  if (!writes.empty()) store_settings(database, run.settings);
   write_documents(database, month, writes);
   const bool other_faults = store_faults(database, month, run.faults, people.first, people.last);
   if (!writes.empty() || other_faults) transaction.commit();

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/payroll/document_settings.h"
 #include "host/payroll/month.h"
 #include "host/payroll/month_document.h"
 #include "host/store/database.h"
@@ -22,6 +23,7 @@ struct PersonFault {
 struct CalculatedRun {
   std::vector<MonthDocument> documents;
   std::vector<PersonFault> faults;
+  DocumentSettings settings = {};  // that all of them were calculated by
 };
 
 struct NamedPerson {

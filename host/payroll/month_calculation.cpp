@@ -44,7 +44,7 @@ Ending attempt(World world, const MonthRunOptions& options, MonthTaker& taker) {
   taker.begin(world.inputs);
   for (std::size_t next = 0; next < people.size();) {
     const std::size_t first = next, last = std::min(first + kPeopleOfPart, people.size());
-    CalculatedRun part;
+    CalculatedRun part{.documents = {}, .faults = {}, .settings = world.calculation.settings()};
     bool cancelled = false;
     for (; next < last; ++next) {
       cancelled = options.cancelled && options.cancelled();

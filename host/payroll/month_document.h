@@ -35,6 +35,20 @@ struct SalaryRow {
   bool operator==(const SalaryRow&) const = default;
 };
 
+// What a position was paid by.
+struct DocumentPosition {
+  std::string category;
+  double factor = 0;
+  double tariff = 0;
+  double share = 0;
+  double month_salary = 0;  // of the whole month, by the share
+
+  bool operator==(const DocumentPosition&) const = default;
+};
+
+// What "CheckSalaryRows" answers when a sum is over its limit.
+inline constexpr std::int32_t kOverLimit = 4;
+
 struct MonthDocument {
   std::string guid;
   std::int32_t employee = 0;
@@ -42,6 +56,11 @@ struct MonthDocument {
   std::vector<SalaryRow> salary_rows;  // of a time row: its base pay or surcharge; supplements after the base pay
   std::int32_t check_code = 0;
   std::string check_message;
+  // What it was calculated from, kept with it so that a closed month is shown as it was paid.
+  std::vector<DocumentPosition> positions;
+  std::int32_t service_years = 0;
+  double supplement_percentage = 0;
+  std::string settings_guid;  // of its DocumentSettings
 
   // In whole cents: binary sums of cents carry a tail that a CSV would show.
   double sum_of(SumType type) const {
