@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <typeindex>
 #include <unordered_map>
 
 #include "host/store/database.h"
@@ -32,12 +33,22 @@ class Company {
   using Reader = std::function<std::shared_ptr<Recordset>()>;
   std::shared_ptr<Recordset> kept(const std::string& name, const Reader& read);
 
+  // A service's own memory of this company, empty at first. It outlives every write: the service knows what still
+  // holds.
+  template <typename Memory>
+  Memory& memory() {
+    std::shared_ptr<void>& entry = memories_[std::type_index(typeid(Memory))];
+    if (!entry) entry = std::make_shared<Memory>();
+    return *static_cast<Memory*>(entry.get());
+  }
+
  private:
   std::int64_t asked_change_count();
 
   std::unique_ptr<Database> database_;
   std::int64_t change_count_;
   std::unordered_map<std::string, std::shared_ptr<Recordset>> kept_;
+  std::unordered_map<std::type_index, std::shared_ptr<void>> memories_;
 };
 
 }  // namespace quor

@@ -26,7 +26,8 @@ Answer salary_constants(Company& company, ParameterText& parameter);
 // id,'date'. ID, GUID, Name, DateFrom, Factor: the category with its factor in force at the date; no row without one.
 Answer office_employee_category(Company& company, ParameterText& parameter);
 // 'date'. The settings in force at the date, one line a scale row: the settings' fields, then RowGUID, YearFrom,
-// YearTo, Percentage; one line with these null when the scale is empty.
+// YearTo, Percentage; one line with these null when the scale is empty. Of a date in a closed month, the settings that
+// its documents were calculated by (see closed_month_basis.h).
 Answer office_employee_settings(Company& company, ParameterText& parameter);
 
 // None. UserID, DateExperience, ExperienceYears, ExperienceMonthes: at most one row an employee.
@@ -47,7 +48,8 @@ Answer salary_extra_row_by_id(Company& company, ParameterText& parameter);
 // CategoryName, Factor, ConstantValue (the base tariff), RoundedSalary (of the whole month, by the share): a row a
 // position in force on a day of the date's month, a person's rows together, persons in alphabetical order. Factor and
 // tariff are those of the position's last day within the month, as the month pays it; what is not in force then is
-// null.
+// null. Of a closed month, what its documents were calculated from (see closed_month_basis.h): who has no document is
+// not listed then.
 Answer office_employee_preview(Company& company, ParameterText& parameter);
 // 'date',department,',12,15,' (the time codes whose pay is a surcharge). UserID, Alga (the month's base pay), SumType
 // (0 base pay, 1 supplements, 2 surcharges), SumA, Percentage (of the base pay, not rounded; 0 without any): from the

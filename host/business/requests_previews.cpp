@@ -4,6 +4,7 @@
 #include <optional>
 #include <unordered_map>
 
+#include "host/business/closed_month_basis.h"
 #include "host/business/departments.h"
 #include "host/business/in_force.h"
 #include "host/business/position_salary.h"
@@ -113,6 +114,11 @@ class PreviewColumns {
     append(5, payable ? std::optional(position_salary(*tariff, *factor, share)) : std::nullopt);
   }
   Answer record_set() { return Recordset::from_columns(std::move(columns_)); }
+  static std::vector<FieldInfo> fields() {
+    return {{"UserID", FieldType::kInt32},         {"Preview", FieldType::kText},
+            {"CategoryName", FieldType::kText},    {"Factor", FieldType::kDouble},
+            {"ConstantValue", FieldType::kDouble}, {"RoundedSalary", FieldType::kDouble}};
+  }
 
  private:
   static constexpr std::size_t kTextBytes = 24;
@@ -123,10 +129,12 @@ class PreviewColumns {
     values.push_back(value.value_or(0));
   }
 
-  std::vector<ColumnData> columns_ = {
-      ColumnData({"UserID", FieldType::kInt32}),         ColumnData({"Preview", FieldType::kText}),
-      ColumnData({"CategoryName", FieldType::kText}),    ColumnData({"Factor", FieldType::kDouble}),
-      ColumnData({"ConstantValue", FieldType::kDouble}), ColumnData({"RoundedSalary", FieldType::kDouble})};
+  static std::vector<ColumnData> columns() {
+    const std::vector<FieldInfo> all = fields();
+    return {all.begin(), all.end()};
+  }
+
+  std::vector<ColumnData> columns_ = columns();
   std::vector<std::int32_t>& users_ = values_of<std::int32_t>(columns_[0]);
   TextColumn& names_ = std::get<TextColumn>(columns_[1].values);
   TextColumn& categories_ = std::get<TextColumn>(columns_[2].values);
@@ -174,11 +182,10 @@ std::string and_has_code(const std::vector<std::int32_t>& codes, std::vector<Var
 
 }  // namespace
 
-Answer office_employee_preview(Company& company, ParameterText& parameter) {
-  const Date date = parameter.date();
-  const std::int32_t department = parameter.whole();
-  parameter.end();
-  const Date first = first_of_month(date), last = last_of_month(date);
+namespace {
+
+// The positions in force on a day of the month.
+Answer positions_in_force(Company& company, Date first, Date last, std::int32_t department) {
   const Tariffs tariffs(company.database());
   std::vector<Variant> values = {first, last};
   const std::string of_department = and_of_department(company, department, ":p2", values);
@@ -204,6 +211,30 @@ Answer office_employee_preview(Company& company, ParameterText& parameter) {
                 positions->number(share));
   }
   return preview.record_set();
+}
+
+// What the documents of a closed month were calculated from.
+Answer positions_of_documents(Company& company, Date month, std::int32_t department) {
+  std::vector<Variant> values = {month};
+  const std::string of_department = and_of_department(company, department, ":p1", values);
+  return company.database().read(
+      "SELECT e.id, e.name, p.category, p.factor, p.tariff, p.month_salary FROM documents d"
+      " JOIN document_positions p ON p.document_id = d.id JOIN employees e ON e.id = d.employee_id"
+      " WHERE d.month = :p0" +
+          of_department + " ORDER BY e.sort_key, e.id, p.id",
+      PreviewColumns::fields(), values);
+}
+
+}  // namespace
+
+Answer office_employee_preview(Company& company, ParameterText& parameter) {
+  const Date date = parameter.date();
+  const std::int32_t department = parameter.whole();
+  parameter.end();
+  const Date first = first_of_month(date);
+  return settings_of_closed_month(company, date).empty()
+             ? positions_in_force(company, first, last_of_month(date), department)
+             : positions_of_documents(company, first, department);
 }
 
 Answer office_employee_surcharge(Company& company, ParameterText& parameter) {

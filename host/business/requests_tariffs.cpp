@@ -1,4 +1,5 @@
 // Requests for what is the same for everybody: salary constants, categories, settings, codes.
+#include "host/business/closed_month_basis.h"
 #include "host/business/in_force.h"
 #include "host/business/readable_columns.h"
 #include "host/business/requests.h"
@@ -67,6 +68,22 @@ std::shared_ptr<Recordset> read_settings(Database& database, Date date, const st
                        kSettingsFields, {date});
 }
 
+// A list of time codes that nobody can read is no list: whoever is paid by the settings names it.
+Answer settings_in_force(Company& company, Date date) {
+  auto settings = read_settings(company.database(), date, "s.personal_time_code_id_list");
+  const bool readable =
+      settings->RecordCount() == 0 || is_code_list(null_to_text(settings->field("PersonalTimeCodeIDList")));
+  return readable ? settings : read_settings(company.database(), date, "CAST(NULL AS TEXT)");
+}
+
+Answer settings_of_documents(Company& company, const std::string& guid) {
+  return company.database().read(
+      "SELECT settings_id, settings_guid, date_from, base_month_tariff_id, base_hour_tariff_id,"
+      " personal_time_code_id_list, extra_charge_percentage, surcharge_percentage, total_charge_percentage, row_guid,"
+      " year_from, year_to, percentage FROM document_settings WHERE guid = :p0 ORDER BY line",
+      kSettingsFields, {guid});
+}
+
 }  // namespace
 
 Answer salary_constants(Company& company, ParameterText& parameter) {
@@ -103,10 +120,8 @@ Answer office_employee_settings(Company& company, ParameterText& parameter) {
   return company
       .kept(at("OfficeEmployeeSettings", date),
             [&] {
-              auto settings = read_settings(company.database(), date, "s.personal_time_code_id_list");
-              const bool readable =
-                  settings->RecordCount() == 0 || is_code_list(null_to_text(settings->field("PersonalTimeCodeIDList")));
-              return readable ? settings : read_settings(company.database(), date, "CAST(NULL AS TEXT)");
+              const std::string kept = settings_of_closed_month(company, date);
+              return kept.empty() ? settings_in_force(company, date) : settings_of_documents(company, kept);
             })
       ->Clone();
 }

@@ -44,8 +44,10 @@ struct GetCommand {
   std::string parameter;
 };
 struct MonthCommand {
-  std::vector<std::string> words;  // the month; or "close" or "reopen" and the month
+  std::vector<std::string> words;  // the month; or "close", "reopen" or "state" and the month
   std::optional<std::int32_t> department;
+  std::optional<std::string> despite;  // why it is closed as it stands
+  std::optional<std::string> reason;   // why it is opened again
 };
 
 ExitStatus run(const InitCommand& command, const CommonOptions& options, std::ostream& out);

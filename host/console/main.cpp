@@ -184,10 +184,14 @@ void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& opt
 
   CLI::App& month =
       add_command(app, "month", "apskaičiuoja mėnesio darbo užmokestį ir jį parodo", words.month, options, command);
-  month.add_option("MĖNUO", words.month.words, "mėnuo, pvz., 2008-01; close 2008-01 jį uždaro, reopen 2008-01 atveria")
+  month
+      .add_option("MĖNUO", words.month.words,
+                  "mėnuo, pvz., 2008-01; close 2008-01 jį uždaro, reopen 2008-01 atveria, state 2008-01 parodo būseną")
       ->required()
       ->expected(1, 2);
   month.add_option("--department", words.month.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
+  month.add_option("--despite", words.month.despite, "priežastis, dėl kurios mėnuo uždaromas, nors yra kliūčių");
+  month.add_option("--reason", words.month.reason, "priežastis, dėl kurios uždarytas mėnuo atveriamas");
 
   CLI::App& call = add_command(app, "call", "kviečia vieną variklio metodą", words.call, options, command);
   call.add_option("METODAS", words.call.method, "metodo vardas")->required();

@@ -1,4 +1,4 @@
-// `quor month`: calculates a month and prints it, closes it or opens it again.
+// `quor month`: calculates a month and prints it, closes it, opens it again, or says how it stands.
 #include <iostream>
 
 #include "host/console/commands.h"
@@ -7,7 +7,9 @@
 #include "host/console/session.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/month_run.h"
+#include "host/payroll/month_state.h"
 #include "host/report/record_text.h"
+#include "platform/data/column.h"
 
 namespace quor {
 
@@ -45,33 +47,76 @@ ExitStatus calculate(const Month& month, const MonthCommand& command, const Comm
   write_rows(*run.rows, month_columns(), options.format, out);
   for (const PersonFault& fault : run.faults) std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
   std::cerr << (run.cancelled ? "Nutraukta. " : "") << "Apskaičiuota žmonių: " << run.done << " iš " << run.all
-            << "; pakeista dokumentų: " << run.changed << "; klaidų: " << run.faults.size() << ".\n";
+            << "; pakeista dokumentų: " << run.changed << "; klaidų: " << run.faults.size()
+            << "; viršija ribą: " << run.over_limit << ".\n";
   return run.faults.empty() && !run.cancelled ? ExitStatus::kDone : ExitStatus::kFailed;
 }
 
-ExitStatus close_or_reopen(const std::string& verb, const Month& month, const CommonOptions& options,
-                           std::ostream& out) {
-  if (verb != "close" && verb != "reopen") {
-    throw UsageError("nežinomas veiksmas „" + verb + "“: yra close, reopen");
+ExitStatus close(Application& application, const Month& month, const MonthCommand& command, std::ostream& out) {
+  try {
+    close_month(application, month, command.despite);
+  } catch (const MonthNotReady& refused) {
+    std::cerr << refused.what() << '\n';
+    throw std::runtime_error("mėnuo neuždarytas; uždaryti, koks yra: --despite \"PRIEŽASTIS\"");
   }
-  Session session(options);
-  Database& database = session.application().company().database();
-  if (verb == "close") {
-    close_month(database, month, session.application().user());
-    out << "Mėnuo " << month.text() << " uždarytas.\n";
-  } else {
-    reopen_month(database, month);
-    out << "Mėnuo " << month.text() << " vėl atvertas.\n";
-  }
+  out << "Mėnuo " << month.text() << " uždarytas.\n";
   return ExitStatus::kDone;
+}
+
+ExitStatus reopen(Application& application, const Month& month, const MonthCommand& command, std::ostream& out) {
+  reopen_month(application, month, *command.reason);
+  out << "Mėnuo " << month.text() << " vėl atvertas.\n";
+  return ExitStatus::kDone;
+}
+
+// How it stands in one line, then who closed and reopened it: in a table one below the other, else the line stands
+// beside the rows.
+ExitStatus show_state(Application& application, const Month& month, const CommonOptions& options, std::ostream& out) {
+  const std::string line = month_state_line(month_state(application, month));
+  (options.format == "table" ? out : std::cerr)
+      << (line.empty() ? month.text() + ": apskaičiuotas, duomenys nepakeisti" : line) << '\n';
+  const std::vector<MonthClosing> closings = closings_of(application.company().database(), month);
+  if (closings.empty() && options.format == "table") return ExitStatus::kDone;
+  std::vector<ColumnData> columns;
+  for (const char* name : {"At", "By", "Act", "Reason"}) columns.push_back(ColumnData({name, FieldType::kText}));
+  for (const MonthClosing& closing : closings) {
+    columns[0].append(closing.at);
+    columns[1].append(closing.by);
+    columns[2].append(closing.closed ? "uždarytas" : "atvertas");
+    columns[3].append(closing.reason);
+  }
+  write_rows(*Recordset::from_columns(std::move(columns)),
+             {{"At", "Kada"}, {"By", "Kas"}, {"Act", "Veiksmas"}, {"Reason", "Priežastis"}}, options.format, out);
+  return ExitStatus::kDone;
+}
+
+bool is_blank(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
+
+// Reasons belong to one act each, and say something.
+void check_words(const std::string& verb, const MonthCommand& command) {
+  if (!verb.empty() && verb != "close" && verb != "reopen" && verb != "state") {
+    throw UsageError("nežinomas veiksmas „" + verb + "“: yra close, reopen, state");
+  }
+  if (command.despite && verb != "close") throw UsageError("--despite rašoma tik uždarant: close");
+  if (command.reason && verb != "reopen") throw UsageError("--reason rašoma tik atveriant: reopen");
+  if (command.despite && is_blank(*command.despite)) throw UsageError("--despite priežastis tuščia");
+  if (verb == "reopen" && (!command.reason || is_blank(*command.reason))) {
+    throw UsageError("atveriant mėnesį būtina priežastis: --reason \"PRIEŽASTIS\"");
+  }
 }
 
 }  // namespace
 
 ExitStatus run(const MonthCommand& command, const CommonOptions& options, std::ostream& out) {
   const Month month = month_of(command.words.back());
-  if (command.words.size() == 1) return calculate(month, command, options, out);
-  return close_or_reopen(command.words.front(), month, options, out);
+  const std::string verb = command.words.size() == 1 ? "" : command.words.front();
+  check_words(verb, command);
+  if (verb.empty()) return calculate(month, command, options, out);
+  Session session(options);
+  Application& application = session.application();
+  if (verb == "close") return close(application, month, command, out);
+  if (verb == "reopen") return reopen(application, month, command, out);
+  return show_state(application, month, options, out);
 }
 
 }  // namespace quor

@@ -13,6 +13,7 @@
 #include "host/console/department_lists.h"
 #include "host/console/session.h"
 #include "host/payroll/month.h"
+#include "host/payroll/month_state.h"
 #include "host/report/report_pdf.h"
 #include "host/report/report_text.h"
 #include "platform/toolkit/captioned.h"
@@ -160,6 +161,8 @@ ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std:
   Session session(options);
   Application& application = session.application();
   if (command.department) require_department(application.company(), *command.department);
+  const std::string state = month_state_line(month_state(application, month));
+  if (!state.empty()) std::cerr << state << '\n';
   OpenPreview preview(application, entry, month);
   write_reports(reports_of(session, preview, month, command.department), options, application, out);
   return ExitStatus::kDone;

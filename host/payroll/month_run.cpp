@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "host/payroll/closed_months.h"
+#include "host/payroll/whole_run.h"
 #include "platform/data/column.h"
 #include "platform/data/number_text.h"
 
@@ -99,9 +100,16 @@ class Storing : public MonthTaker {
     if (!note(store_run(database_, month_, part, result_.inputs))) return false;
     result_.done += static_cast<std::int32_t>(part.documents.size() + part.faults.size());
     result_.faults.insert(result_.faults.end(), part.faults.begin(), part.faults.end());
+    result_.over_limit += static_cast<std::int32_t>(
+        std::count_if(part.documents.begin(), part.documents.end(),
+                      [](const MonthDocument& document) { return document.check_code == kOverLimit; }));
     return true;
   }
-  bool take_end() override { return note(remove_ended(database_, month_, department_, result_.inputs)); }
+  bool take_end() override {
+    if (!note(remove_ended(database_, month_, department_, result_.inputs))) return false;
+    if (!department_) note_whole_run(database_, month_, result_.inputs);
+    return true;
+  }
 
   MonthRun result(bool cancelled) {
     std::sort(changed_.begin(), changed_.end());

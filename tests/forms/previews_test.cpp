@@ -475,9 +475,9 @@ TEST(PreviewWork, TheStatementsOfAFillingDoNotDependOnThePeople) {
       return company.database().statements() - before;
     };
     frmOfficeEmployeePreview salaries(company.application());
-    EXPECT_EQ(fill(salaries), 7U);
+    EXPECT_EQ(fill(salaries), 8U);
     frmOfficeEmployeeExtraChargePreview supplements(company.application());
-    EXPECT_EQ(fill(supplements), 8U);
+    EXPECT_EQ(fill(supplements), 9U);
   }
 }
 

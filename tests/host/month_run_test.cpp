@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "host/payroll/closed_months.h"
 #include "host/payroll/month_comparison.h"
 #include "platform/data/error.h"
 #include "tests/platform/outcome.h"
@@ -238,18 +237,6 @@ TEST_P(MonthRunTest, OnePersonsFaultIsKeptAndTheOthersGoOn) {
   const MonthRun none = calculate("2004-12");
   ASSERT_EQ(none.faults.size(), 3U);
   EXPECT_EQ(none.faults[2].reason, "nėra valstybės tarnautojų nustatymų datai 2004.12.31");
-}
-
-TEST_P(MonthRunTest, AClosedMonthIsNotCalculated) {
-  given_person("Adomas");
-  const Month month = Month::parse("2008-01");
-  close_month(company_.database(), month, "testuotoja");
-  EXPECT_EQ(error_text([&] { calculate(); }), "Mėnuo 2008.01 uždarytas: jo perskaičiuoti negalima.");
-  EXPECT_EQ(error_text([&] { close_month(company_.database(), month, "kita"); }), "Mėnuo 2008.01 jau uždarytas.");
-  EXPECT_EQ(rows_in("documents"), 0);
-  reopen_month(company_.database(), month);
-  EXPECT_EQ(calculate().changed, 1);
-  EXPECT_EQ(error_text([&] { reopen_month(company_.database(), month); }), "Mėnuo 2008.01 nėra uždarytas.");
 }
 
 TEST_P(MonthRunTest, StoppingKeepsWhatIsDoneAndNothingHalf) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -110,6 +111,60 @@ TEST_P(MonthProgramTest, CtrlCStopsBetweenPeopleAndSaysWhatIsDone) {
   const std::string said = "Apskaičiuota žmonių: " + std::to_string(stored) + " iš ";
   EXPECT_NE(outcome.err.find(said), std::string::npos) << outcome.err;
   EXPECT_EQ(outcome.err.find("Nutraukta. ") == 0, outcome.status == 1);
+}
+
+TEST_P(MonthProgramTest, AMonthIsClosedWhenItIsOfTodayAndThenShownAsItWasPaid) {
+  given_company(30);
+  const auto said = [this](const std::vector<std::string>& words) {
+    const Outcome run = quor(words);
+    return std::to_string(run.status) + " " + run.err + run.out;
+  };
+  const std::string closing = "Mėnesio 2008.01 uždaryti negalima:\n";
+  EXPECT_EQ(said({"month", "close", "2008-01"}),
+            "1 " + closing +
+                "mėnuo neapskaičiuotas\nquor: mėnuo neuždarytas; uždaryti, koks yra: --despite "
+                "\"PRIEŽASTIS\"\n");
+  EXPECT_EQ(quor({"preview", "salary", "2008-01"}).err, "2008.01: neapskaičiuotas\n");
+  EXPECT_NE(quor({"month", "2008-01"}).err.find("; klaidų: 0; viršija ribą: "), std::string::npos);
+  EXPECT_EQ(quor({"preview", "salary", "2008-01"}).err, "");
+
+  const std::string rows = "id,guid,category_id,date_from,factor\n";
+  const auto import = [&](const std::string& row, std::vector<std::string> words) {
+    std::ofstream(folder_.path("k.csv")) << rows << row;
+    words.insert(words.begin(), {"import", "category_rows", "k.csv"});
+    return said(words);
+  };
+  ASSERT_EQ(import("900,nauja,1,2008-01-31,99\n", {}).substr(0, 1), "0");
+  EXPECT_NE(said({"month", "close", "2008-01"}).find("dokumentų, kurie pasikeistų: "), std::string::npos);
+  EXPECT_NE(quor({"preview", "salary", "2008-01"}).err.find("po skaičiavimo pakeista duomenų ("), std::string::npos);
+  quor({"month", "2008-01"});
+  EXPECT_EQ(said({"month", "close", "2008-01"}), "0 Mėnuo 2008.01 uždarytas.\n");
+
+  std::vector<std::string> shown;
+  const auto show = [&] {
+    shown.clear();
+    for (const char* kind : {"salary", "supplements"}) shown.push_back(quor({"preview", kind, "2008-01"}).out);
+    return shown;
+  };
+  const auto paid = show();
+  EXPECT_EQ(import("900,nauja,1,2008-01-31,98\n", {}),
+            "1 k.csv:2: siekia uždarytą mėnesį 2008.01\nquor: neįrašyta nieko; klaidų: 1; įrašyti vis tiek: "
+            "--into-closed\n");
+  EXPECT_EQ(import("900,nauja,1,2008-01-31,98\n", {"--into-closed"}), "0 k.csv: naujų 0, pakeistų 1, nepakitusių 0.\n");
+  EXPECT_EQ(show(), paid);
+
+  EXPECT_EQ(quor({"month", "reopen", "2008-01"}).status, 2);
+  EXPECT_EQ(quor({"month", "close", "2008-02", "--despite", " "}).status, 2);
+  EXPECT_EQ(quor({"month", "2008-01", "--reason", "x"}).status, 2);
+  EXPECT_EQ(said({"month", "reopen", "2008-01", "--reason", "klaida", "--user", "Ona"}),
+            "0 Mėnuo 2008.01 vėl atvertas.\n");
+  EXPECT_NE(show(), paid);
+  EXPECT_EQ(said({"month", "close", "2008-01", "--despite", "skubu"}), "0 Mėnuo 2008.01 uždarytas.\n");
+  const Outcome state = quor({"month", "state", "2008-01", "--format", "csv"});
+  EXPECT_EQ(state.err.find("2008.01: uždarytas (konsolė, "), 0U);
+  for (const char* part : {",konsolė,uždarytas,\r\n", ",Ona,atvertas,klaida", ",konsolė,uždarytas,skubu"}) {
+    EXPECT_NE(state.out.find(part), std::string::npos) << part << state.out;
+  }
 }
 
 }  // namespace

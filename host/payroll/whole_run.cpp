@@ -1,0 +1,41 @@
+#include "host/payroll/whole_run.h"
+
+namespace quor {
+
+MonthStamp month_stamp(Database& database, const Month& month) {
+  const auto row = database.read("SELECT COUNT(*), COALESCE(MAX(id), 0) FROM documents WHERE month = :p0",
+                                 {{"Count", FieldType::kInt32}, {"Newest", FieldType::kInt32}}, {month.first_day()});
+  return {database.pay_inputs_count(), row->int32({0}), row->int32({1})};
+}
+
+WholeRun whole_run(Database& database, const Month& month) {
+  const auto run = database.read(
+      "SELECT CASE WHEN r.pay_inputs = c.value THEN 1 ELSE 0 END FROM month_runs r JOIN counters c"
+      " ON c.name = 'pay_inputs' WHERE r.month = :p0",
+      {{"OfToday", FieldType::kInt32}}, {month.first_day()});
+  if (run->RecordCount() == 0) return WholeRun::kNone;
+  return run->int32({0}) != 0 ? WholeRun::kOfToday : WholeRun::kEarlier;
+}
+
+void note_whole_run(Database& database, const Month& month, std::int64_t inputs) {
+  if (whole_run(database, month) == WholeRun::kOfToday) return;
+  Transaction transaction(database, Writes::kOther);
+  if (database.pay_inputs_count() != inputs) return;
+  database.execute(
+      "INSERT INTO month_runs (month, pay_inputs) SELECT :p0, value FROM counters WHERE name = 'pay_inputs'"
+      " ON CONFLICT (month) DO UPDATE SET pay_inputs = excluded.pay_inputs",
+      {month.first_day()});
+  transaction.commit();
+}
+
+bool was_calculated(Database& database, const Month& month) {
+  if (whole_run(database, month) != WholeRun::kNone) return true;
+  for (const char* table : {"documents", "month_faults"}) {
+    const auto any = database.read(std::string("SELECT month FROM ") + table + " WHERE month = :p0 LIMIT 1",
+                                   {{"Month", FieldType::kDate}}, {month.first_day()});
+    if (any->RecordCount() > 0) return true;
+  }
+  return false;
+}
+
+}  // namespace quor

@@ -1,0 +1,37 @@
+// Of which state of the company a month's calculation is.
+#pragma once
+
+#include <cstdint>
+
+#include "host/payroll/month.h"
+#include "host/store/database.h"
+
+namespace quor {
+
+// Two equal ones: neither anything that pay follows from nor a document of the month was written in between.
+struct MonthStamp {
+  std::int64_t inputs;  // see Database::pay_inputs_count
+  std::int32_t documents;
+  std::int32_t newest_id;  // IDs are given once
+
+  bool operator==(const MonthStamp&) const = default;
+};
+MonthStamp month_stamp(Database& database, const Month& month);
+
+// The last calculation of everybody.
+enum class WholeRun {
+  kNone,     // not yet, or by a program that did not remember it
+  kEarlier,  // something that pay follows from has changed since
+  kOfToday,
+};
+
+WholeRun whole_run(Database& database, const Month& month);
+
+// Remembers that everybody's documents are of the count `inputs` (see Database::pay_inputs_count), unless that is past.
+// Writes nothing when it is known. Throws StoreError.
+void note_whole_run(Database& database, const Month& month, std::int64_t inputs);
+
+// Whether anybody was calculated, if only in a department, or by a program that remembered no runs. Throws StoreError.
+bool was_calculated(Database& database, const Month& month);
+
+}  // namespace quor
