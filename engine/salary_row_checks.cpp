@@ -1,9 +1,9 @@
 // Checks of a month's salary rows: supplements, surcharges and both together against the limits of the settings.
 #include <string_view>
 
-#include "engine/charge_limits.h"
 #include "engine/salary_engine.h"
 #include "frame/catalogue.h"
+#include "frame/charge_limits.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -26,20 +26,6 @@ MethodResult over_limit(const std::string& what, double limit) {
 }
 
 MethodResult within_limits() { return {.Code = 0, .Message = {}, .Value = true}; }
-
-struct Limits {
-  double supplement;
-  double surcharge;
-  double total;
-  std::string time_codes;  // of surcharges: ",12,15,"
-};
-
-Limits limits_of(const Recordset& settings) {
-  return {.supplement = catalogue::null_to_double(settings.field("ExtraChargePercentage")),
-          .surcharge = catalogue::null_to_double(settings.field("SurChargePercentage")),
-          .total = catalogue::null_to_double(settings.field("TotalChargePercentage")),
-          .time_codes = "," + catalogue::null_to_text(settings.field("PersonalTimeCodeIDList")) + ","};
-}
 
 // The rows of one check. A time row counts with the first salary row that belongs to it.
 class MonthRows {
@@ -95,19 +81,20 @@ class MonthRows {
   quor::FieldHandle guid_, time_code_, sum_, charge_;
 };
 
-MethodResult check_limits(MonthRows& rows, const Limits& limits, double base) {
+// `time_codes` are those of surcharges, between commas: ",12,15,".
+MethodResult check_limits(MonthRows& rows, const ChargeLimits& limits, const std::string& time_codes, double base) {
   double supplements = 0;
   double surcharges = 0;
   if (limits.supplement > 0) {
     supplements = rows.supplements();
-    if (exceeds_limit(supplements, base, limits.supplement)) return over_limit("Priedų", limits.supplement);
+    if (share_exceeds(supplements, base, limits.supplement)) return over_limit("Priedų", limits.supplement);
   }
   if (limits.surcharge > 0) {
-    surcharges = rows.surcharges(limits.time_codes);
-    if (exceeds_limit(surcharges, base, limits.surcharge)) return over_limit("Priemokų", limits.surcharge);
+    surcharges = rows.surcharges(time_codes);
+    if (share_exceeds(surcharges, base, limits.surcharge)) return over_limit("Priemokų", limits.surcharge);
   }
   // A kind whose own limit is off counts as 0 here too.
-  if (limits.total > 0 && exceeds_limit(supplements + surcharges, base, limits.total)) {
+  if (limits.total > 0 && share_exceeds(supplements + surcharges, base, limits.total)) {
     return over_limit("Priedų ir priemokų", limits.total);
   }
   return within_limits();
@@ -125,13 +112,14 @@ MethodResult UIO0402000::check_salary_rows(const std::shared_ptr<Recordset>& tim
   if (settings.Code != 0) return unusable("GetOfficeEmployeeSettings: ");
   const auto& settings_rows = settings.Value.record_set();
   if (!settings_rows || settings_rows->RecordCount() == 0) return within_limits();
-  const Limits limits = limits_of(*settings_rows);
+  const ChargeLimits limits = charge_limits(*settings_rows);
+  const std::string codes = "," + catalogue::null_to_text(settings_rows->field("PersonalTimeCodeIDList")) + ",";
 
   const quor::FilterScope time_rows_end(time_rows);
   const quor::FilterScope salary_rows_end(salary_rows);
   MonthRows rows(*time_rows, *salary_rows);
   const double base = rows.base(OID(), fd_code);
-  return base == 0 ? within_limits() : check_limits(rows, limits, base);
+  return is_no_base(base) ? within_limits() : check_limits(rows, limits, codes, base);
 }
 
 }  // namespace velmora

@@ -1,4 +1,4 @@
-// The charges of a person in a month, beside the limits on them. Pure rules.
+// The charges of a person in a month. Pure rules; those of the limits stand in frame/charge_limits.h.
 #pragma once
 
 #include <cstdint>
@@ -25,14 +25,6 @@ struct PersonCharges {
   // Of the pay, to two decimals half to even; 0 without pay.
   double total_percentage() const;
 };
-
-// The largest percentages of the pay that the settings allow; 0 for no limit.
-struct ChargeLimits {
-  double supplement = 0, surcharge = 0, total = 0;
-};
-
-// A percentage that equals its limit is within it; both are compared as they are, without rounding.
-inline bool over_limit(double percentage, double limit) { return limit > 0 && percentage > limit; }
 
 // What stands over a column of percentages: "% (iki 12,5%)".
 std::string limit_caption(double limit);

@@ -94,9 +94,7 @@ void frmOfficeEmployeePreview::fill_list() {
 ChargeLimits frmOfficeEmployeePreview::limits() const {
   if (!settings() || settings()->RecordCount() == 0) return {};
   settings()->MoveFirst();
-  return {.supplement = catalogue::null_to_double(settings()->field("ExtraChargePercentage")),
-          .surcharge = catalogue::null_to_double(settings()->field("SurChargePercentage")),
-          .total = catalogue::null_to_double(settings()->field("TotalChargePercentage"))};
+  return charge_limits(*settings());
 }
 
 // Only the supplements' head goes without a limit of 0; the other two show it.
@@ -133,7 +131,7 @@ void frmOfficeEmployeePreview::show_charges(std::size_t row, const PersonCharges
   };
   const auto show_percentage = [&](std::size_t sum_column, std::size_t column, double percentage, double limit) {
     show(column, percentage);
-    if (percentage == 0 || !over_limit(percentage, limit)) return;
+    if (percentage == 0 || !percentage_exceeds(percentage, limit)) return;
     for (const std::size_t red : {std::size_t{0}, sum_column, column}) {
       lvwRows.set_colour(row, red, quor::CellColour::kRed);
     }

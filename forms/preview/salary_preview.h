@@ -7,6 +7,7 @@
 #include "forms/preview/persons.h"
 #include "forms/preview/preview_form.h"
 #include "forms/preview/salary_charges.h"
+#include "frame/charge_limits.h"
 
 namespace velmora {
 

@@ -1,6 +1,7 @@
 // Requests of the previews and the printed lists: everybody's positions and charges of a month, all categories.
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <optional>
 #include <unordered_map>
 
@@ -140,6 +141,13 @@ class PreviewColumns {
   TextColumn& categories_ = std::get<TextColumn>(columns_[2].values);
 };
 
+// What share of the pay the sum is, in per cent; 0 without pay. One division of whole cents: a share that is exactly a
+// limit comes out as that limit, whatever the amounts, while sums of cents and two roundings may miss it by a hair.
+double percentage_of(double sum, double pay) {
+  const double pay_in_cents = std::nearbyint(pay * 100);
+  return pay_in_cents == 0 ? 0 : std::nearbyint(sum * 100) * 100 / pay_in_cents;
+}
+
 constexpr std::int16_t kBasePay = 0, kSupplement = 1, kSurcharge = 2;
 
 // Columns of the month's sums, a row a person and sum type.
@@ -150,8 +158,7 @@ class SumColumns {
     values_of<double>(columns_[1]).push_back(pay);
     values_of<std::int16_t>(columns_[2]).push_back(type);
     values_of<double>(columns_[3]).push_back(sum);
-    // In this order 550 of 1000 is exactly 55, as the check of a month has it.
-    values_of<double>(columns_[4]).push_back(pay == 0 ? 0 : sum * 100 / pay);
+    values_of<double>(columns_[4]).push_back(percentage_of(sum, pay));
   }
   Answer record_set() { return Recordset::from_columns(std::move(columns_)); }
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "engine/charge_limits.h"
 #include "engine/salary_engine.h"
+#include "frame/charge_limits.h"
 #include "tests/support/test_company.h"
 
 namespace velmora {
@@ -20,12 +20,14 @@ TEST(ChargeLimits, ExactlyAtTheLimitIsWithinIt) {
     bool exceeds;
   };
   const Case cases[] = {{550, 1000, 55, false},  // divides to 55.00000000000001
-                        {550.01, 1000, 55, true}, {549.99, 1000, 55, false}, {70, 1000, 7, false},
-                        {140, 1000, 14, false},   {290, 1000, 29, false},    {0, 1000, 0, false},
-                        {-10, -100, 5, true},     {10, -100, 5, false}};
+                        {550.01, 1000, 55, true},       {64.68, 117.60, 55, false},    {64.69, 117.60, 55, true},
+                        {55.000000009, 100, 55, false}, {55.000000011, 100, 55, true}, {0, 1000, 0, false},
+                        {-10, -100, 5, true},           {10, -100, 5, false}};
   for (const Case& c : cases) {
-    EXPECT_EQ(exceeds_limit(c.part, c.base, c.limit), c.exceeds) << c.part << " of " << c.base << ", limit " << c.limit;
+    EXPECT_EQ(share_exceeds(c.part, c.base, c.limit), c.exceeds) << c.part << " of " << c.base << ", limit " << c.limit;
   }
+  for (const double none : {0.0, 0.10 + 0.20 - 0.30, 0.00499, -0.00499}) EXPECT_TRUE(is_no_base(none)) << none;
+  for (const double base : {0.005, -0.005}) EXPECT_FALSE(is_no_base(base)) << base;
 }
 
 class SalaryRowChecksTest : public testing::Test {

@@ -254,6 +254,67 @@ TEST_F(Previews, OnlyWhatIsOverItsLimitIsRed) {
   }
 }
 
+// The sums as they are stored, through the host's percentage; and the same rows through the engine's check.
+TEST_F(Previews, AnExactShareIsWithinItsLimitAndACentMoreIsOverInThePreviewAndInTheCheck) {
+  using Sums = std::vector<double>;
+  const struct {
+    const char* name;
+    Sums base, supplements;
+    double limit;
+    bool over;
+  } cases[] = {
+      {"one row each", {117.60}, {64.68}, 55, false},
+      {"a cent over", {117.60}, {64.69}, 55, true},
+      {"a cent of the base less", {117.59}, {64.68}, 55, true},
+      {"above by the division", {81.60}, {44.88}, 55, false},
+      {"eight rows", Sums(8, 14.70), {8.08, 8.08, 8.08, 8.08, 8.08, 8.08, 8.08, 8.12}, 55, false},
+      {"eight rows, a cent over", Sums(8, 14.70), {8.08, 8.08, 8.08, 8.08, 8.08, 8.08, 8.08, 8.13}, 55, true},
+      {"a limit with decimals", {30.10, 51.50}, {10.10, 0.10}, 12.5, false},
+      {"a limit with decimals, a cent over", {30.10, 51.50}, {10.10, 0.11}, 12.5, true},
+      {"a base that cancels", {0.10, 0.20, -0.30}, {50}, 55, false},
+      {"below zero, at the limit", {-100}, {-55}, 55, false},
+      {"below zero, a cent over", {-100}, {-55.01}, 55, true},
+  };
+  given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}});
+  company_.given_employee("Pirma");
+  quor::Database& database = company_.database();
+  engine_->OID("D");
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    for (const char* table : {"settings", "salary_rows", "documents"}) {
+      database.execute(std::string("DELETE FROM ") + table);
+    }
+    database.execute(
+        "INSERT INTO documents (id, guid, employee_id, month, check_code, check_message)"
+        " VALUES (1, 'D', 1, 39448, 0, '')");
+    company_.company().forget();
+    given_limits(c.limit, 0.0, 0.0);
+    Rows times, sums;
+    const auto add = [&](double sum, std::int32_t type) {
+      const auto id = static_cast<std::int32_t>(sums.size()) + 1;
+      const std::string guid = "t" + std::to_string(id);
+      if (type == 0) times.push_back({"D", 1, guid});
+      sums.push_back({guid, sum, type});
+      database.execute(
+          "INSERT INTO salary_rows (id, guid, document_id, sum_type, sum_a) VALUES (:p0, :p1, 1, :p2, :p3)",
+          {id, guid, type, sum});
+    };
+    for (const double sum : c.base) add(sum, 0);
+    for (const double sum : c.supplements) add(sum, 1);
+
+    const auto form = open<frmOfficeEmployeePreview>();
+    form->cmdGo.click();
+    EXPECT_EQ(red(form->lvwRows, 0), c.over ? "0 7 8 " : "");
+    const auto check = engine_->Methods(
+        "CheckSalaryRows",
+        {record_set({{"SalaryExtraOID", FieldType::kText}, whole("SalaryTimeCodeID"), {"GUID", FieldType::kText}},
+                    times),
+         record_set({{"TimeRowGUID", FieldType::kText}, number("SumA"), whole("PersonalExtraChargeID")}, sums),
+         day("2008.01.31"), 1});
+    EXPECT_EQ(check.Code, c.over ? 4 : 0) << check.Message;
+  }
+}
+
 TEST_F(Previews, AFailedRequestLeavesItsPartEmptyAndTheButtonsOnAgain) {
   given_limits(10.0, 20.0, 30.0);
   given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}});
