@@ -46,6 +46,10 @@ bool find_by_guid(quor::Recordset* rows, const std::string& guid) {
   return filter_test(rows, "GUID = " + quoted(guid));
 }
 
+bool is_true(const quor::MethodResult& result) {
+  return result.Code == 0 && !result.Value.is_null() && result.Value.to_bool();
+}
+
 void query_rights(quor::QuorApplication& application, Rights& rights, const std::string& object_type) {
   using quor::UserRight;
   constexpr UserRight kInOrder[] = {UserRight::kView, UserRight::kCreate, UserRight::kDelete, UserRight::kPrint,

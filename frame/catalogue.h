@@ -50,6 +50,9 @@ std::shared_ptr<quor::Recordset> rows_of(quor::QuorObjectUIO& object);
 // Puts the record set on the row with the GUID, and leaves the filter that found it; false when it has no such row.
 [[nodiscard]] bool find_by_guid(quor::Recordset* rows, const std::string& guid);
 
+// Whether a method answered true. A failure is not, nor Null or no value at all.
+bool is_true(const quor::MethodResult& result);
+
 // The current user's five rights on an object type, in the host's order.
 struct Rights {
   std::array<bool, 5> flags{};

@@ -18,6 +18,7 @@ ListCommands::ListCommands(quor::ListView& list, const Menu& menu, const Codes& 
 }
 
 void ListCommands::open_menu() {
+  if (!gate_.is_open()) return;
   const bool on_item = available_ && !list_.selected_tag().empty();
   menu_.add.set_enabled(available_);
   menu_.edit.set_enabled(on_item);
@@ -29,9 +30,8 @@ void ListCommands::open_menu() {
 void ListCommands::run() {
   const std::string command = std::exchange(command_, {});
   if (!available_ || command.empty()) return;
-  if (command == codes_.add) return handler_(command, "");
-  const std::string tag = list_.selected_tag();
-  if (!tag.empty()) handler_(command, tag);
+  const std::string tag = command == codes_.add ? "" : list_.selected_tag();
+  if (command == codes_.add || !tag.empty()) gate_.run([&] { handler_(command, tag); });
 }
 
 }  // namespace velmora

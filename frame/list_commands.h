@@ -1,10 +1,12 @@
 // The three commands of an editor's list: a new item, the change of one, its deletion. They come from the list's pop-up
 // menu, which opens by a right click, and all reach one handler as a command text; a double click means the change.
+// They do not nest: while one runs, with its question or dialog open, the next is dropped and the menu does not open.
 #pragma once
 
 #include <functional>
 #include <string>
 
+#include "frame/command_gate.h"
 #include "platform/toolkit/list_view.h"
 #include "platform/toolkit/popup_menu.h"
 
@@ -45,6 +47,7 @@ class ListCommands {
   const Handler handler_;
   bool available_ = true;
   std::string command_;  // chosen, and not run yet
+  CommandGate gate_;
 };
 
 }  // namespace velmora

@@ -93,9 +93,9 @@ void frmOfficeEmployeeCategories::delete_row(const std::string& guid) {
                               title_) == quor::BoxAnswer::kNo) {
     return;
   }
-  const quor::MethodResult result = QuorObjectUIO->Methods("DeleteCategoryRow", {guid});
-  // An empty result is not true.
-  if (result.Code != 0 || !result.Value.to_bool()) return;
+  // The filter that finds the row is taken off in every ending.
+  const quor::FilterScope scope(catalogue::rows_of(*QuorObjectUIO));
+  if (!catalogue::is_true(QuorObjectUIO->Methods("DeleteCategoryRow", {guid}))) return;
   fill_factors();
   mark_changed();
 }

@@ -33,10 +33,6 @@ std::optional<quor::Date> shown_date(const std::string& cell) {
   return cell.size() < kFullDate ? std::nullopt : std::optional(quor::parse_date(cell));
 }
 
-bool is_true(const quor::MethodResult& result) {
-  return result.Code == 0 && result.Value.kind() == quor::Variant::Kind::kBool && result.Value.to_bool();
-}
-
 // The record set of an answer; null for a failure and for an answer without one.
 std::shared_ptr<quor::Recordset> rows_in(const quor::MethodResult& result) {
   const bool has_rows = result.Code == 0 && result.Value.kind() == quor::Variant::Kind::kRecordSet;
@@ -163,7 +159,7 @@ double frmOfficeEmployeeExtraCharges::service_percentage() {
 }
 
 bool frmOfficeEmployeeExtraCharges::ask_employee(const char* method, const std::string& guid) {
-  return is_true(employee_->Methods(method, {guid}));
+  return catalogue::is_true(employee_->Methods(method, {guid}));
 }
 
 }  // namespace velmora

@@ -68,7 +68,7 @@ PreviewForm::PreviewForm(quor::QuorApplication& application, const char* caption
   cmdPrint.on_click = [this] { print(); };
   SSCClose.on_click = [this] { close(); };
   lvwRows.on_right_click = [this] { open_menu(); };
-  mnuOnDeskTop.on_choose = [this] { place_on_desk_top(); };
+  mnuOnDeskTop.on_choose = [this] { commands_.run([this] { place_on_desk_top(); }); };
   set_layout(column({row({field("Mėnuo", dtpDate), field("Padalinys", txtDepartment), cmdSelect, cmdClean, cmdGo}),
                      lvwRows, row({cmdPrint, SSCClose})}));
 }
@@ -128,7 +128,7 @@ std::size_t PreviewForm::add_row(std::int32_t user) {
 }
 
 void PreviewForm::open_menu() {
-  if (lvwRows.row_count() > 0 && lvwRows.selected()) mnuMenu.open();
+  if (commands_.is_open() && lvwRows.row_count() > 0 && lvwRows.selected()) mnuMenu.open();
 }
 
 std::string PreviewForm::selected_employee() const {

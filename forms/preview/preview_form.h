@@ -13,6 +13,7 @@
 #include <span>
 #include <string>
 
+#include "frame/command_gate.h"
 #include "frame/contract/quor_application.h"
 #include "platform/data/date.h"
 #include "platform/data/recordset.h"
@@ -81,6 +82,8 @@ class PreviewForm : public quor::Form {
   // The selected row's tag when it carries an employee, else "".
   std::string selected_employee() const;
   void place_on_desk_top();
+  // Of the list, which does not nest them.
+  CommandGate& commands() { return commands_; }
 
   quor::QuorApplication& application() { return application_; }
 
@@ -102,6 +105,7 @@ class PreviewForm : public quor::Form {
   quor::QuorApplication& application_;
   const std::span<const PreviewColumn> columns_;
   Listed listed_;
+  CommandGate commands_;
   std::shared_ptr<quor::Recordset> preview_rows_;
   std::shared_ptr<quor::Recordset> settings_;
 };

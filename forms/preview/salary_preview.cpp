@@ -49,7 +49,7 @@ struct frmOfficeEmployeePreview::Columns {
 
 frmOfficeEmployeePreview::frmOfficeEmployeePreview(quor::QuorApplication& application)
     : PreviewForm(application, " Valstybės tarnautojų sąrašas", kColumns, quor::MenuKey::kEnter) {
-  lvwRows.on_double_click = [this] { place_on_desk_top(); };
+  lvwRows.on_double_click = [this] { commands().run([this] { place_on_desk_top(); }); };
 }
 
 void frmOfficeEmployeePreview::load_records() {

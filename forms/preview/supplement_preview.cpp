@@ -60,9 +60,11 @@ frmOfficeEmployeeExtraChargePreview::frmOfficeEmployeeExtraChargePreview(quor::Q
 void frmOfficeEmployeeExtraChargePreview::run_action(const std::string& code) {
   const std::string employee = selected_employee();
   if (employee.empty()) return;
-  if (code == kEditCharges) edit_charges(employee);
-  if (code == kPlaceOnDeskTop) place_on_desk_top();
-  if (code == kEditExperience) edit_experience(employee);
+  commands().run([&] {
+    if (code == kEditCharges) edit_charges(employee);
+    if (code == kPlaceOnDeskTop) place_on_desk_top();
+    if (code == kEditExperience) edit_experience(employee);
+  });
 }
 
 void frmOfficeEmployeeExtraChargePreview::edit_charges(const std::string& employee) {

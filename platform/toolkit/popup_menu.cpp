@@ -19,8 +19,9 @@ void MenuItem::accept(ControlVisitor& visitor) { visitor.visit(*this); }
 
 void MenuItem::choose() {
   if (!can_act() || !menu_.is_open()) return;
+  menu_.put(menu_.open_, false, ControlChange::kContent);
   run(on_choose);
-  menu_.dismiss();
+  run(menu_.on_close);
 }
 
 }  // namespace quor

@@ -2,7 +2,7 @@
 //
 //   closed -> open      by the form, mostly in a list's on_right_click
 //   open -> closed      by the user: a choice runs the item's on_choose, then the menu's on_close; dismissing it runs
-//                       on_close alone
+//                       on_close alone. It is closed before either runs: they may show a dialog.
 #pragma once
 
 #include <functional>
@@ -30,6 +30,7 @@ class PopupMenu : public Control {
 
  private:
   friend class MenuItem;
+
   std::vector<MenuItem*> items_;
   bool open_ = false;
 };

@@ -5,6 +5,7 @@
 
 #include "adapters/category_object.h"
 #include "forms/categories/category_row_editor.h"
+#include "platform/data/error.h"
 #include "tests/support/acting.h"
 #include "tests/support/test_company.h"
 
@@ -151,6 +152,36 @@ TEST_P(CategoryEditor, OnlyNoKeepsARowAndOnlyARowCanBeEdited) {
   EXPECT_FALSE(editor_->mnuEdit.enabled() || editor_->mnuDelete.enabled());
   editor_->lvwFactors.double_click({});
   EXPECT_EQ(editor_->lvwFactors.row_count(), 1U);
+}
+
+TEST_P(CategoryEditor, ACommandThatComesWhileAnotherRunsIsDropped) {
+  open_stored();
+  quor::ListView& list = editor_->lvwFactors;
+  int dialogs = 0, questions = 0;
+  const auto act = [&] {
+    list.double_click(0);
+    for (quor::MenuItem* item : {&editor_->mnuNew, &editor_->mnuDelete}) choose_on(list, 0, *item);
+    EXPECT_FALSE(editor_->mnuMain.is_open());
+  };
+  in_the_dialog([&](Dialog& dialog) {
+    ++dialogs;
+    act();
+    dialog.cmdOK.click();
+  });
+  application().on_box([&](const quor::ShownBox&) {
+    ++questions;
+    act();
+  });
+  application().answer(BoxAnswer::kYes);
+  choose_on(list, 0, editor_->mnuDelete);
+  EXPECT_EQ(shown(list), "2007.01.01;10,1");
+  choose_on(list, {}, editor_->mnuNew);
+  EXPECT_EQ(shown(list), "2007.01.01;10,1 | 2008.01.31;1");
+  in_the_dialog([](Dialog&) { throw quor::Error(quor::ErrorKind::kOverflow, ""); });
+  EXPECT_THROW(list.double_click(0), quor::Error);
+  in_the_dialog([&](Dialog&) { ++dialogs; });
+  list.double_click(0);
+  EXPECT_EQ(std::pair(questions, dialogs), std::pair(1, 2)) << "what ended by an error has ended";
 }
 
 TEST_P(CategoryEditor, ANewCategoryIsStartedBesideAStoredOne) {
