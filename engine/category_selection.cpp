@@ -3,7 +3,6 @@
 #include "frame/catalogue.h"
 #include "frame/computed_row.h"
 #include "frame/object_types.h"
-#include "platform/data/number_text.h"
 
 namespace velmora {
 
@@ -13,13 +12,6 @@ using quor::MethodResult;
 namespace {
 
 constexpr double kFactorOfNone = 1.0;  // of a category without a factor at the date
-
-// The key in front of the "#"; "" when the answer is no category's.
-std::string picked_key(const std::string& answer) {
-  const std::size_t hash = answer.find('#');
-  if (hash == std::string::npos || hash <= quor::kTypeCodeLength) return "";
-  return answer.substr(0, hash);
-}
 
 // The factor of the last row, in the rows' own order, dated on or before the date. The filter stays on the rows.
 double factor_at(quor::Recordset* rows, quor::Date date) {
@@ -32,12 +24,11 @@ double factor_at(quor::Recordset* rows, quor::Date date) {
 
 MethodResult UIO0402000::handle_select_event(quor::Date date, std::int32_t constant_id, double constant_value,
                                              std::int32_t current_category) {
-  const std::string key = picked_key(catalogue::pick_object(application(), kCategoryType, ""));
-  if (key.empty()) return {};
-  const quor::Variant id_text = key.substr(quor::kTypeCodeLength);
-  if (!quor::is_numeric(id_text)) return {};
-  const std::int32_t category = id_text.to_int32();
-  if (category == current_category) return {};
+  const std::string identity = catalogue::pick_object(application(), kCategoryType, "");
+  const std::string key = quor::key_of_identity(identity);
+  const auto category = quor::id_of_key(key);
+  // An answer without "#" names no category.
+  if (key == identity || !category || *category == current_category) return {};
 
   const auto object = application().GetQuorObjectUIO(key);
   if (!object) return {};
@@ -47,7 +38,7 @@ MethodResult UIO0402000::handle_select_event(quor::Date date, std::int32_t const
           .Message = {},
           .Value = computed_row({{{"ConstantID", FieldType::kInt32}, constant_id},
                                  {{"ConstantValue", FieldType::kDouble}, constant_value},
-                                 {{"TariffFactorID", FieldType::kInt32}, category},
+                                 {{"TariffFactorID", FieldType::kInt32}, *category},
                                  {{"TariffFactorValue", FieldType::kDouble}, factor},
                                  {{"TariffFactorName", FieldType::kText, kComputedTextSize}, name}})};
 }

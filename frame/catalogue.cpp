@@ -1,5 +1,6 @@
 #include "frame/catalogue.h"
 
+#include "platform/data/error.h"
 #include "platform/data/number_text.h"
 #include "platform/data/utf8.h"
 
@@ -57,6 +58,12 @@ void query_rights(quor::QuorApplication& application, Rights& rights, const std:
   for (std::size_t i = 0; i < rights.flags.size(); ++i) {
     rights.flags[i] = application.HasRight(kInOrder[i], object_type, 0);
   }
+}
+
+std::int32_t chosen_id(const std::string& tag) {
+  if (quor::key_of_identity(tag).size() <= quor::kTypeCodeLength) return 0;
+  if (const auto id = quor::id_of_key(tag)) return *id;
+  throw quor::Error(quor::ErrorKind::kTypeMismatch, "„" + tag + "“ nėra objekto raktas.");
 }
 
 std::string pick_object(quor::QuorApplication& application, const std::string& code, const std::string& current,

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "frame/contract/object_key.h"
 #include "frame/contract/quor_application.h"
 #include "platform/data/date.h"
 #include "platform/data/filter_test.h"
@@ -59,6 +60,9 @@ struct Rights {
   bool may_write() const { return flags[4]; }
 };
 void query_rights(quor::QuorApplication& application, Rights& rights, const std::string& object_type);
+
+// The ID of the object that a control's tag names; 0 when nothing is chosen. Throws TypeMismatch for what is no key.
+std::int32_t chosen_id(const std::string& tag);
 
 // Lets the user pick an object of the type that `code` begins with; answers its identity, or "" for no choice.
 std::string pick_object(quor::QuorApplication& application, const std::string& code, const std::string& current,

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "forms/personal/employee_key.h"
 #include "frame/catalogue.h"
 #include "platform/data/number_text.h"
 
@@ -149,7 +148,7 @@ std::string frmOfficeEmployeeExtraCharges::salary_code_text(std::int32_t id) {
 double frmOfficeEmployeeExtraCharges::service_percentage() {
   if (service_percentage_) return *service_percentage_;
   service_percentage_ = 0;
-  const auto person = employee_of(SalaryPersonalOIDR);
+  const auto person = quor::id_of_key(SalaryPersonalOIDR);
   if (!person || !QuorObjectUIO) return 0;
   const auto row = rows_in(QuorObjectUIO->Methods("GetPersonalExtraChargeComponents", {*person, mDate}));
   if (row && row->RecordCount() > 0) {

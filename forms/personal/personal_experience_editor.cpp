@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "forms/personal/employee_key.h"
 #include "frame/catalogue.h"
 #include "frame/numeric_box.h"
 #include "platform/data/error.h"
@@ -52,7 +51,7 @@ void frmOfficeEmployeePersonalExperience::opening() {
   dtpDate2.set_value(DatePreview);
   txtYears.set_text("0");
   txtMonthes.set_text("0");
-  if (const auto employee = employee_of(UserOIDR)) show_employee(*employee);
+  if (const auto employee = quor::id_of_key(UserOIDR)) show_employee(*employee);
   set_button_states();
   show_second_service();
   computed_ = inputs();

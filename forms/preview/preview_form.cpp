@@ -90,15 +90,14 @@ void PreviewForm::select_department() {
   const quor::PickedObject department = application_.SelectObject(kDepartmentType, txtDepartment.tag(), kChooserMode);
   if (department.Identity.empty()) return;
   txtDepartment.set_text(department.Name);
-  txtDepartment.set_tag(department.Identity);
+  txtDepartment.set_tag(quor::key_of_identity(department.Identity));
 }
 
 void PreviewForm::clear_department() { catalogue::clear(txtDepartment); }
 
 PreviewForm::Listed PreviewForm::chosen() const {
-  const std::string& key = txtDepartment.tag();
   return {.last_day = quor::last_of_month(dtpDate.value()),
-          .department = carries_object(key) ? quor::Variant(key.substr(quor::kTypeCodeLength)).to_int32() : 0,
+          .department = catalogue::chosen_id(txtDepartment.tag()),
           .department_name = txtDepartment.text()};
 }
 

@@ -22,11 +22,6 @@ std::string money(double value) { return quor::fixed_text(value, 2); }
 
 std::string whole_text(const quor::Variant& value) { return std::to_string(catalogue::null_to_int16(value)); }
 
-// The constant that a tag names; 0 when nothing is chosen.
-std::int32_t chosen_id(const std::string& tag) {
-  return tag.size() > quor::kTypeCodeLength ? quor::Variant(tag.substr(quor::kTypeCodeLength)).to_int32() : 0;
-}
-
 double limit_in(const quor::TextBox& box) {
   const quor::Variant text(box.text());
   (void)text.to_int16();  // throws for a limit that the form could never show again
@@ -85,9 +80,10 @@ void frmOfficeEmployeeSettings::opening() {
 }
 
 void frmOfficeEmployeeSettings::choose_tariff(const Tariff& tariff) {
-  const std::string picked = catalogue::pick_object(application_, kConstantType, tariff.name.tag());
+  const std::string picked =
+      quor::key_of_identity(catalogue::pick_object(application_, kConstantType, tariff.name.tag()));
   if (picked.empty() || picked == tariff.name.tag()) return;
-  const std::int32_t id = chosen_id(picked);
+  const std::int32_t id = catalogue::chosen_id(picked);
   tariff.name.set_tag(picked);
   tariff.name.set_text("");
   fill_tariff(tariff, id);
@@ -100,7 +96,7 @@ void frmOfficeEmployeeSettings::clear_tariff(const Tariff& tariff) {
 }
 
 void frmOfficeEmployeeSettings::refresh_tariffs() {
-  for (const Tariff* tariff : {&month_, &hour_}) fill_tariff(*tariff, chosen_id(tariff->name.tag()));
+  for (const Tariff* tariff : {&month_, &hour_}) fill_tariff(*tariff, catalogue::chosen_id(tariff->name.tag()));
   mark_modified();
 }
 
@@ -230,8 +226,8 @@ void frmOfficeEmployeeSettings::fill_experience() {
 
 // A text that does not convert throws here, before the record has changed.
 frmOfficeEmployeeSettings::Entered frmOfficeEmployeeSettings::entered() const {
-  return {.month_tariff = chosen_id(month_.name.tag()),
-          .hour_tariff = chosen_id(hour_.name.tag()),
+  return {.month_tariff = catalogue::chosen_id(month_.name.tag()),
+          .hour_tariff = catalogue::chosen_id(hour_.name.tag()),
           .extra_charge = limit_in(txtExtraChargePercentage),
           .surcharge = limit_in(txtSurChargePercentage),
           .total_charge = limit_in(txtTotalChargePercentage),

@@ -52,8 +52,9 @@ class QuorApplication {
   // Whether the current user has the right on the object type or group. `flag` is 0 for every query of today.
   virtual bool HasRight(UserRight right, const std::string& object_type, std::int32_t flag) = 0;
 
-  // The data object of a key, read; null when there is no such record or no such type.
-  virtual std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& key) = 0;
+  // The data object of a key or an identity, read; null when there is no such record or no such type, and after a
+  // failure to read it, which the user has been shown.
+  virtual std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& identity) = 0;
 
   // The object UI of a type; null for a type that nobody has.
   virtual std::shared_ptr<QuorObjectUI> GetQuorObjectUI(const std::string& object_type) = 0;

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "frame/contract/method_result.h"
+#include "frame/contract/object_key.h"
 #include "frame/contract/quor_main_bo.h"
 #include "platform/data/recordset.h"
 
@@ -63,8 +64,5 @@ class QuorObjectUIO : public Object {
   // Drops what was edited since Read or Save.
   virtual void CancelUpdate() = 0;
 };
-
-// Where the host's keys are cut: eight characters of type code, then the ID.
-inline constexpr std::size_t kTypeCodeLength = 8;
 
 }  // namespace quor

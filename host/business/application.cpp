@@ -24,8 +24,6 @@ struct SharedServices : Object {
   QuorApplication& application;
 };
 
-std::string key_of_identity(const std::string& identity) { return identity.substr(0, identity.find('#')); }
-
 // The types whose data objects the host brings itself; null for any other.
 std::shared_ptr<QuorObjectUIO> host_data_object(QuorApplication& application, Company& company, const std::string& user,
                                                 const std::string& object_type) {
@@ -75,7 +73,8 @@ std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& o
   return object;
 }
 
-std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& key) {
+std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& identity) {
+  const std::string key = key_of_identity(identity);
   const std::string object_type = key.substr(0, kTypeCodeLength);
   const auto type = registrations_.types.find(object_type);
   const bool registered = type != registrations_.types.end();
@@ -211,7 +210,7 @@ class Application::BusyScope : public Object {
 std::shared_ptr<Object> Application::hourglass() { return std::make_shared<BusyScope>(*this); }
 
 void Application::place_on_desk_top(const std::string& object, std::shared_ptr<Form> /*editor*/) {
-  put_on_desk_top(company_, options_.user, object);
+  put_on_desk_top(company_, options_.user, key_of_identity(object));
 }
 
 std::vector<std::string> Application::desk_top() { return desk_top_of(company_, options_.user); }

@@ -95,7 +95,7 @@ class Application : public QuorApplication {
   PickedObject SelectObject(const std::string& object_type, const std::string& current,
                             const std::string& mode) override;
   bool HasRight(UserRight right, const std::string& object_type, std::int32_t flag) override;
-  std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& key) override;
+  std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& identity) override;
   std::shared_ptr<QuorObjectUI> GetQuorObjectUI(const std::string& object_type) override;
   std::shared_ptr<Recordset> CompanyRecord() override;
   std::shared_ptr<QuorMainBO> NewMainBO() override;

@@ -1,10 +1,12 @@
-// The object-type codes of the host, each once, and how a key is made of a code and an ID.
+// The object-type codes of the host, each once, and how a key is made of a code and an ID (frame/contract/object_key.h
+// reads it).
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
+
+#include "frame/contract/object_key.h"
 
 namespace quor {
 
@@ -17,7 +19,5 @@ inline constexpr char kCategoryType[] = "O0402200";
 inline constexpr char kSettingsType[] = "O0402300";
 
 std::string object_key(std::string_view type, std::int32_t id);
-// The ID behind the eight characters of type code; none when the key carries no object.
-std::optional<std::int32_t> id_of_key(std::string_view key);
 
 }  // namespace quor

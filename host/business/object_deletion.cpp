@@ -78,7 +78,8 @@ void refuse_settings_of_closed_months(Database& database, std::int32_t id, const
 
 }  // namespace
 
-void delete_object(QuorApplication& application, Company& company, const std::string& key) {
+void delete_object(QuorApplication& application, Company& company, const std::string& identity) {
+  const std::string key = key_of_identity(identity);
   const std::string code = key.substr(0, kTypeCodeLength);
   const RecordType* const type = record_type(code);
   if (type == nullptr || type->read_only) {

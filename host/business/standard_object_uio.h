@@ -29,7 +29,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   std::string OID() const override { return oid_; }
   void OID(const std::string& value) override { oid_ = value; }
   std::string OIDR() const override { return oidr_; }
-  void OIDR(const std::string& value) override { oidr_ = value; }
+  void OIDR(const std::string& value) override { oidr_ = key_of_identity(value); }
   std::string OName() const override { return preview_; }
   std::string OType() const override { return otype_; }
   void OType(const std::string& value) override { otype_ = value; }

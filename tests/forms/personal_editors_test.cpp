@@ -330,6 +330,7 @@ TEST_P(PersonalEditors, TheListShowsASumOrAPercentageAndGreysWhatIsNotInForce) {
   editor = open_charges();
   EXPECT_EQ(editor->lvwExtraCharges.text(2, 4), "0%") << "the engine failed";
 
+  EXPECT_EQ(open_charges("O04001001#GUID")->lblPreview.caption(), "Pirmoji");
   for (const char* key : {"O04001009", "O0400100", "O0400100x", ""}) {
     editor = open_charges(key);
     EXPECT_EQ(editor->lblPreview.caption(), "Eilutės pavardė");

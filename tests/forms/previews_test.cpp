@@ -183,7 +183,7 @@ TEST_F(Previews, TheMonthsLastDayTheDepartmentAndTheListedCodesAreAskedFor) {
   for (const Case& c : cases) {
     application_.requests.clear();
     form->dtpDate.pick(day(c.date));
-    application_.picked = {c.department, "Padalinys"};
+    application_.picked = {c.department + std::string("#GUID"), "Padalinys"};
     form->cmdClean.click();
     form->cmdSelect.click();
     EXPECT_EQ(application_.asked, "O0001604,,T");

@@ -26,14 +26,15 @@ constexpr char kNew[] = "O0402300";
 constexpr char kFirstVersion[] =
     "1;*;2005.01.01;1;2;5,2,13;12,5;60;70;*;3;5;3 | 1;*;2005.01.01;1;2;5,2,13;12,5;60;70;*;5;10;7,5";
 
-// The user of the selection dialog chooses `pick`.
+// The user of the selection dialog chooses `pick`, which it names with a GUID behind the key.
 class PickingApplication : public quor::TestApplication {
  public:
   using TestApplication::TestApplication;
   std::string pick;
 
- private:
-  std::string choose_object(quor::Recordset&, const std::string&, const std::string&) override { return pick; }
+  quor::PickedObject SelectObject(const std::string&, const std::string&, const std::string&) override {
+    return {.Identity = pick.empty() ? "" : pick + "#GUID", .Name = ""};
+  }
 };
 
 // The settings' data object as it would be if it knew how to delete a band.
