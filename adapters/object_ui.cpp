@@ -43,11 +43,16 @@ bool ObjectUI::AddToDeskTopQuorObject(const std::string& object) {
   return true;
 }
 
-std::shared_ptr<quor::QuorObjectUIO> ObjectUI::GetQuorObject(const std::string& object) {
+std::shared_ptr<quor::QuorObjectUIO> ObjectUI::GetQuorObject(const std::string& object) { return open(object).data; }
+
+ObjectUI::Opened ObjectUI::open(const std::string& object) {
   auto data = new_data_object();
   data->UI(shared_from_this());
   data->OIDR(object);
-  return data->Read().Failed ? nullptr : data;
+  const quor::SaveStatus status = data->Read();
+  if (!status.Failed) return {.data = std::move(data)};
+  if (!status.Gone) show(status.ErrorText, quor::BoxIcon::kExclamation, quor::BoxButtons::kOk);
+  return {.data = nullptr, .gone = status.Gone};
 }
 
 bool ObjectUI::DeleteQuorObject(const std::string& object) { return bo_->DeleteQuorObject(object); }

@@ -45,10 +45,17 @@ class ObjectUI : public quor::QuorObjectUI, public std::enable_shared_from_this<
   std::shared_ptr<quor::QuorMainBO> BO() const override { return bo_; }
 
  protected:
+  // A data object that was read; `data` is null when the record is gone, and after a failure that was shown.
+  struct Opened {
+    std::shared_ptr<quor::QuorObjectUIO> data;
+    bool gone = false;
+  };
+
   // `name` is the type's display name; `icons` are the type's own, shown before those of its group.
   ObjectUI(quor::QuorApplication& application, const char* name, std::vector<quor::IconEntry> icons = {});
 
   quor::QuorApplication& application() const { return application_; }
+  Opened open(const std::string& object);
   // Shows a box under the adapter's title.
   quor::BoxAnswer show(const std::string& text, quor::BoxIcon icon, quor::BoxButtons buttons) const;
 

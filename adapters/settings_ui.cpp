@@ -41,25 +41,23 @@ std::vector<quor::MenuEntry> UI0402300::GetMenu(const std::string& context, cons
 
 quor::ClickResult UI0402300::ClickMenu(const std::string& object, const std::string& entry,
                                        const std::string& /*context*/, const std::string& /*user*/) {
-  if (entry == kDeskTop) return edit(GetQuorObject(object));
+  if (entry == kDeskTop) return edit(open(object));
   if (entry == kNew) return create();
   if (entry == kDelete) return remove(object);
   return {};
 }
 
-quor::ClickResult UI0402300::edit(const std::shared_ptr<quor::QuorObjectUIO>& settings) {
-  if (!settings) {
-    show("Įrašas panaikintas kito vartotojo!", quor::BoxIcon::kCritical, quor::BoxButtons::kOk);
-    return {};
-  }
+quor::ClickResult UI0402300::edit(const Opened& settings) {
+  if (settings.gone) show("Įrašas panaikintas kito vartotojo!", quor::BoxIcon::kCritical, quor::BoxButtons::kOk);
+  if (!settings.data) return {};
   const auto editor = std::make_shared<frmOfficeEmployeeSettings>(application());
-  editor->QuorObjectUIO = settings;
+  editor->QuorObjectUIO = settings.data;
   return {.Action = quor::ClickAction::kShowForm, .EditorForm = editor};
 }
 
 quor::ClickResult UI0402300::create() {
-  const auto settings = GetQuorObject(kSettingsType);
-  if (settings) settings->OType(kSettingsRecord);
+  const Opened settings = open(kSettingsType);
+  if (settings.data) settings.data->OType(kSettingsRecord);
   return edit(settings);
 }
 

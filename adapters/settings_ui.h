@@ -18,7 +18,7 @@ class UI0402300 : public ObjectUI {
  private:
   std::shared_ptr<quor::QuorObjectUIO> new_data_object() override;
 
-  quor::ClickResult edit(const std::shared_ptr<quor::QuorObjectUIO>& settings);
+  quor::ClickResult edit(const Opened& settings);
   quor::ClickResult create();
   quor::ClickResult remove(const std::string& object);
 };

@@ -28,6 +28,7 @@ inline constexpr char kLineBreak[] = "\r\n";
 struct [[nodiscard]] SaveStatus {
   bool Failed = false;
   std::string ErrorText;  // for the user; empty on success
+  bool Gone = false;      // of a failed Read: there is no such record, which is an answer and no fault
 };
 
 }  // namespace quor

@@ -14,7 +14,7 @@
 namespace quor {
 
 // Grows with every change of a contract header that an older library would not survive.
-inline constexpr std::uint32_t kPluginAbi = 2;
+inline constexpr std::uint32_t kPluginAbi = 3;
 
 inline constexpr char kPluginAbiSymbol[] = "quor_plugin_abi";
 inline constexpr char kPluginCreateSymbol[] = "quor_plugin_create";

@@ -54,7 +54,8 @@ class QuorObjectUI : public Object {
   virtual std::shared_ptr<Recordset> GetQuorObjectList(const std::string& parameter, const std::string& filter,
                                                        const std::string& order) = 0;
   virtual bool AddToDeskTopQuorObject(const std::string& object) = 0;
-  // The data object of an identity, read; null when its record is gone.
+  // The data object of an identity, read; null when its record is gone, and after a failure to read it, which the user
+  // has been shown.
   virtual std::shared_ptr<QuorObjectUIO> GetQuorObject(const std::string& object) = 0;
   virtual std::vector<IconEntry> GetIconsTable() = 0;
   // False when the object was deleted, true when it was refused.

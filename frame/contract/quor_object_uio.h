@@ -52,7 +52,8 @@ class QuorObjectUIO : public Object {
   // Named operations. An unknown name is an empty result; a parameter that is missing or does not convert throws.
   virtual MethodResult Methods(const std::string& name, const Parameters& parameters) = 0;
 
-  // Loads the record of OIDR (an empty new one for a key of eight characters or fewer); fails when it is gone.
+  // Loads the record of OIDR (an empty new one for a key of eight characters or fewer); fails when it is gone or cannot
+  // be read, and shows nothing.
   virtual SaveStatus Read() = 0;
   // Stores what was edited, whole or not at all. `flag` is 0 and `parameter` empty for every save of today.
   virtual SaveStatus Save(std::int32_t flag, const std::string& parameter) = 0;

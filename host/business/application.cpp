@@ -85,7 +85,10 @@ std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& 
   if (!object && registered) object = NewStandardObjectUIO(object_type);
   if (!object) return nullptr;
   object->OIDR(key);
-  return object->Read().Failed ? nullptr : object;
+  const SaveStatus status = object->Read();
+  if (!status.Failed) return object;
+  if (!status.Gone) MessageBox(status.ErrorText, BoxIcon::kExclamation, BoxButtons::kOk, Title());
+  return nullptr;
 }
 
 std::shared_ptr<QuorObjectUI> Application::GetQuorObjectUI(const std::string& object_type) {

@@ -58,7 +58,7 @@ SaveStatus StandardObjectUIO::Read() {
       return failed("Įrašas „" + oidr_ + "“ kito tipo: laukiama „" + object_type_ + "“.");
     } else {
       const auto id = id_of_key(oidr_);
-      if (!id || !read_record(*id)) return failed("Įrašo „" + oidr_ + "“ nėra.");
+      if (!id || !read_record(*id)) return {.Failed = true, .ErrorText = "Įrašo „" + oidr_ + "“ nėra.", .Gone = true};
     }
     read_oidr_ = oidr_;
     return {};

@@ -1,6 +1,7 @@
 #include "host/desktop/desk_top_pane.h"
 
 #include <QKeyEvent>
+#include <map>
 
 #include "host/desktop/registered_icons.h"
 
@@ -25,12 +26,18 @@ DeskTopPane::DeskTopPane(DesktopApplication& application, QWidget* parent)
 void DeskTopPane::refresh() {
   const std::string current = currentItem() == nullptr ? "" : key_of(*currentItem());
   clear();
+  std::map<std::string, std::shared_ptr<Recordset>> lists;  // by type: one that cannot be read is told once
   for (const std::string& key : application_.desk_top()) {
     const std::string object_type = key.substr(0, kTypeCodeLength);
     const QString type = QString::fromStdString(application_.type_caption(object_type));
-    const QString name = object_name(application_, key);
-    auto* const item = new QListWidgetItem(object_icon(application_, object_type),
-                                           name.isEmpty() ? type + " (panaikinta)" : name, this);
+    const auto [list, is_new] = lists.try_emplace(object_type);
+    if (is_new) list->second = list_of_type(application_, object_type);
+    QString name = type;  // all that is known of what cannot be read
+    if (list->second) {
+      name = name_in(*list->second, key);
+      if (name.isEmpty()) name = type + " (panaikinta)";
+    }
+    auto* const item = new QListWidgetItem(object_icon(application_, object_type), name, this);
     item->setData(Qt::UserRole, QString::fromStdString(key));
     item->setToolTip(type + ": " + item->text());
     if (key == current) setCurrentItem(item);

@@ -43,14 +43,20 @@ void add_entries(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuP
   }
 }
 
-QString object_name(DesktopApplication& application, const std::string& key) {
-  const std::string object_type = key.substr(0, kTypeCodeLength);
+std::shared_ptr<Recordset> list_of_type(DesktopApplication& application, const std::string& object_type) {
   const auto ui = application.GetQuorObjectUI(object_type);
-  const auto list = ui ? ui->GetQuorObjectList(object_type, "", "") : nullptr;
-  if (!list) return {};
-  list->Filter(std::string(kKeyField) + " = '" + key + "'");
-  if (list->RecordCount() == 0) return {};
-  return QString::fromStdString(null_to_text(list->field(FieldHandle{kNameColumn})));
+  return ui ? ui->GetQuorObjectList(object_type, "", "") : nullptr;
+}
+
+QString name_in(Recordset& list, const std::string& key) {
+  list.Filter(std::string(kKeyField) + " = '" + key + "'");
+  if (list.RecordCount() == 0) return {};
+  return QString::fromStdString(null_to_text(list.field(FieldHandle{kNameColumn})));
+}
+
+QString object_name(DesktopApplication& application, const std::string& key) {
+  const auto list = list_of_type(application, key.substr(0, kTypeCodeLength));
+  return list ? name_in(*list, key) : QString();
 }
 
 }  // namespace quor

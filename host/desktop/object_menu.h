@@ -42,7 +42,11 @@ using ChooseEntry = std::function<void(const MenuPlace& place, const std::string
 // Adds the entries to the menu.
 void add_entries(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place, const ChooseEntry& choose);
 
-// What a list calls an object; "" when the list does not have it any more.
+// The objects of a type; null when there is no such list, and after a failure, which the user has been shown.
+std::shared_ptr<Recordset> list_of_type(DesktopApplication& application, const std::string& object_type);
+// What a list calls an object; "" when the list does not have it any more. Leaves its filter on the list.
+QString name_in(Recordset& list, const std::string& key);
+// The same in the list of the object's type; "" also when that cannot be read.
 QString object_name(DesktopApplication& application, const std::string& key);
 
 }  // namespace quor

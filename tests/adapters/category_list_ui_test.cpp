@@ -77,6 +77,9 @@ TEST_F(CategoryListTest, AClickCarriesAFormWithItsDataObject) {
     EXPECT_EQ(opened<frmOfficeEmployeeSettings>(click(unknown)), "nothing") << unknown;
   EXPECT_EQ(opened<frmOfficeEmployeeCategories>(click("0", "O0402200999")), "nothing") << "without a word";
   EXPECT_TRUE(application_.boxes().empty());
+  company_.fail_statements();
+  EXPECT_EQ(opened<frmOfficeEmployeeCategories>(click("0", category_)), "nothing");
+  EXPECT_EQ(application_.boxes(), Texts{"exclamation, ok, Testas: ryšys nutrūko"});
 }
 
 TEST_F(CategoryListTest, TheDeskTopTakesWhatHasAnEditor) {

@@ -159,6 +159,18 @@ TEST_F(SettingsMenuTest, AStoredVersionIsOpenedAndANewOneMade) {
   EXPECT_EQ(application_.boxes().size(), 1U);
 }
 
+TEST_F(SettingsMenuTest, AReadThatFailsIsToldOnceByItsOwnText) {
+  const std::string employee = "O0400100" + std::to_string(company_.given_employee("Pirmoji"));
+  company_.fail_statements();
+  EXPECT_EQ(edited(click("0", key_)), "nothing");
+  EXPECT_EQ(application_.GetQuorObjectUIO(employee), nullptr);
+  company_.heal();
+  EXPECT_EQ(application_.boxes(), Texts(2, "exclamation, ok, Testas: ryšys nutrūko"));
+  EXPECT_EQ(application_.GetQuorObjectUIO(employee + "#GUID")->OIDR(), employee);
+  EXPECT_EQ(application_.GetQuorObjectUIO("O0400100999"), nullptr);
+  EXPECT_EQ(application_.boxes().size(), 2U) << "what is gone is an answer";
+}
+
 TEST_F(SettingsMenuTest, AVersionIsDeletedOnlyOnOk) {
   const auto bo = std::make_shared<ListingBO>();
   settings_->BO(bo);

@@ -29,7 +29,7 @@ TEST(PluginLibrary, OnlyAPluginOfThisContractIsLoaded) {
                         {text_file, "neįkeliamas: "},
                         {folder.path(""), "neįkeliamas: "},
                         {VELMORA_LIBQUOR, "nėra šios programos įskiepis."},
-                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 3, reikia 2."}};
+                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 4, reikia 3."}};
   for (const Case& c : cases) {
     const std::string expected = "Įskiepis „" + c.file + "“ " + c.reason;
     EXPECT_EQ(loading(c.file).substr(0, expected.size()), expected);
