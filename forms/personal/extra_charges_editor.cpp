@@ -66,7 +66,7 @@ void frmOfficeEmployeeExtraCharges::closing() {
 
 void frmOfficeEmployeeExtraCharges::run_command(const std::string& command, const std::string& guid) {
   if (command == kNewCharge || command == kEditCharge) edit_charge(guid);
-  if (command == kDeleteCharge) delete_selected_charge();
+  if (command == kDeleteCharge) delete_charge(guid);
 }
 
 void frmOfficeEmployeeExtraCharges::edit_charge(const std::string& guid) {
@@ -75,14 +75,13 @@ void frmOfficeEmployeeExtraCharges::edit_charge(const std::string& guid) {
   fill();
 }
 
-void frmOfficeEmployeeExtraCharges::delete_selected_charge() {
-  const std::size_t row = *lvwExtraCharges.selected();
+void frmOfficeEmployeeExtraCharges::delete_charge(const std::string& guid) {
   if (application_.MessageBox("Ar tikrai norite panaikinti?", quor::BoxIcon::kQuestion, quor::BoxButtons::kYesNo,
                               application_.Title()) != quor::BoxAnswer::kYes) {
     return;
   }
-  if (!ask_employee("DeletePersonalExtraCharge", lvwExtraCharges.tag(row))) return;
-  lvwExtraCharges.remove_row(row);
+  if (!ask_employee("DeletePersonalExtraCharge", guid)) return;
+  if (const auto row = lvwExtraCharges.row_tagged(guid)) lvwExtraCharges.remove_row(*row);
   mCancel = false;
 }
 

@@ -51,7 +51,7 @@ class frmOfficeEmployeeExtraCharges : public quor::Form {
   // `guid` names the charge; "" for a new one.
   void run_command(const std::string& command, const std::string& guid);
   void edit_charge(const std::string& guid);
-  void delete_selected_charge();
+  void delete_charge(const std::string& guid);
 
   void fill();
   void add_charge(const quor::Recordset& charge);

@@ -118,7 +118,8 @@ void frmOfficeEmployeeSettings::delete_band(const std::string& guid) {
     return;
   }
   const quor::MethodResult result = QuorObjectUIO->Methods("DeletePersonalExtraCharge", {guid});
-  if (result.Code == 0 && result.Value.to_bool()) lvwExperience.remove_row(*lvwExperience.selected());
+  const auto row = lvwExperience.row_tagged(guid);
+  if (catalogue::is_true(result) && row) lvwExperience.remove_row(*row);
   mark_modified();
 }
 

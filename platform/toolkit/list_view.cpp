@@ -31,16 +31,22 @@ std::size_t ListView::header(std::string_view header_key) const {
 }
 
 void ListView::set_caption(std::size_t column, std::string caption) {
-  columns_.at(column).caption = std::move(caption);
+  columns_[existing_column(column)].caption = std::move(caption);
   content_changed();
 }
 
+std::size_t ListView::existing_row(std::size_t row) const {
+  if (row < rows_.size()) return row;
+  throw Error(ErrorKind::kIndexOutOfRange, "Sąraše nėra eilutės Nr. " + std::to_string(row + 1) + ".");
+}
+
+std::size_t ListView::existing_column(std::size_t column) const {
+  if (column < columns_.size()) return column;
+  throw Error(ErrorKind::kIndexOutOfRange, "Sąraše nėra stulpelio Nr. " + std::to_string(column + 1) + ".");
+}
+
 const ListView::Cell& ListView::cell(std::size_t row, std::size_t column) const {
-  if (row >= rows_.size() || column >= columns_.size()) {
-    throw Error(ErrorKind::kIndexOutOfRange, "Sąraše nėra eilutės nr. " + std::to_string(row + 1) +
-                                                 " arba stulpelio nr. " + std::to_string(column + 1) + ".");
-  }
-  return cells_[row * columns_.size() + column];
+  return cells_[existing_row(row) * columns_.size() + existing_column(column)];
 }
 
 ListView::Cell& ListView::cell(std::size_t row, std::size_t column) {
@@ -50,6 +56,11 @@ ListView::Cell& ListView::cell(std::size_t row, std::size_t column) {
 const std::string& ListView::selected_tag() const {
   static const std::string none;
   return selected_ ? rows_[*selected_].tag : none;
+}
+
+std::optional<std::size_t> ListView::row_tagged(std::string_view tag) const {
+  const auto found = std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return row.tag == tag; });
+  return found == rows_.end() ? std::nullopt : std::optional(static_cast<std::size_t>(found - rows_.begin()));
 }
 
 std::size_t ListView::add_row(std::string text, std::string tag) {
@@ -72,12 +83,12 @@ void ListView::set_colour(std::size_t row, std::size_t column, CellColour colour
 }
 
 void ListView::set_checked(std::size_t row, bool checked) {
-  rows_.at(row).checked = checked;
+  rows_[existing_row(row)].checked = checked;
   content_changed();
 }
 
 void ListView::remove_row(std::size_t row) {
-  const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(row * columns_.size());
+  const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(existing_row(row) * columns_.size());
   cells_.erase(first, first + static_cast<std::ptrdiff_t>(columns_.size()));
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
   if (selected_ == row) {

@@ -1,6 +1,7 @@
 // A list of rows under columns. A row has a cell for each column, each with its text and colour; a tag, which names the
 // object that the row stands for; and a check mark, where the list has check boxes. The first cell is the row's own
-// text. Cells are addressed by row and column number; resolve a column's key once, outside the loop.
+// text. Cells are addressed by row and column number; resolve a column's key once, outside the loop. A row or
+// column that is not there is IndexOutOfRange everywhere, except in what the user does: that is then no act.
 //
 // Made for 100,000 rows of 13 cells: all cells lie in one vector, and a bulk change tells the observer once.
 #pragma once
@@ -45,11 +46,13 @@ class ListView : public Control {
   std::size_t row_count() const { return rows_.size(); }
   const std::string& text(std::size_t row, std::size_t column = 0) const { return cell(row, column).text; }
   CellColour colour(std::size_t row, std::size_t column = 0) const { return cell(row, column).colour; }
-  const std::string& tag(std::size_t row) const { return rows_.at(row).tag; }
-  bool checked(std::size_t row) const { return rows_.at(row).checked; }
+  const std::string& tag(std::size_t row) const { return rows_[existing_row(row)].tag; }
+  bool checked(std::size_t row) const { return rows_[existing_row(row)].checked; }
   std::optional<std::size_t> selected() const { return selected_; }
   // The tag of the selected row; "" when none is selected.
   const std::string& selected_tag() const;
+  // The first row with the tag; none when no row has it.
+  std::optional<std::size_t> row_tagged(std::string_view tag) const;
 
   // Adds a row at the end, its other cells empty, and answers its number.
   std::size_t add_row(std::string text, std::string tag = {});
@@ -59,6 +62,7 @@ class ListView : public Control {
   void remove_row(std::size_t row);
   void clear();
   void reserve(std::size_t rows);
+  // None for a row that is not there, as after a list has become shorter.
   void select_row(std::optional<std::size_t> row);
 
   // While it lives the observer is not told; at its end it is told once, if something changed.
@@ -99,6 +103,9 @@ class ListView : public Control {
     bool checked = false;
   };
 
+  // The number itself; throws IndexOutOfRange when there is no such row or column.
+  std::size_t existing_row(std::size_t row) const;
+  std::size_t existing_column(std::size_t column) const;
   const Cell& cell(std::size_t row, std::size_t column) const;
   Cell& cell(std::size_t row, std::size_t column);
   void content_changed();

@@ -42,8 +42,10 @@ class DeletingObject : public UIO0402300 {
  public:
   using UIO0402300::UIO0402300;
   quor::MethodResult Methods(const std::string& name, const quor::Parameters& parameters) override {
-    return {
-        .Code = 0, .Message = "", .Value = name == "DeletePersonalExtraCharge" && parameters.at(0).to_text() == band};
+    return {.Code = 0,
+            .Message = "",
+            .Value = name == "DeletePersonalExtraCharge" && parameters.at(0).to_text() == band ? quor::Variant(true)
+                                                                                               : quor::kNull};
   }
   std::string band;
 };
@@ -367,6 +369,7 @@ TEST_P(SettingsEditor, ABandStaysUnlessTheDataObjectDeletesIt) {
 
   open<DeletingObject>(object_->OIDR());
   dynamic_cast<DeletingObject&>(*object_).band = editor_->lvwExperience.tag(1);
+  application_.on_box([&](const quor::ShownBox&) { editor_->lvwExperience.select(0); });
   for (const std::size_t row : {0U, 1U}) {
     application_.answer(BoxAnswer::kYes);
     choose_on(editor_->lvwExperience, row, editor_->mnuDelete);

@@ -3,6 +3,7 @@
 #include "platform/data/error.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/form.h"
+#include "tests/platform/outcome.h"
 #include "tests/support/acting.h"
 
 namespace quor {
@@ -177,9 +178,20 @@ TEST(Toolkit, CellsAndHeadsThatAreNotThereAreNamed) {
   EXPECT_EQ(screen.list.header("H"), 1U);
   EXPECT_THROW((void)screen.list.header("A"), Error);
   EXPECT_THROW((void)screen.list.column(""), Error);
-  EXPECT_THROW((void)screen.list.text(0, 0), Error);
-  screen.list.add_row("1");
-  EXPECT_THROW(screen.list.set_text(0, 2, "x"), Error);
+  screen.list.add_row("1", "T");
+  const std::pair<const char*, std::function<void(ListView&)>> beyond[] = {
+      {"text", [](ListView& list) { (void)list.text(1, 0); }},
+      {"set_text", [](ListView& list) { list.set_text(0, 2, "x"); }},
+      {"tag", [](ListView& list) { (void)list.tag(1); }},
+      {"checked", [](ListView& list) { (void)list.checked(1); }},
+      {"set_checked", [](ListView& list) { list.set_checked(1, true); }},
+      {"set_caption", [](ListView& list) { list.set_caption(2, "x"); }},
+      {"remove_row", [](ListView& list) { list.remove_row(1); }}};
+  for (const auto& [name, call] : beyond) {
+    EXPECT_EQ(outcome([&] { return call(screen.list), true; }), "IndexOutOfRange") << name;
+  }
+  EXPECT_EQ(screen.list.row_tagged("T"), 0U);
+  EXPECT_EQ(screen.list.row_tagged("t"), std::nullopt);
   EXPECT_EQ(screen.find("txt"), &screen.box);
   EXPECT_EQ(screen.find("Txt"), nullptr);
 }
