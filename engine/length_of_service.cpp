@@ -3,6 +3,7 @@
 #include "engine/salary_engine.h"
 #include "frame/catalogue.h"
 #include "frame/computed_row.h"
+#include "platform/data/error.h"
 
 namespace velmora {
 
@@ -30,17 +31,17 @@ namespace {
 // Not the plug-in's general code: the caller decides whether the person goes without a supplement or is told.
 constexpr std::int32_t kNoComponents = 16;
 
-MethodResult no_components(const MethodResult& cause) {
+MethodResult no_components(const std::string& cause) {
   const std::string line = quor::kLineBreak;
   return {.Code = kNoComponents,
-          .Message = "Kliada!" + line + "GetPersonalExtraChargeComponents:" + line + cause.Message,
+          .Message = "Kliada!" + line + "GetPersonalExtraChargeComponents:" + line + cause,
           .Value = {}};
 }
 
 std::int16_t years_of(quor::Recordset* services, std::int32_t person, quor::Date date) {
   if (!catalogue::filter_test(services, "UserID = " + std::to_string(person))) return 0;
-  const RecordedService service{.years = catalogue::null_to_int16(services->field("ExperienceYears")),
-                                .months = catalogue::null_to_int16(services->field("ExperienceMonthes")),
+  const RecordedService service{.years = catalogue::null_to_int32(services->field("ExperienceYears")),
+                                .months = catalogue::null_to_int32(services->field("ExperienceMonthes")),
                                 .reached_on = catalogue::null_to_date(services->field("DateExperience"))};
   return service_years(service, date);
 }
@@ -54,11 +55,16 @@ MethodResult UIO0402000::percentage_by_experience(std::int16_t years,
 
 MethodResult UIO0402000::personal_extra_charge_components(std::int32_t person, quor::Date date) {
   const MethodResult& services = request("OfficeEmployeeExperience", quor::kNoParameter);
-  if (services.Code != 0) return no_components(services);
-  const std::int16_t years = years_of(services.Value.record_set().get(), person, date);
+  if (services.Code != 0) return no_components(services.Message);
+  std::int16_t years = 0;
+  try {
+    years = years_of(services.Value.record_set().get(), person, date);
+  } catch (const quor::Error& fault) {  // what is recorded of the person is no length of service
+    return no_components(fault.what());
+  }
 
   const MethodResult& settings = request("OfficeEmployeeSettings", catalogue::quoted(date));
-  if (settings.Code != 0) return no_components(settings);
+  if (settings.Code != 0) return no_components(settings.Message);
   const MethodResult percentage = percentage_by_experience(years, settings.Value.record_set());
 
   const std::string comment = "Tarnybos stažas datai " + quor::date_text(date) + " (metai): " + std::to_string(years);

@@ -128,7 +128,8 @@ void frmOfficeEmployeeExtraCharges::grey_out() {
 bool frmOfficeEmployeeExtraCharges::in_force(std::size_t row) const {
   const auto from = shown_date(lvwExtraCharges.text(row, kFrom));
   const auto to = shown_date(lvwExtraCharges.text(row, kTo));
-  return !(from && mDate < *from) && !(to && *to < mDate);
+  const quor::Date date = mDate.without_time();
+  return !(from && date < *from) && !(to && *to < date);
 }
 
 std::shared_ptr<quor::Recordset> frmOfficeEmployeeExtraCharges::named_rows(const char* name,

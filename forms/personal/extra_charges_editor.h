@@ -40,7 +40,7 @@ class frmOfficeEmployeeExtraCharges : public quor::Form {
   // Set by the opener before the form loads; it may also give `lblPreview` its caption.
   std::shared_ptr<quor::QuorObjectUIO> QuorObjectUIO;  // the salary engine; released when the form unloads
   std::string SalaryPersonalOIDR;                      // the employee's key
-  quor::Date mDate;
+  quor::Date mDate;                                    // its time of day plays no part
   // For the opener afterwards: false once a charge was stored or deleted.
   bool mCancel = true;
 

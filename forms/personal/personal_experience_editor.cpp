@@ -53,17 +53,22 @@ void frmOfficeEmployeePersonalExperience::opening() {
   txtMonthes.set_text("0");
   if (const auto employee = quor::id_of_key(UserOIDR)) show_employee(*employee);
   set_button_states();
-  show_second_service();
-  computed_ = inputs();
+  computed_.reset();
+  inputs_changed();
 }
 
-// A result that no length of service can have is an error of the act that led to it, and undoes it.
+// A result that no length of service can have is an error of the act that led to it, and undoes it. A record that gives
+// none itself is shown all the same, and every act on it stands until one gives a result: so it can be mended.
 void frmOfficeEmployeePersonalExperience::inputs_changed() {
   try {
     show_second_service();
   } catch (const quor::Error&) {
-    take_back_inputs();
-    throw;
+    if (computed_) {
+      take_back(*computed_);
+      throw;
+    }
+    for (quor::TextBox* box : {&txtYears2, &txtMonthes2}) box->set_text("");
+    return;
   }
   computed_ = inputs();
 }
@@ -105,8 +110,8 @@ void frmOfficeEmployeePersonalExperience::show_employee(std::int32_t employee) {
   if (!find_record(employee)) return;
   const quor::Variant date = rsExperience->field("DateExperience");
   if (!date.is_null()) dtpDate.set_value(date.to_date());
-  txtYears.set_text(std::to_string(catalogue::null_to_int16(rsExperience->field("ExperienceYears"))));
-  txtMonthes.set_text(std::to_string(catalogue::null_to_int16(rsExperience->field("ExperienceMonthes"))));
+  txtYears.set_text(std::to_string(catalogue::null_to_int32(rsExperience->field("ExperienceYears"))));
+  txtMonthes.set_text(std::to_string(catalogue::null_to_int32(rsExperience->field("ExperienceMonthes"))));
 }
 
 // Stands on the employee's record under the filter that found it; false when there is none. Whatever filter the opener
@@ -143,11 +148,11 @@ frmOfficeEmployeePersonalExperience::Inputs frmOfficeEmployeePersonalExperience:
       .date = dtpDate.value(), .second_date = dtpDate2.value(), .years = txtYears.text(), .months = txtMonthes.text()};
 }
 
-void frmOfficeEmployeePersonalExperience::take_back_inputs() {
-  dtpDate.set_value(computed_.date);
-  dtpDate2.set_value(computed_.second_date);
-  put_back(txtYears, computed_.years);
-  put_back(txtMonthes, computed_.months);
+void frmOfficeEmployeePersonalExperience::take_back(const Inputs& inputs) {
+  dtpDate.set_value(inputs.date);
+  dtpDate2.set_value(inputs.second_date);
+  put_back(txtYears, inputs.years);
+  put_back(txtMonthes, inputs.months);
 }
 
 // What cannot be saved is a calculator: its one button closes it.

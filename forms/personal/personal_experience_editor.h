@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "frame/contract/quor_application.h"
@@ -58,14 +59,14 @@ class frmOfficeEmployeePersonalExperience : public quor::Form {
   void put_into_record(std::int16_t years, std::int16_t months);
   void show_second_service();
   Inputs inputs() const;
-  void take_back_inputs();
+  void take_back(const Inputs& inputs);
   void set_button_states();
 
   quor::QuorApplication& application_;
   std::string title_;          // of every box
   std::int32_t employee_ = 0;  // whose record is written, while it is known
   bool employee_is_known_ = false;
-  Inputs computed_;  // the last ones that gave a result
+  std::optional<Inputs> computed_;  // the last ones that gave a result
 };
 
 }  // namespace velmora

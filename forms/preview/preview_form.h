@@ -71,7 +71,6 @@ class PreviewForm : public quor::Form {
   // "OfficeEmployeePreview" and "OfficeEmployeeSettings" of the month.
   const std::shared_ptr<quor::Recordset>& preview_rows() const { return preview_rows_; }
   const std::shared_ptr<quor::Recordset>& settings() const { return settings_; }
-  void keep_settings(std::shared_ptr<quor::Recordset> settings) { settings_ = std::move(settings); }
 
   // What the list was filled for, whatever the user has chosen since: the month's last day, the department (0 for all).
   quor::Date last_day() const { return listed_.last_day; }

@@ -1,11 +1,13 @@
 #include "forms/preview/supplement_preview.h"
 
+#include <algorithm>
 #include <map>
 
 #include "forms/personal/extra_charges_editor.h"
 #include "forms/personal/personal_experience_editor.h"
 #include "frame/catalogue.h"
 #include "frame/object_types.h"
+#include "platform/data/error.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -47,6 +49,7 @@ struct frmOfficeEmployeeExtraChargePreview::Filling {
   ByPerson<RecordedService> services;
   ByPerson<ExtraCharge> charges;
   std::map<std::int16_t, double> percentages;  // of the supplement, by years of service
+  std::vector<std::string> faults;             // persons whose recorded service is none, each with what is recorded
 };
 
 frmOfficeEmployeeExtraChargePreview::frmOfficeEmployeeExtraChargePreview(quor::QuorApplication& application)
@@ -118,20 +121,44 @@ void frmOfficeEmployeeExtraChargePreview::fill_list() {
     if (first) {
       show_charges(person, filling);
       person = {.user = persons.user()};
-      const auto service = filling.services.of(person.user);
-      if (!service.empty()) person.service_years = service_years(service.front().record, last_day());
+      count_service(person, rows->text(preview), filling);
     }
     person.rows = counted(person.rows, "vieno asmens eilučių");
     const std::size_t row = add_row(person.user);
     if (first) {
       lvwRows.set_text(row, 0, std::to_string(persons.number()));
       lvwRows.set_text(row, filling.preview, std::string(rows->text(preview)));
-      lvwRows.set_text(row, filling.years, std::to_string(person.service_years));
+      if (person.service_is_known) lvwRows.set_text(row, filling.years, std::to_string(person.service_years));
     }
     lvwRows.set_text(row, filling.category, std::string(rows->text(category)));
     lvwRows.set_text(row, filling.rounded_salary, catalogue::null_to_text(rows->field(salary)));
   });
   show_charges(person, filling);
+  tell_faults(filling.faults);
+}
+
+// Without a record the years are 0. One that no length of service can have is that person's own fault: the years stay
+// blank, and the supplement is 0 %.
+void frmOfficeEmployeeExtraChargePreview::count_service(ListedPerson& person, std::string_view name, Filling& filling) {
+  const auto service = filling.services.of(person.user);
+  if (service.empty()) return;
+  try {
+    person.service_years = service_years(service.front().record, last_day());
+  } catch (const quor::Error& fault) {
+    person.service_is_known = false;
+    filling.faults.push_back(std::string(name) + ": " + fault.what());
+  }
+}
+
+void frmOfficeEmployeeExtraChargePreview::tell_faults(const std::vector<std::string>& faults) {
+  constexpr std::size_t kNamed = 10;
+  if (faults.empty()) return;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(faults.size(), kNamed); ++i) text += (i > 0 ? quor::kLineBreak : "") + faults[i];
+  if (faults.size() > kNamed) {
+    text += std::string(quor::kLineBreak) + "Ir dar: " + std::to_string(faults.size() - kNamed) + ".";
+  }
+  application().MessageBox(text, quor::BoxIcon::kExclamation, quor::BoxButtons::kOk, application().Title());
 }
 
 void frmOfficeEmployeeExtraChargePreview::gather_services(ByPerson<RecordedService>& services) const {
@@ -140,8 +167,8 @@ void frmOfficeEmployeeExtraChargePreview::gather_services(ByPerson<RecordedServi
   const quor::FieldHandle user = records->handle("UserID"), date = records->handle("DateExperience"),
                           years = records->handle("ExperienceYears"), months = records->handle("ExperienceMonthes");
   for_each_record(experience_.get(), [&] {
-    services.add(records->int32(user), {.years = catalogue::null_to_int16(records->field(years)),
-                                        .months = catalogue::null_to_int16(records->field(months)),
+    services.add(records->int32(user), {.years = catalogue::null_to_int32(records->field(years)),
+                                        .months = catalogue::null_to_int32(records->field(months)),
                                         .reached_on = date_of(*records, date)});
   });
 }
@@ -169,8 +196,7 @@ void frmOfficeEmployeeExtraChargePreview::show_charges(const ListedPerson& perso
   const auto salary = salary_in_cell(lvwRows.text(last, filling.rounded_salary));
   double amount = 0;
   for (const auto& [user, charge] : filling.charges.of(person.user)) {
-    const double percentage =
-        charge.of_service ? percentage_of_service(person.service_years, filling) : charge.percentage;
+    const double percentage = charge.of_service ? percentage_of_service(person, filling) : charge.percentage;
     amount = charge_amount(charge.sum, percentage, salary, amount);
     const std::size_t row = at < lvwRows.row_count() ? at : add_row(user);
     if (charge.by_percentage()) lvwRows.set_text(row, filling.percentage, quor::general_text(percentage) + "%");
@@ -179,14 +205,14 @@ void frmOfficeEmployeeExtraChargePreview::show_charges(const ListedPerson& perso
   }
 }
 
-// Asked once for each length of service: it is the same for everybody, and a failure is then told once. The scale is
-// handed over by reference: whatever the engine leaves in its place is held from then on.
-double frmOfficeEmployeeExtraChargePreview::percentage_of_service(std::int16_t years, Filling& filling) {
-  const auto [entry, is_new] = filling.percentages.try_emplace(years, 0.0);
+// Asked once for each length of service: it is the same for everybody, and a failure is then told once. The engine gets
+// the held settings themselves and leaves on them the filter that selects the scale.
+double frmOfficeEmployeeExtraChargePreview::percentage_of_service(const ListedPerson& person, Filling& filling) {
+  if (!person.service_is_known) return 0;
+  const auto [entry, is_new] = filling.percentages.try_emplace(person.service_years, 0.0);
   if (!is_new) return entry->second;
-  const quor::Parameters parameters = {years, settings()};
-  const quor::MethodResult result = QuorObjectUIO->Methods("GetPercentageByExperience", parameters);
-  keep_settings(parameters[1].record_set());
+  const quor::MethodResult result =
+      QuorObjectUIO->Methods("GetPercentageByExperience", {person.service_years, settings()});
   if (result.Code == 0) entry->second = catalogue::null_to_double(result.Value);
   return entry->second;
 }

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "forms/preview/persons.h"
 #include "forms/preview/preview_form.h"
@@ -25,6 +27,7 @@ class frmOfficeEmployeeExtraChargePreview : public PreviewForm {
     std::int32_t user = -1;
     std::int16_t rows = 0;  // the last ones of the list
     std::int16_t service_years = 0;
+    bool service_is_known = true;
   };
 
   void run_action(const std::string& code);
@@ -38,8 +41,10 @@ class frmOfficeEmployeeExtraChargePreview : public PreviewForm {
 
   void gather_services(ByPerson<RecordedService>& services) const;
   void gather_charges(ByPerson<ExtraCharge>& charges) const;
+  void count_service(ListedPerson& person, std::string_view name, Filling& filling);
+  void tell_faults(const std::vector<std::string>& faults);
   void show_charges(const ListedPerson& person, Filling& filling);
-  double percentage_of_service(std::int16_t years, Filling& filling);
+  double percentage_of_service(const ListedPerson& person, Filling& filling);
 
   std::shared_ptr<quor::Recordset> extra_charges_;
   std::shared_ptr<quor::Recordset> experience_;

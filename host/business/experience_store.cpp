@@ -17,8 +17,8 @@ constexpr char kTable[] = "experience";
 const RecordField kFields[] = {
     {{"UserID", FieldType::kInt32}, "employee_id", /*required=*/true, /*unique=*/true, /*references=*/"employees"},
     {{"DateExperience", FieldType::kDate}, "date_experience"},
-    {{"ExperienceYears", FieldType::kInt16}, "experience_years"},
-    {{"ExperienceMonthes", FieldType::kInt16}, "experience_months"}};
+    {{"ExperienceYears", FieldType::kInt32}, "experience_years"},
+    {{"ExperienceMonthes", FieldType::kInt32}, "experience_months"}};
 constexpr FieldHandle kEmployee{0};  // of these, which a stored row is read with
 
 std::shared_ptr<Recordset> read_stored(Database& database, const Variant& employee) {

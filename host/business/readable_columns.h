@@ -15,8 +15,10 @@ inline std::string readable_between(const std::string& column, const std::string
 
 // Fits a field of 16 bits.
 inline std::string readable_int16(const std::string& column) { return readable_between(column, "-32767", "32767"); }
-// Of three digits: what can be added up in 16 bits, as months too.
-inline std::string readable_service(const std::string& column) { return readable_between(column, "-999", "999"); }
+// Fits a field of 32 bits: a service that is none is shown, so that it can be mended.
+inline std::string readable_service(const std::string& column) {
+  return readable_between(column, "-2147483647", "2147483647");
+}
 // Below a trillion, so that no product or sum of a few overflows; no infinity.
 inline std::string readable_number(const std::string& column) {
   return readable_between(column, "-1000000000000", "1000000000000");

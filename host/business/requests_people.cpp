@@ -17,10 +17,11 @@ const std::vector<FieldInfo> kEmployeeFields = {{"ID", FieldType::kInt32},
                                                 {"Preview", FieldType::kText},
                                                 {"UsrAccDate", FieldType::kDate}};
 
+// Whole numbers of any size: one that no length of service has must be seen to be mended, and is one person's fault.
 const std::vector<FieldInfo> kExperienceFields = {{"UserID", FieldType::kInt32},
                                                   {"DateExperience", FieldType::kDate},
-                                                  {"ExperienceYears", FieldType::kInt16},
-                                                  {"ExperienceMonthes", FieldType::kInt16}};
+                                                  {"ExperienceYears", FieldType::kInt32},
+                                                  {"ExperienceMonthes", FieldType::kInt32}};
 
 const std::vector<FieldInfo> kExtraChargeFields = {
     {"ID", FieldType::kInt32},          {"PersonalID", FieldType::kInt32},    {"DateFrom", FieldType::kDate},

@@ -98,6 +98,11 @@ TEST_F(SupplementTest, APersonsYearsGiveTheBandsPercentageAndAComment) {
   // 1297 months since the zero date are 108 years.
   EXPECT_EQ(components(third, "2008.01.31"), "0;Tarnybos stažas datai 2008.01.31 (metai): 109");
   EXPECT_EQ(components(second, "2004.12.31"), "0;Tarnybos stažas datai 2004.12.31 (metai): 3") << "no settings yet";
+  company_.given_service(first, day("2005.01.31"), 40000, 3);
+  company_.company().forget();
+  EXPECT_EQ(components(first, "2008.01.31"),
+            "[16: Kliada!\r\nGetPersonalExtraChargeComponents:\r\nNetinkamas įrašytas tarnybos stažas: metai 40000, "
+            "mėnesiai 3.]");
   EXPECT_TRUE(company_.application().shown_boxes().empty());
 }
 

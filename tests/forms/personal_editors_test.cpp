@@ -85,7 +85,7 @@ class PersonalEditors : public testing::TestWithParam<quor::Backend> {
     auto editor = std::make_unique<frmOfficeEmployeeExtraCharges>(application());
     editor->QuorObjectUIO = std::make_shared<UIO0402000>(application());
     editor->SalaryPersonalOIDR = key;
-    editor->mDate = day("2008.01.31");
+    editor->mDate = quor::Date::from_serial(day("2008.01.31").serial() + 0.5);  // at noon
     editor->lblPreview.set_caption("Eilutės pavardė");
     editor->load();
     return editor;
@@ -170,6 +170,23 @@ TEST_P(PersonalEditors, ASaveOverSomebodyElsesChangeIsRefused) {
     EXPECT_EQ(last_boxes(), Texts{std::string("none, ok, Testas: Įrašymas neatliktas!\r\n") + c.refusal});
     EXPECT_EQ(services(), before);
   }
+}
+
+TEST_P(PersonalEditors, ARecordedServiceThatIsNoneIsOpenedAndMended) {
+  company_.given_service(person_, kNull, 40000, 3);
+  const auto editor = open_service();
+  EXPECT_EQ(inputs(*editor) + result(*editor), "2003.03.15 40000 3 ");
+  EXPECT_EQ(outcome([&] { return editor->cmdWrite.click(), true; }), "Overflow");
+  editor->txtYears.enter();
+  editor->txtYears.select(5, 0);
+  for (const char* left : {"4000", "400"}) {
+    editor->txtYears.type_key(quor::TextBox::kBackspace);
+    EXPECT_EQ(editor->txtYears.text(), left);
+  }
+  EXPECT_EQ(result(*editor), "405 5") << "from the first day of service, until another date is written";
+  type_and_leave(editor->txtYears, "4");
+  editor->cmdWrite.click();
+  EXPECT_EQ(services(), "1;2003.03.15;4;3;2;testuotoja");
 }
 
 TEST_P(PersonalEditors, ARecordSetIsStoredWholeOrNotAtAll) {
