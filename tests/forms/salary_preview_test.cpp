@@ -1,24 +1,12 @@
-// The two previews of a month: their rules, and the forms acted on as a person does, with the real engine and host.
-#include <gtest/gtest.h>
-
-#include "engine/salary_engine.h"
-#include "forms/personal/extra_charges_editor.h"
-#include "forms/personal/personal_experience_editor.h"
+// The salary preview of a month, acted on as a person does, with the real engine and host.
 #include "forms/preview/salary_preview.h"
+
 #include "forms/preview/supplement_preview.h"
 #include "host/sample/sample_company.h"
-#include "platform/data/number_text.h"
-#include "tests/support/acting.h"
-#include "tests/support/test_company.h"
+#include "tests/forms/preview_company.h"
 
 namespace velmora {
 namespace {
-
-using quor::day;
-using quor::FieldType;
-using quor::kNull;
-using quor::Variant;
-using Rows = std::vector<std::vector<Variant>>;
 
 TEST(PersonCharges, TheLastRecordOfATypeCountsAndTheTotalIsRoundedToTheEvenCent) {
   struct Case {
@@ -43,25 +31,6 @@ TEST(PersonCharges, TheLastRecordOfATypeCountsAndTheTotalIsRoundedToTheEvenCent)
   }
 }
 
-TEST(Supplements, APercentageWinsOverTheSumAndHalfCentsGoUp) {
-  struct Case {
-    const char* name;
-    double sum, percentage;
-    const char* salary;
-    double expected;  // behind an amount of 77
-  };
-  const Case cases[] = {{"of the salary", 0, 5, "1234,5", 61.73},
-                        {"the sum gives way", 150, 10, "  200", 20},
-                        {"the sum alone", 150, 0, "200", 150},
-                        {"neither", 0, 0, "200", 0},
-                        {"no salary", 0, 10, " ", 77},
-                        {"no salary, the sum gives way", 150, 10, "", 77}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(charge_amount(c.sum, c.percentage, salary_in_cell(c.salary), 77), c.expected) << c.name;
-  }
-  EXPECT_THROW((void)salary_in_cell("1234.5"), quor::Error);
-}
-
 TEST(ByPerson, KeepsTheOrderOfOnePersonsRecordsWhateverStandsBetween) {
   ByPerson<int> records;
   for (const auto& [person, record] : {std::pair{7, 1}, {3, 2}, {7, 3}, {5, 4}, {7, 5}}) records.add(person, record);
@@ -71,62 +40,8 @@ TEST(ByPerson, KeepsTheOrderOfOnePersonsRecordsWhateverStandsBetween) {
   EXPECT_TRUE(records.of(4).empty() && records.of(8).empty());
 }
 
-// The host's application, with a person who chooses departments.
-class PreviewApplication : public quor::TestApplication {
- public:
-  using TestApplication::TestApplication;
-  quor::PickedObject SelectObject(const std::string& type, const std::string& current,
-                                  const std::string& mode) override {
-    asked = type + "," + current + "," + mode;
-    return picked;
-  }
-  std::string asked;
-  quor::PickedObject picked;
-};
-
-// The engine, with an eye on what the form shows while it asks.
-class WatchedEngine : public UIO0402000 {
- public:
-  using UIO0402000::UIO0402000;
-  quor::MethodResult Properties(const std::string& name, const std::string& parameter) override {
-    if (on_request) on_request();
-    return UIO0402000::Properties(name, parameter);
-  }
-  std::function<void()> on_request;
-};
-
-quor::FieldInfo whole(const char* name) { return {name, FieldType::kInt32}; }
-quor::FieldInfo number(const char* name) { return {name, FieldType::kDouble}; }
-
-std::string columns_of(const quor::ReportData& report) {
-  std::string text;
-  for (const quor::ReportColumn& each : report.columns) text += each.key + " " + quor::general_text(each.width) + "; ";
-  return text;
-}
-
-class Previews : public testing::Test {
+class SalaryPreview : public Previews {
  protected:
-  template <typename Form>
-  std::unique_ptr<Form> open() {
-    auto form = std::make_unique<Form>(application_);
-    form->QuorObjectUIO = engine_;
-    form->load();
-    application_.requests.clear();
-    return form;
-  }
-  void given(const char* request, const std::vector<quor::FieldInfo>& fields, const Rows& rows) {
-    application_.answers[request] = {0, "", record_set(fields, rows)};
-  }
-  void given_positions(const Rows& rows) {
-    given("GetOfficeEmployeePreview",
-          {whole("UserID"),
-           {"Preview", FieldType::kText},
-           {"CategoryName", FieldType::kText},
-           number("Factor"),
-           number("ConstantValue"),
-           number("RoundedSalary")},
-          rows);
-  }
   void given_sums(const Rows& rows) {
     given("GetOfficeEmployeeSurcharge",
           {whole("UserID"), number("Alga"), whole("SumType"), number("SumA"), number("Percentage")}, rows);
@@ -137,12 +52,6 @@ class Previews : public testing::Test {
                              .extra_limit = extra,
                              .surcharge_limit = surcharge,
                              .total_limit = total});
-  }
-  std::string requests() {
-    std::string text;
-    for (const std::string& each : application_.requests)
-      text += (text.empty() ? "" : " ") + each.substr(0, each.find("), flag")) + ")";
-    return text;
   }
   static std::string captions(const quor::ListView& list) {
     std::string text;
@@ -159,13 +68,9 @@ class Previews : public testing::Test {
     }
     return columns;
   }
-
-  quor::TestCompany company_;
-  PreviewApplication application_{company_.company(), {.title = "Testas", .user = "t", .today = day("2008.01.31")}};
-  std::shared_ptr<WatchedEngine> engine_ = std::make_shared<WatchedEngine>(application_);
 };
 
-TEST_F(Previews, TheMonthsLastDayTheDepartmentAndTheListedCodesAreAskedFor) {
+TEST_F(SalaryPreview, TheMonthsLastDayTheDepartmentAndTheListedCodesAreAskedFor) {
   given_limits(55.0, 60.0, 70.0);
   const auto form = open<frmOfficeEmployeePreview>();
   EXPECT_EQ(form->dtpDate.value(), day("2008.01.01"));
@@ -200,7 +105,7 @@ TEST_F(Previews, TheMonthsLastDayTheDepartmentAndTheListedCodesAreAskedFor) {
   EXPECT_EQ(form->txtDepartment.text() + form->txtDepartment.tag(), "Padalinys" + key) << "nothing was chosen";
 }
 
-TEST_F(Previews, APersonsFirstRowHasTheNumberTheNameAndTheCharges) {
+TEST_F(SalaryPreview, APersonsFirstRowHasTheNumberTheNameAndTheCharges) {
   given_limits(10.0, kNull, 30.5);
   given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0},
                    {1, "Pirma", "B", 1.005, 0.0, kNull},
@@ -226,7 +131,7 @@ TEST_F(Previews, APersonsFirstRowHasTheNumberTheNameAndTheCharges) {
   EXPECT_EQ(form->lvwRows.row_count(), 5U) << "the list is made anew";
 }
 
-TEST_F(Previews, OnlyWhatIsOverItsLimitIsRed) {
+TEST_F(SalaryPreview, OnlyWhatIsOverItsLimitIsRed) {
   struct Case {
     const char* name;
     Variant limits[3];
@@ -255,7 +160,7 @@ TEST_F(Previews, OnlyWhatIsOverItsLimitIsRed) {
 }
 
 // The sums as they are stored, through the host's percentage; and the same rows through the engine's check.
-TEST_F(Previews, AnExactShareIsWithinItsLimitAndACentMoreIsOverInThePreviewAndInTheCheck) {
+TEST_F(SalaryPreview, AnExactShareIsWithinItsLimitAndACentMoreIsOverInThePreviewAndInTheCheck) {
   using Sums = std::vector<double>;
   const struct {
     const char* name;
@@ -315,7 +220,7 @@ TEST_F(Previews, AnExactShareIsWithinItsLimitAndACentMoreIsOverInThePreviewAndIn
   }
 }
 
-TEST_F(Previews, AFailedRequestLeavesItsPartEmptyAndTheButtonsOnAgain) {
+TEST_F(SalaryPreview, AFailedRequestLeavesItsPartEmptyAndTheButtonsOnAgain) {
   given_limits(10.0, 20.0, 30.0);
   given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}});
   given_sums({{1, 1000.0, 1, 110.0, 11.0}});
@@ -345,7 +250,7 @@ TEST_F(Previews, AFailedRequestLeavesItsPartEmptyAndTheButtonsOnAgain) {
   EXPECT_TRUE(form->cmdGo.enabled() && form->cmdPrint.enabled() && form->cmdSelect.enabled());
 }
 
-TEST_F(Previews, MorePersonsThanASixteenBitCountEndTheFilling) {
+TEST_F(SalaryPreview, MorePersonsThanASixteenBitCountEndTheFilling) {
   Rows rows;
   for (std::int32_t person = 1; person <= 32768; ++person) rows.push_back({person});
   given_positions(rows);
@@ -357,7 +262,7 @@ TEST_F(Previews, MorePersonsThanASixteenBitCountEndTheFilling) {
   EXPECT_EQ(application_.busy(), 0);
 }
 
-TEST_F(Previews, TheSelectedPersonIsPutOnTheDeskTop) {
+TEST_F(SalaryPreview, TheSelectedPersonIsPutOnTheDeskTop) {
   given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}, {12, "Antras", "A", 9.7, 130.0, 1260.0}});
   const auto form = open<frmOfficeEmployeePreview>();
   form->lvwRows.double_click({});
@@ -369,7 +274,7 @@ TEST_F(Previews, TheSelectedPersonIsPutOnTheDeskTop) {
   EXPECT_EQ(application_.desk_top(), (std::vector<std::string>{"O040010012", "O04001001"}));
 }
 
-TEST_F(Previews, ThePrintedListIsTheListUnderAHeading) {
+TEST_F(SalaryPreview, ThePrintedListIsTheListUnderAHeading) {
   company_.database().execute("UPDATE company SET name = 'Savivaldybė'");
   given_limits(10.0, 20.0, 30.0);
   given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}, {1, "Pirma", "B", 1.0, 1.0, 1.0}});
@@ -394,146 +299,6 @@ TEST_F(Previews, ThePrintedListIsTheListUnderAHeading) {
   ASSERT_EQ(report.lines, 2U);
   EXPECT_EQ(report.cell(0, 8).text + report.cell(1, 2).text, "11,00B");
   EXPECT_EQ(report.cell(0, 0).colour, quor::CellColour::kRed);
-}
-
-class SupplementPreview : public Previews {
- protected:
-  void SetUp() override {
-    company_.given_tariffs();
-    const auto category = company_.given_category("A", {{"2005.01.01", 9.7}});  // 1260 a month
-    one_ = company_.given_employee("Adomas");
-    two_ = company_.given_employee("Benas");
-    for (const auto person : {one_, two_, two_}) company_.given_position({.employee = person, .category = category});
-    company_.given_service(one_, day("2001.03.20"), 2, 11);
-    form_ = open<frmOfficeEmployeeExtraChargePreview>();
-  }
-  void given_charge(std::int32_t person, const char* from, const char* to, const Variant& sum,
-                    const Variant& percentage, const Variant& tied = kNull) {
-    const auto id = company_.given_charge(person, day(from), day(to), sum);
-    company_.database().execute("UPDATE extra_charges SET percentage = :p0, salary_extra_oid = :p1 WHERE id = :p2",
-                                {percentage, tied, id});
-    company_.company().forget();
-  }
-  std::string filled(const char* date = "2008.01.15") {
-    form_->dtpDate.pick(day(date));
-    form_->cmdGo.click();
-    return quor::shown(form_->lvwRows);
-  }
-
-  std::int32_t one_ = 0, two_ = 0;
-  std::unique_ptr<frmOfficeEmployeeExtraChargePreview> form_;
-};
-
-TEST_F(SupplementPreview, ChargesStandOnThePersonsRowsAndOnAddedOnes) {
-  given_charge(one_, "2007.01.01", "2999.12.31", kNull, 99.0, "O0402000");  // 9 years of service: 5 %
-  given_charge(two_, "2007.01.01", "2999.12.31", kNull, 7.5);
-  given_charge(one_, "2007.01.01", "2999.12.31", 150.0, kNull);
-  given_charge(one_, "2007.01.01", "2999.12.31", 150.0, 10.0, "O04020001");
-  given_charge(one_, "2007.01.01", "2999.12.31", 0.0, 0.0);
-  EXPECT_EQ(filled(),
-            "1;Adomas;9;A;1260;5%;63,00 |  ; ; ; ; ; ;150,00 |  ; ; ; ; ; ;126,00 |  ; ; ; ; ;0%;0,00"
-            " | 2;Benas;0;A;1260;7,5%;94,50 |  ; ; ;A;1260; ; ");
-  EXPECT_EQ(form_->lvwRows.tag(3), "O0400100" + std::to_string(one_));
-  EXPECT_EQ(form_->lvwRows.columns()[form_->lvwRows.header("Percentage")].caption, "Priedo procentas");
-  EXPECT_EQ(requests(),
-            "GetOfficeEmployeePreview('2008.01.31',0) GetOfficeEmployeeSettings('2008.01.31')"
-            " GetOfficeEmployeeExtraCharges(None) GetOfficeEmployeeExperience(None)");
-  EXPECT_EQ(filled("2008.05.02").substr(0, 14), "1;Adomas;10;A;") << "a year more of service, past the scale";
-  EXPECT_EQ(form_->lvwRows.text(0, 5) + form_->lvwRows.text(0, 6), "0%0,00");
-}
-
-TEST_F(SupplementPreview, ChargesThatHoldOnADayOfTheMonthAreListed) {
-  struct Case {
-    const char* from;
-    const char* to;
-    bool holds;
-  };
-  const Case cases[] = {{"2008.01.15", "2008.01.16", true},
-                        {"2007.01.01", "2007.12.31", false},
-                        {"2007.01.01", "2008.01.01", true},
-                        {"2008.01.31", "2008.05.01", true},
-                        {"2008.02.01", "2008.05.01", false}};
-  for (const Case& c : cases) {
-    company_.database().execute("DELETE FROM extra_charges");
-    given_charge(one_, c.from, c.to, 12.0, kNull);
-    EXPECT_EQ(filled().find("12,00") != std::string::npos, c.holds) << c.from << " " << c.to;
-  }
-}
-
-TEST_F(SupplementPreview, AFailedScaleGivesNoPercentageAndABlankSalaryTheAmountBefore) {
-  given_positions({{one_, "Adomas", "A", 9.7, 130.0, kNull}});
-  given_charge(one_, "2007.01.01", "2999.12.31", 33.0, kNull);
-  given_charge(one_, "2007.01.01", "2999.12.31", kNull, 10.0);
-  given_charge(one_, "2007.01.01", "2999.12.31", kNull, 99.0, "O0402000");
-  application_.refuse("GetOfficeEmployeeSettings", "ryšys nutrūko");
-  EXPECT_EQ(filled(), "1;Adomas;9;A;; ;33,00 |  ; ; ; ; ;10%;33,00 |  ; ; ; ; ;0%;0,00");
-  application_.refuse("GetOfficeEmployeeExtraCharges", "ryšys nutrūko");
-  application_.refuse("GetOfficeEmployeeExperience", "ryšys nutrūko");
-  EXPECT_EQ(filled(), "1;Adomas;0;A;; ; ");
-}
-
-TEST_F(SupplementPreview, TheEditorsOpenOnTheRowAndAConfirmedEditFillsAgain) {
-  filled();
-  std::string opened;
-  bool confirm = true;
-  int dialogs = 0;
-  application_.on_modal([&](quor::Form& form) {
-    ++dialogs;
-    quor::choose_on(form_->lvwRows, 0, form_->mnuExperience);
-    form_->lvwRows.double_click(0);
-    EXPECT_FALSE(form_->mnuMenu.is_open());
-    if (auto* charges = dynamic_cast<frmOfficeEmployeeExtraCharges*>(&form)) {
-      opened =
-          charges->SalaryPersonalOIDR + " " + quor::date_text(charges->mDate) + " " + charges->lblPreview.caption();
-      EXPECT_EQ(charges->QuorObjectUIO, engine_);
-      charges->mCancel = !confirm;
-      charges->cmdClose.click();
-    } else {
-      auto& experience = dynamic_cast<frmOfficeEmployeePersonalExperience&>(form);
-      opened =
-          experience.UserOIDR + " " + quor::date_text(experience.dtpDate2.value()) + " " + experience.txtYears.text();
-      quor::type_and_leave(experience.txtYears, "20");
-      (confirm ? experience.cmdWrite : experience.cmdCancel).click();
-    }
-    given_charge(one_, "2007.01.01", "2999.12.31", 12.0, kNull);
-  });
-  const std::string second = "O0400100" + std::to_string(two_), first = "O0400100" + std::to_string(one_);
-  form_->lvwRows.double_click({});
-  EXPECT_EQ(opened, "");
-  form_->lvwRows.double_click(1);
-  EXPECT_EQ(opened, second + " 2008.01.31 Benas");
-  EXPECT_EQ(dialogs, 1) << "what is done meanwhile opens nothing";
-  EXPECT_EQ(form_->lvwRows.selected(), 0U);
-  EXPECT_EQ(quor::shown(form_->lvwRows).substr(0, 25), "1;Adomas;9;A;1260; ;12,00") << "filled again";
-  quor::choose_on(form_->lvwRows, 0, form_->mnuExperience);
-  EXPECT_EQ(opened, first + " 2008.01.01 2");
-  EXPECT_EQ(form_->lvwRows.text(0, 2), "27");
-  confirm = false;
-  const std::size_t rows = form_->lvwRows.row_count();
-  quor::choose_on(form_->lvwRows, 0, form_->mnuExperience);
-  quor::choose_on(form_->lvwRows, 0, form_->mnuEdit);
-  EXPECT_EQ(form_->lvwRows.row_count(), rows) << "cancelled edits fill nothing";
-  quor::choose_on(form_->lvwRows, 0, form_->mnuOnDeskTop);
-  EXPECT_EQ(application_.desk_top(), std::vector<std::string>{first});
-}
-
-TEST_F(SupplementPreview, AServiceThatIsNoneIsToldOfItsPersonAlone) {
-  company_.given_service(two_, day("2001.01.01"), 40000, 3);
-  for (const auto person : {one_, two_}) given_charge(person, "2007.01.01", "2999.12.31", kNull, kNull, "O0402000");
-  EXPECT_EQ(filled(), "1;Adomas;9;A;1260;5%;63,00 | 2;Benas; ;A;1260;0%;0,00 |  ; ; ;A;1260; ; ");
-  EXPECT_EQ(application_.boxes(), std::vector<std::string>{"exclamation, ok, Testas: Benas: Netinkamas įrašytas "
-                                                           "tarnybos stažas: metai 40000, mėnesiai 3."});
-}
-
-TEST_F(SupplementPreview, ThePrintedListHasItsSevenColumns) {
-  filled();
-  form_->cmdPrint.click();
-  const quor::ReportData& report = *application_.shown_report();
-  EXPECT_EQ(columns_of(report),
-            "Nr 0,8; Preview 6,5; ExperienceYears 1,7; Category 4; RoundedSalary 2; ExtraChargePercentage 1,8;"
-            " ExtraCharge 2; ");
-  EXPECT_EQ(report.headings.front(), " Valstybės tarnautojų priedai");
-  EXPECT_EQ(report.cell(0, 1).text, "Adomas");
 }
 
 TEST(PreviewWork, TheStatementsOfAFillingDoNotDependOnThePeople) {
