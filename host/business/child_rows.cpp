@@ -20,6 +20,12 @@ Variant value_of(Database& database, const ChildRows& type, std::size_t field, s
   return stored_value(database, type.table, type.fields[field], id, row.current({kFirstField + field}));
 }
 
+void refuse_unfit_row(const ChildRows& type, const RowChange& row) {
+  std::vector<FieldHandle> handles;
+  for (std::size_t i = 0; i < type.fields.size(); ++i) handles.push_back({kFirstField + i});
+  refuse_unfit_values(type.table, type.fields, handles, row);
+}
+
 void insert_row(Database& database, const ChildRows& type, std::int32_t owner, const RowChange& row) {
   std::string columns = std::string("id, ") + type.owner_column;
   std::string binds = ":p0, :p1";
@@ -70,6 +76,7 @@ void store_child_rows(Database& database, const ChildRows& type, std::int32_t ow
     if (all->row_state() == RowState::kAdded) all->set_field(kId, database.reserve_ids(type.table));
   }
   rows.for_each_change([&](const RowChange& row) {
+    if (row.state() != RowState::kDeleted) refuse_unfit_row(type, row);
     switch (row.state()) {
       case RowState::kAdded:
         return insert_row(database, type, owner, row);

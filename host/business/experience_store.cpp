@@ -6,6 +6,7 @@
 #include "host/business/closed_reach.h"
 #include "host/business/readable_columns.h"
 #include "host/business/record_checks.h"
+#include "host/business/stored_columns.h"
 #include "host/store/record_guard.h"
 
 namespace quor {
@@ -35,11 +36,6 @@ std::shared_ptr<Recordset> read_stored(Database& database, const Variant& employ
       fields, {employee});
 }
 
-bool same_value(const Variant& one, const Variant& other) {
-  if (one.is_null() || other.is_null()) return one.is_null() && other.is_null();
-  return one.to_double() == other.to_double();
-}
-
 class ExperienceStore {
  public:
   ExperienceStore(Company& company, const std::string& user, const Recordset& rows)
@@ -48,6 +44,7 @@ class ExperienceStore {
   }
 
   void store(const RowChange& row) {
+    if (row.state() != RowState::kDeleted) refuse_unfit_values(kTable, kFields, handles_, row);
     switch (row.state()) {
       case RowState::kAdded:
         return insert(row);

@@ -146,9 +146,11 @@ std::string PersonalChargeEditor::move_into_fields() {
   fields["DateTo"].Value(to);
   fields["SumA"].Value(sum);
   fields["Percentage"].Value(percentage);
-  // A tie that is not this dialog's own stays while the charge stays what it is.
-  if (kind() != read_kind_ || null_to_text(fields["SalaryExtraOID"].Value()).empty()) {
-    fields["SalaryExtraOID"].Value(kind() == kLengthOfService ? Variant(kSalaryExtensionType) : Variant(kNull));
+  // A tie that names more than the type stays while the charge stays tied.
+  if (kind() != kLengthOfService) {
+    fields["SalaryExtraOID"].Value(kNull);
+  } else if (read_kind_ != kLengthOfService) {
+    fields["SalaryExtraOID"].Value(kSalaryExtensionType);
   }
   const std::string& code = lvwSalaryCodes.selected_tag();
   fields["SalaryCodeID"].Value(code.empty() || code == kNoSalaryCode ? Variant(kNull) : Variant(code));

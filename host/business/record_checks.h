@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "host/business/record_types.h"
 #include "host/store/database.h"
@@ -13,5 +14,11 @@ namespace quor {
 // when it is required and missing, names a record that is not there, or belongs to another row of `table` already.
 Variant stored_value(Database& database, const char* table, const RecordField& field, std::int32_t id,
                      const Variant& value);
+
+// Throws StoreError, naming field and range, when a value that the row brings or changes is none that the company may
+// hold, or no longer goes together with the others of its row. What the row leaves as it was is not asked about: an old
+// value from elsewhere does not keep its record from being saved. `handles` are the fields' places in the row.
+void refuse_unfit_values(const char* table, std::span<const RecordField> fields, std::span<const FieldHandle> handles,
+                         const RowChange& row);
 
 }  // namespace quor

@@ -5,6 +5,8 @@
 #include "host/business/guid.h"
 #include "host/business/object_codes.h"
 #include "host/business/record_checks.h"
+#include "host/business/stored_columns.h"
+#include "host/business/tariff_gaps.h"
 #include "host/store/record_guard.h"
 #include "platform/data/error.h"
 
@@ -74,6 +76,7 @@ SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*p
   try {
     if (const std::string text = refusal(); !text.empty()) return failed(text);
     record_->Filter("");  // commits what is being typed and stands on the record
+    check_values();
     write_as_agreed(application_, [this](const std::vector<Date>& agreed) {
       if (id_) return update_record(*id_, agreed);
       id_ = insert_record(agreed);
@@ -163,6 +166,30 @@ std::shared_ptr<Recordset> StandardObjectUIO::child_rows() const {
   return rows.is_null() ? nullptr : rows.record_set();
 }
 
+void StandardObjectUIO::check_values() const {
+  std::vector<FieldHandle> handles;
+  for (std::size_t i = 0; i < type_->fields.size(); ++i) handles.push_back({i});
+  record_->for_each_change(
+      [&](const RowChange& row) { refuse_unfit_values(type_->table, type_->fields, handles, row); });
+}
+
+// Once the record stands in the open transaction: a version of the settings that names a tariff or its own date anew
+// must find the tariff's value.
+void StandardObjectUIO::check_tariffs(std::int32_t id) const {
+  if (object_type_ != kSettingsType) return;
+  bool touched = false;
+  record_->for_each_change([&](const RowChange& row) {
+    for (const char* name : {"DateFrom", "BaseMonthTariffID", "BaseHourTariffID"}) {
+      const FieldHandle field = record_->handle(name);
+      touched = touched || !same_value(row.base(field), row.current(field));
+    }
+  });
+  if (!touched) return;
+  for (const TariffGap& gap : tariff_gaps(company_.database())) {
+    if (gap.settings == id) throw StoreError(StoreFault::kFailed, "Nustatymų " + gap.text + ".");
+  }
+}
+
 // All changed rows, whatever filter an editor has left and wherever it has left the cursor.
 void StandardObjectUIO::store_rows(std::int32_t id) {
   if (const auto rows = child_rows()) {
@@ -190,6 +217,7 @@ std::int32_t StandardObjectUIO::insert_record(const std::vector<Date>& agreed) {
   }
   database.execute(std::string("INSERT INTO ") + type_->table + " (" + columns + ") VALUES (" + binds + ")", values);
   store_rows(id);
+  check_tariffs(id);
   reach.require(agreed);
   transaction.commit();
   row_version_ = 1;
@@ -215,6 +243,7 @@ void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Date>& 
                                         values);
   if (touched == 0) throw_changed_elsewhere(database, type_->table, id);
   store_rows(id);
+  check_tariffs(id);
   reach.require(agreed);
   transaction.commit();
   ++row_version_;

@@ -40,8 +40,10 @@ class StandardObjectUIO : public QuorObjectUIO {
   MethodResult Properties(const std::string& name, const std::string& parameter) override;
   MethodResult Methods(const std::string& name, const Parameters& parameters) override;
   SaveStatus Read() override;
-  // Also refuses when the user lacks the right to write, or to create a new record, and for a type that is only read.
-  // What reaches into a closed month is asked about first; without a yes nothing is stored.
+  // Refuses, naming the field, what a company may not hold (value_ranges.h) in what was changed since it was read, and
+  // a version of the settings at whose date one of its tariffs has no value. Also refuses when the user lacks the right
+  // to write, or to create a new record, and for a type that is only read. What reaches into a closed month is asked
+  // about first; without a yes nothing is stored.
   SaveStatus Save(std::int32_t flag, const std::string& parameter) override;
   void UI(std::shared_ptr<QuorObjectUI> value) override { ui_ = std::move(value); }
   std::shared_ptr<QuorObjectUI> UI() const override { return ui_; }
@@ -61,6 +63,8 @@ class StandardObjectUIO : public QuorObjectUIO {
   void make_new_record();
   bool read_record(std::int32_t id);
   std::shared_ptr<Recordset> child_rows() const;
+  void check_values() const;
+  void check_tariffs(std::int32_t id) const;
   void store_rows(std::int32_t id);
   Variant value_of(const RecordField& field, std::int32_t id) const;
   // Both throw ReachesClosedMonths for a month that is not agreed to.

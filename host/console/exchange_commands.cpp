@@ -14,7 +14,7 @@ const ExchangedTable& table_of(const std::string& name) {
   const ExchangedTable* table = find_exchanged_table(name);
   if (table != nullptr) return *table;
   std::string known;
-  for (const ExchangedTable& each : exchanged_tables()) known += (known.empty() ? "" : ", ") + std::string(each.name);
+  for (const ExchangedTable& each : exchanged_tables()) known += (known.empty() ? "" : ", ") + each.words();
   throw UsageError("nėra lentelės „" + name + "“: yra " + known);
 }
 
@@ -49,6 +49,7 @@ ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::
   try {
     const IntoClosed into_closed = command.into_closed ? IntoClosed::kAgreed : IntoClosed::kRefused;
     for (const ImportedTable& done : import_tables(*database, sources, user_of(options), into_closed)) {
+      for (const ImportFault& odd : done.warnings) std::cerr << "įspėjimas: " << line_of(odd) << '\n';
       out << done.source.file << ": naujų " << done.added << ", pakeistų " << done.changed << ", nepakitusių "
           << done.unchanged << ".\n";
     }

@@ -3,16 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <unicode/ustring.h>
 
 namespace quor {
 
 namespace {
-
-// The number after the largest must fit too: it is the next one to give.
-constexpr std::int32_t kLargestId = std::numeric_limits<std::int32_t>::max() - 1;
 
 // Text that both databases keep: valid UTF-8 without a zero character.
 bool storable(std::string_view text) {
@@ -60,7 +56,7 @@ std::string day_text(Date date) {
 std::string month_text(Date date) { return day_text(date).substr(0, day_text(date).rfind('-')); }
 
 template <typename T>
-ParsedCell parsed(const std::optional<T>& value, std::string_view text, const char* what) {
+ParsedCell parsed(const std::optional<T>& value, std::string_view text, const std::string& what) {
   if (value) return {*value, {}};
   return {{}, "„" + std::string(storable(text) ? text : "?") + "“ nėra " + what};
 }
@@ -71,8 +67,8 @@ ParsedCell parse_cell(CellType type, std::string_view text) {
   switch (type) {
     case CellType::kId: {
       const auto id = whole(text);
-      const bool fits = id && *id >= 1 && *id <= kLargestId;
-      return parsed(fits ? id : std::nullopt, text, "ID (sveikasis skaičius nuo 1)");
+      const bool fits = id && kStoredId.holds(*id);
+      return parsed(fits ? id : std::nullopt, text, "ID (sveikasis skaičius " + kStoredId.text() + ")");
     }
     case CellType::kWhole:
       return parsed(whole(text), text, "sveikasis skaičius");
@@ -106,12 +102,6 @@ std::string cell_text(CellType type, const Variant& value) {
   return type == CellType::kMonth ? month_text(value.to_date()) : day_text(value.to_date());
 }
 
-bool same_value(const Variant& a, const Variant& b) {
-  if (a.kind() != b.kind()) return false;
-  if (a.kind() == Variant::Kind::kDouble) return a.to_double() == b.to_double();
-  return null_to_text(a) == null_to_text(b);
-}
-
 Date month_of_cell(const Variant& value) {
   return value.kind() == Variant::Kind::kText ? month(value.to_text()).value_or(Date())
                                               : first_of_month(value.to_date());
@@ -131,8 +121,10 @@ std::string key_words(const ExchangedTable& table, const ExchangedTable::Names& 
                       const std::vector<Variant>& cells) {
   std::string text;
   for (const std::string_view name : key) {
-    const std::size_t column = table.column(name);
-    text += (text.empty() ? "" : ", ") + std::string(name) + " " + cell_text(table.columns[column].type, cells[column]);
+    const std::size_t at = table.column(name);
+    const ExchangedColumn& column = table.columns[at];
+    const std::string_view words = column.stored->caption.empty() ? name : column.stored->caption;
+    text += (text.empty() ? "" : ", ") + std::string(words) + " " + cell_text(column.type, cells[at]);
   }
   return text;
 }

@@ -22,15 +22,12 @@ ParsedCell parse_cell(CellType type, std::string_view text);
 // How a value that is not null stands in a file.
 std::string cell_text(CellType type, const Variant& value);
 
-// Equal to the last bit; two nulls are the same.
-bool same_value(const Variant& a, const Variant& b);
-
 // The first day of the month that a month, a day or a day's month is of.
 Date month_of_cell(const Variant& value);
 
 // The key columns' values as one text.
 std::string key_text(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells);
-// The same for people: "id 5", "month 2008-01, employee_id 7".
+// The same for people: "ID 5", "mėnuo 2008-01, darbuotojas 7".
 std::string key_words(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells);
 
 }  // namespace quor

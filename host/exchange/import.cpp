@@ -8,6 +8,7 @@
 #include "host/exchange/cell_values.h"
 #include "host/exchange/import_check.h"
 #include "host/exchange/import_write.h"
+#include "host/exchange/written_check.h"
 
 namespace quor {
 
@@ -15,20 +16,19 @@ namespace {
 
 std::string text_of(const std::vector<ImportFault>& faults) {
   std::string text;
-  for (const ImportFault& fault : faults) {
-    text += (text.empty() ? "" : "\n") + fault.file + ":" + std::to_string(fault.line) + ": ";
-    text += (fault.column.empty() ? "" : "stulpelis „" + fault.column + "“: ") + fault.text;
-  }
+  for (const ImportFault& fault : faults) text += (text.empty() ? "" : "\n") + line_of(fault);
   return text;
 }
 
-// By file as they were given, then by line.
-void sort_faults(std::vector<ImportFault>& faults, const std::vector<TableFile>& files) {
+// Every fault by file as they were given, then by line; nothing without faults.
+void refuse(std::vector<ImportFault>& faults, const std::vector<TableFile>& files, bool into_closed = false) {
+  if (faults.empty()) return;
   std::map<std::string_view, std::size_t> place;
   for (const TableFile& file : files) place.emplace(file.name, place.size());
   std::stable_sort(faults.begin(), faults.end(), [&](const ImportFault& a, const ImportFault& b) {
     return std::pair(place.at(a.file), a.line) < std::pair(place.at(b.file), b.line);
   });
+  throw ImportRefused(std::move(faults), into_closed);
 }
 
 // What is checked must still hold when it is written. A file has one writer anyway, a server has many.
@@ -94,13 +94,11 @@ std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportS
   ImportCheck check(database, files, faults);
   std::vector<TablePlan> plans;
   for (TableFile& file : files) plans.push_back(check.check(file));
-  if (!faults.empty()) {
-    sort_faults(faults, files);
-    throw ImportRefused(std::move(faults));
-  }
+  refuse(faults, files);
 
   std::vector<WatchedPlan> watched =
       into_closed == IntoClosed::kAgreed ? std::vector<WatchedPlan>() : watch_closed_months(database, plans);
+  WrittenCheck written(database, files);
   std::vector<ImportedTable> done;
   bool anything = false;
   for (std::size_t at = 0; at < plans.size(); ++at) {
@@ -108,11 +106,10 @@ std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportS
     done.push_back({sources[at], plans[at].added.size(), plans[at].changed.size(), plans[at].unchanged});
     anything = anything || done.back().added + done.back().changed > 0;
   }
+  for (std::size_t at = 0; at < files.size(); ++at) done[at].warnings = written.check(files[at], faults);
+  refuse(faults, files);
   for (WatchedPlan& each : watched) faults_of_reach(each, files, faults);
-  if (!faults.empty()) {
-    sort_faults(faults, files);
-    throw ImportRefused(std::move(faults), /*into_closed=*/true);
-  }
+  refuse(faults, files, /*into_closed=*/true);
   if (anything) transaction.commit();
   return done;
 }

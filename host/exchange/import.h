@@ -2,8 +2,9 @@
 //
 // A file has the columns of its table (see tables.h) in any order; optional ones may be missing: an update then leaves
 // them as they are, a new row has nothing there. A row whose key is stored is changed when it differs, any other is
-// added; no row is removed. A month that is closed takes no worked time and no documents, and dated rows that reach
-// into one (another tariff, position, charge … on a day of it) only from whoever says so.
+// added; no row is removed. Every row of a file is held to what a company may hold, those too that stand there already.
+// A month that is closed takes no worked time and no documents, and dated rows that reach into one (another tariff,
+// position, charge … on a day of it) only from whoever says so.
 #pragma once
 
 #include <cstddef>
@@ -27,10 +28,11 @@ struct ImportedTable {
   std::size_t added;
   std::size_t changed;
   std::size_t unchanged;
+  std::vector<ImportFault> warnings = {};  // what is possible but odd; it is written all the same
 };
 
 // The files are not as they should be; nothing was written. The text has one line for every fault of every file:
-// "darbuotojai.csv:12: stulpelis „name“: trūksta reikšmės".
+// "darbuotojai.csv:12: stulpelis „name“ (pavardė ir vardas): trūksta reikšmės".
 class ImportRefused : public std::runtime_error {
  public:
   explicit ImportRefused(std::vector<ImportFault> faults, bool into_closed = false);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/business/row_rules.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/stored_rows.h"
 
@@ -66,6 +67,7 @@ TablePlan ImportCheck::check(TableFile& file) {
     if (!stored_too[row] && file.rows[row].sound) add(file, file.rows[row], plan);
   }
   if (table.name == "departments") check_tree(file, plan.added);
+  check_row_rules(file);
   return plan;
 }
 
@@ -123,6 +125,18 @@ void ImportCheck::resolve_time_codes(TableFile& file) {
   }
 }
 
+void ImportCheck::check_row_rules(const TableFile& file) {
+  for (const RowRule& rule : row_rules()) {
+    if (rule.table != file.table->name) continue;
+    for (const FileRow& row : file.rows) {
+      std::vector<Variant> values;
+      for (const std::string_view column : rule.columns) values.push_back(row.cells[file.table->column(column)]);
+      if (std::any_of(values.begin(), values.end(), [](const Variant& value) { return value.is_empty(); })) continue;
+      if (const auto fault = rule.broken(values)) file.add_fault(faults_, row, fault->column, fault->text);
+    }
+  }
+}
+
 void ImportCheck::check_references(TableFile& file) {
   for (std::size_t at = 0; at < file.table->columns.size(); ++at) {
     const ExchangedColumn& column = file.table->columns[at];
@@ -137,7 +151,8 @@ void ImportCheck::check_references(TableFile& file) {
       const Variant& id = row.cells[at];
       if (id.is_empty() || id.is_null() || known.contains(id.to_int32())) continue;
       file.add_fault(faults_, row, column.name,
-                     "„" + id.to_text() + "“: lentelėje „" + std::string(column.references) + "“ tokio įrašo nėra");
+                     "„" + id.to_text() + "“: lentelėje " + find_exchanged_table(column.references)->words() +
+                         " tokio įrašo nėra");
       row.sound = false;
     }
   }

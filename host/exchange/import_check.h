@@ -43,6 +43,8 @@ class ImportCheck {
   void add(const TableFile& file, FileRow& row, TablePlan& plan);
   static void note_owner(const std::vector<Variant>& cells, TablePlan& plan);
   void resolve_time_codes(TableFile& file);
+  // What one row's values say together, once it has all its cells.
+  void check_row_rules(const TableFile& file);
   void check_references(TableFile& file);
   // The file's rows by that key; a row with the key of an earlier one is a fault.
   RowByKey rows_by_key(TableFile& file, const ExchangedTable::Names& key);

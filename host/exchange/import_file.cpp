@@ -19,6 +19,12 @@ std::string content(const std::string& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
+// Of a month that stands for a day or month, its first day is held to the range.
+std::string range_fault(const ExchangedColumn& column, const Variant& value, const std::string& written) {
+  const bool month = column.type == CellType::kDayOrMonth && value.kind() == Variant::Kind::kText;
+  return value_fault(*column.stored, month ? Variant(month_of_cell(value)) : value, written);
+}
+
 class FileReader {
  public:
   FileReader(TableFile& file, std::vector<ImportFault>& faults) : file_(file), faults_(faults) {}
@@ -38,8 +44,8 @@ class FileReader {
   }
 
  private:
-  void fault(std::size_t line, std::string_view column, const std::string& text) {
-    faults_.push_back({file_.name, line, std::string(column), text});
+  void fault(std::size_t line, const std::string& column, const std::string& text) {
+    faults_.push_back({file_.name, line, column, text});
   }
 
   void read_header(const CsvRecord& record) {
@@ -62,8 +68,7 @@ class FileReader {
       columns_.push_back(column);
     }
     for (std::size_t column = 0; column < columns.size(); ++column) {
-      if (columns[column].required && !file_.present[column])
-        refuse("trūksta stulpelio „" + std::string(columns[column].name) + "“");
+      if (columns[column].required && !file_.present[column]) refuse("trūksta stulpelio " + columns[column].words());
     }
   }
 
@@ -79,10 +84,11 @@ class FileReader {
       const CsvRecord::Cell& cell = record.cells[at];
       ParsedCell parsed =
           cell.null ? ParsedCell{kNull, column.required ? "trūksta reikšmės" : ""} : parse_cell(column.type, cell.text);
+      if (parsed.fault.empty()) parsed.fault = range_fault(column, parsed.value, cell.text);
       if (parsed.fault.empty()) {
         row.cells[columns_[at]] = std::move(parsed.value);
       } else {
-        fault(cell.line, column.name, parsed.fault);
+        fault(cell.line, column.words(), parsed.fault);
         row.sound = false;
       }
     }
@@ -97,6 +103,11 @@ class FileReader {
 };
 
 }  // namespace
+
+std::string line_of(const ImportFault& fault) {
+  return fault.file + ":" + std::to_string(fault.line) + ": " +
+         (fault.column.empty() ? "" : "stulpelis " + fault.column + ": ") + fault.text;
+}
 
 TableFile read_table_file(const ExchangedTable& table, const std::string& file, std::vector<ImportFault>& faults) {
   TableFile result{.table = &table, .name = file, .present = std::vector<bool>(table.columns.size()), .rows = {}};

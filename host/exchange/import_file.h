@@ -14,9 +14,12 @@ namespace quor {
 struct ImportFault {
   std::string file;
   std::size_t line;
-  std::string column;  // "" when it is about the whole line
+  std::string column;  // "„hours“ (valandos)"; "" when it is about the whole line
   std::string text;
 };
+
+// The fault, or what is odd, as a line for people: "laikas.csv:12: stulpelis „hours“ (valandos): trūksta reikšmės".
+std::string line_of(const ImportFault& fault);
 
 struct FileRow {
   std::size_t line;
@@ -33,9 +36,10 @@ struct TableFile {
   std::vector<FileRow> rows;  // those with as many cells as the header has
   bool whole = false;         // the header fits and the file was read to its end
 
+  // `column` by its name; "" when it is about the whole line.
   void add_fault(std::vector<ImportFault>& faults, const FileRow& row, std::string_view column,
                  const std::string& text) const {
-    faults.push_back({name, row.line, std::string(column), text});
+    faults.push_back({name, row.line, column.empty() ? "" : table->columns[table->column(column)].words(), text});
   }
 };
 

@@ -95,7 +95,7 @@ void change_rows(Database& database, const TablePlan& plan, const std::string& u
       database.execute("UPDATE " + name + " SET " + assignments + " FROM " + changes + " WHERE " + same_key, values);
   database.execute("DROP TABLE " + changes);
   if (touched != static_cast<std::int64_t>(plan.changed.size())) {
-    throw StoreError(StoreFault::kChangedElsewhere, "lentelę „" + name + "“ tuo metu keitė kitas vartotojas");
+    throw StoreError(StoreFault::kChangedElsewhere, "lentelę " + table.words() + " tuo metu keitė kitas vartotojas");
   }
 }
 

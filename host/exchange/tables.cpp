@@ -248,6 +248,9 @@ std::vector<ExchangedTable> all_tables() {
   for (const auto& part : {people_and_tariffs(), users_and_rights(), months()}) {
     tables.insert(tables.end(), part.begin(), part.end());
   }
+  for (ExchangedTable& table : tables) {
+    for (ExchangedColumn& column : table.columns) column.stored = &stored_column(table.name, column.name);
+  }
   return tables;
 }
 
@@ -257,6 +260,15 @@ std::size_t ExchangedTable::column(std::string_view column_name) const {
   const auto at =
       std::find_if(columns.begin(), columns.end(), [&](const auto& each) { return each.name == column_name; });
   return static_cast<std::size_t>(at - columns.begin());
+}
+
+std::string ExchangedColumn::words() const {
+  const bool says_more = !stored->caption.empty() && name != "id" && name != "guid";
+  return "„" + std::string(name) + "“" + (says_more ? " (" + std::string(stored->caption) + ")" : "");
+}
+
+std::string ExchangedTable::words() const {
+  return "„" + std::string(table_caption(name)) + "“ (" + std::string(name) + ")";
 }
 
 std::span<const ExchangedTable> exchanged_tables() {

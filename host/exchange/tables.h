@@ -1,18 +1,22 @@
 // The tables of a company that travel as CSV, each declared once: its columns, keys and references.
 //
-// A file's columns are named as the database's. What the program keeps for itself (sort keys, row versions, who changed
-// a record) does not travel. The order of the tables is that of their references: a table stands behind every table
-// that it refers to.
+// A file's columns are named as the database's; messages say the name, for who has the file before him, and beside it
+// what people call it. What a column may hold is part of its declaration: see stored_columns.h. What the program keeps
+// for itself (sort keys, row versions, who changed a record) does not travel. The order of the tables is that of their
+// references: a table stands behind every table that it refers to.
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
+
+#include "host/business/stored_columns.h"
 
 namespace quor {
 
 enum class CellType {
-  kId,          // 1 … 2147483646
+  kId,          // 1 … 2000000000
   kWhole,       // any 32-bit whole number
   kFlag,        // 0 or 1
   kNumber,      // a finite double
@@ -27,7 +31,10 @@ struct ExchangedColumn {
   std::string_view name;
   CellType type;
   bool required = false;
-  std::string_view references = {};  // the table whose id the cell holds
+  std::string_view references = {};      // the table whose id the cell holds
+  const StoredColumn* stored = nullptr;  // never null in a table of exchanged_tables()
+
+  std::string words() const;  // "„hours“ (valandos)"; "„id“" alone
 };
 
 struct ExchangedTable {
@@ -44,6 +51,7 @@ struct ExchangedTable {
   std::string_view owner = {};      // the column with the versioned record that the row is a part of
 
   std::size_t column(std::string_view column_name) const;  // its place; the column must be there
+  std::string words() const;                               // "„Darbo laikas“ (worked_time)"
 };
 
 std::span<const ExchangedTable> exchanged_tables();

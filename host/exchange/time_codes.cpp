@@ -1,5 +1,6 @@
 #include "host/exchange/time_codes.h"
 
+#include <algorithm>
 #include <set>
 
 #include "host/exchange/stored_rows.h"
@@ -28,6 +29,10 @@ TimeCodes::Resolved TimeCodes::resolve(std::string_view text) const {
   if (found.empty()) return {std::nullopt, quoted + ": tokio darbo laiko kodo nėra"};
   if (found.size() > 1) return {std::nullopt, quoted + ": tokių darbo laiko kodų yra keli"};
   return {*found.begin(), {}};
+}
+
+bool TimeCodes::has(std::int32_t code_id) const {
+  return std::any_of(codes_.begin(), codes_.end(), [&](const auto& each) { return each.second.code_id == code_id; });
 }
 
 std::string TimeCodes::text(std::int32_t code_id) const {

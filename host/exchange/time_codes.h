@@ -25,6 +25,7 @@ class TimeCodes {
     std::string fault;
   };
   Resolved resolve(std::string_view text) const;
+  bool has(std::int32_t code_id) const;
   // The code's text, or the number when that would not lead back to it.
   std::string text(std::int32_t code_id) const;
 

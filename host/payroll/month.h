@@ -1,8 +1,9 @@
-// A month of the calendar, and how much work it holds.
+// A month of the calendar.
 #pragma once
 
 #include <string_view>
 
+#include "host/business/working_days.h"
 #include "platform/data/date.h"
 
 namespace quor {
@@ -21,11 +22,5 @@ class Month {
   explicit Month(Date first_day) : first_day_(first_day) {}
   Date first_day_;
 };
-
-// Mondays to Fridays from `from` to `to`, both included; 0 when `to` is before `from`. Holidays are not known here: a
-// month with holidays has its norm in the table month_norms.
-int working_days(Date from, Date to);
-
-inline constexpr double kHoursOfWorkingDay = 8.0;
 
 }  // namespace quor

@@ -29,9 +29,10 @@ inline constexpr NumberRange kPercentage{0, 1'000};  // of charges, of the scale
 inline constexpr NumberRange kScaleYear{0, 100};     // and YearFrom <= YearTo
 inline constexpr NumberRange kServiceYears{0, 80};
 inline constexpr NumberRange kServiceMonths{0, 11};
-inline constexpr NumberRange kShare{0, 2, false};              // of a full post
-inline constexpr NumberRange kChargeSum{0, 1'000'000, false};  // money
+inline constexpr NumberRange kShare{0, 2, false};       // of a full post
+inline constexpr NumberRange kChargeSum{0, 1'000'000};  // money; 0 is no sum: the charge is given another way
 inline constexpr NumberRange kStoredId{1, 2'000'000'000};
+inline constexpr NumberRange kStoredIdOrNone{0, 2'000'000'000};  // where 0 says "none"
 
 inline constexpr std::size_t kLongestText = 500;  // characters; control characters are none of a text
 

@@ -45,19 +45,24 @@ TEST_P(PersonalService, AServiceIsRecordedOnceAndReadAgain) {
   auto editor = open_service();
   EXPECT_EQ(inputs(*editor), "2003.03.15 0 0");
   type_and_leave(editor->txtYears, "5");
-  type_and_leave(editor->txtMonthes, "14");
+  type_and_leave(editor->txtMonthes, "12");
   EXPECT_EQ(services(), "2;2000.01.01;1;1;1;Null") << "nothing is written before the button";
 
   company_.fail_statements();
   editor->cmdWrite.click();
   company_.heal();
   EXPECT_EQ(last_boxes(), Texts{"none, ok, Testas: Įrašymas neatliktas!\r\nryšys nutrūko"});
+  editor->cmdWrite.click();
+  EXPECT_EQ(last_boxes(),
+            Texts{"none, ok, Testas: Įrašymas neatliktas!\r\nLaukas „stažo mėnesiai“: 12 – leidžiama nuo 0 "
+                  "iki 11."});
   EXPECT_FALSE(editor->close_requested() || editor->rsExperience->has_changes());
+  type_and_leave(editor->txtMonthes, "11");
   editor->cmdWrite.click();
   EXPECT_TRUE(editor->close_requested() && !editor->mCancel);
   EXPECT_EQ(editor->rsExperience->Filter(), "");
   EXPECT_EQ(walked(*editor->rsExperience, "UserID"), "2 1");
-  EXPECT_EQ(services(), "1;2003.03.15;5;14;1;testuotoja | 2;2000.01.01;1;1;1;Null");
+  EXPECT_EQ(services(), "1;2003.03.15;5;11;1;testuotoja | 2;2000.01.01;1;1;1;Null");
 
   editor = open_service();
   editor->dtpDate.pick(day("2004.02.29"));
@@ -65,9 +70,9 @@ TEST_P(PersonalService, AServiceIsRecordedOnceAndReadAgain) {
   EXPECT_EQ(outcome([&] { return editor->cmdWrite.click(), true; }), "TypeMismatch") << "the box was not left";
   editor->txtYears.leave();
   editor->cmdWrite.click();
-  EXPECT_EQ(services(), "1;2004.02.29;0;14;2;testuotoja | 2;2000.01.01;1;1;1;Null");
+  EXPECT_EQ(services(), "1;2004.02.29;0;11;2;testuotoja | 2;2000.01.01;1;1;1;Null");
   editor = open_service();
-  EXPECT_EQ(inputs(*editor), "2004.02.29 0 14");
+  EXPECT_EQ(inputs(*editor), "2004.02.29 0 11");
   editor->cmdCancel.click();
   EXPECT_TRUE(editor->mCancel);
   editor = open_service();
@@ -133,9 +138,9 @@ TEST_P(PersonalService, ARecordSetIsStoredWholeOrNotAtAll) {
   const auto bo = application().NewMainBO();
   const auto save = [&](const char* name) { return bo->SaveRecordset(name, *rows).ErrorText; };
   EXPECT_EQ(save("Experience"), "Duomenų „Experience“ čia įrašyti negalima.");
-  EXPECT_EQ(save(kExperience), "Laukas „UserID“ rodo į įrašą, kurio nėra: „99“.");
+  EXPECT_EQ(save(kExperience), "Laukas „darbuotojas“ rodo į įrašą, kurio nėra: „99“.");
   rows->set_field("UserID", kNull);
-  EXPECT_EQ(save(kExperience), "Neužpildytas laukas „UserID“.");
+  EXPECT_EQ(save(kExperience), "Neužpildytas laukas „darbuotojas“.");
   rows->set_field("UserID", third);
   company_.given_rights(company_.given_user("testuotoja"), "O0400100", "vcdp");
   EXPECT_EQ(save(kExperience), "Neturite teisės keisti darbuotojų tarnybos stažo.");

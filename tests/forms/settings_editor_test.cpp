@@ -276,9 +276,9 @@ TEST_P(SettingsEditor, ALimitThatDoesNotConvertLeavesTheRecordAsItIs) {
     EXPECT_EQ(object_->Fields()["DateFrom"].Value().to_text(), "2005.01.01");
     EXPECT_EQ(editor_->txtTotalChargePercentage.text() + enabled(), text + std::string("write cancel"));
   }
-  type_and_leave(editor_->txtTotalChargePercentage, "32767");
+  type_and_leave(editor_->txtTotalChargePercentage, "1000");
   editor_->cmdWrite.click();
-  EXPECT_EQ(limits(), "12 60 32767");
+  EXPECT_EQ(limits(), "12 60 1000");
 }
 
 TEST_P(SettingsEditor, WithoutTheRightToWriteNothingIsWritten) {

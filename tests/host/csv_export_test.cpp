@@ -18,27 +18,32 @@ std::string exported(Database& database, const char* table) {
 
 TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
   const auto database = Database::create(":memory:");
+  database->execute("INSERT INTO departments (id, name, sort_key) VALUES (1, 'A', '')");
   database->execute("INSERT INTO constant_types (id, code, name) VALUES (1, 'A', ''), (2, 'a,b', 'c;d')");
-  database->execute("INSERT INTO constant_types (id, code, name) VALUES (3, :p0, :p1)", {"\"", "r\r\nn\nq\"\"q, "});
-  database->execute("INSERT INTO constant_types (id, code, name) VALUES (4, :p0, ' Ąž ')", {"\r"});
+  database->execute("INSERT INTO constant_types (id, code, name) VALUES (3, :p0, :p1)", {"\"", "q\"\"q, "});
+  database->execute("INSERT INTO constant_types (id, code, name) VALUES (4, :p0, ' Ąž ')", {"ė"});
   const std::string types =
-      "id,code,name\r\n1,A,\"\"\r\n2,\"a,b\",\"c;d\"\r\n3,\"\"\"\",\"r\r\nn\nq\"\"\"\"q, \"\r\n4,\"\r\", Ąž \r\n";
+      "id,code,name\r\n1,A,\"\"\r\n2,\"a,b\",\"c;d\"\r\n3,\"\"\"\",\"q\"\"\"\"q, \"\r\n4,ė, Ąž \r\n";
   EXPECT_EQ(exported(*database, "constant_types"), types);
 
   database->execute("INSERT INTO categories (id, guid, name, row_version) VALUES (1, 'G', NULL, 5), (2, 'H', '', 6)");
   database->execute(
       "INSERT INTO category_rows (id, guid, category_id, date_from, factor) VALUES (2, 'a', 1, 39478, 0.1),"
-      " (1, 'b', 1, NULL, NULL), (3, 'c', 2, 38383, 61.725010000000005), (4, 'd', 2, 0, 1e300), (5, 'e', 2, 1, -3)");
+      " (1, 'b', 1, NULL, NULL), (3, 'c', 2, 38383, 61.725010000000005), (4, 'd', 2, 2, 1e-300), (5, 'e', 2, 401768, "
+      "3)");
+  database->execute("INSERT INTO employees (id, department_id, name, sort_key, row_version) VALUES (1, 1, 'A', '', 1)");
+  database->execute("INSERT INTO month_faults (employee_id, month, reason) VALUES (1, 39448, :p0)", {"r\r\nn\nq\r"});
   EXPECT_EQ(exported(*database, "categories"), "id,guid,name\r\n1,G,\r\n2,H,\"\"\r\n");
   EXPECT_EQ(exported(*database, "category_rows"),
             "id,guid,category_id,date_from,factor\r\n1,b,1,,\r\n2,a,1,2008-01-31,0.1\r\n"
-            "3,c,2,2005-01-31,61.725010000000005\r\n4,d,2,1899-12-30,1e+300\r\n5,e,2,1899-12-31,-3\r\n");
+            "3,c,2,2005-01-31,61.725010000000005\r\n4,d,2,1900-01-01,1e-300\r\n5,e,2,2999-12-31,3\r\n");
+  EXPECT_EQ(exported(*database, "month_faults"), "employee_id,month,reason\r\n1,2008-01,\"r\r\nn\nq\r\"\r\n");
 
   const TemporaryFolder folder;
   const auto again = Database::create(":memory:");
   export_company(*database, folder.path("a"));
   import_tables(*again, sources_of_folder(folder.path("a")), "x");
-  for (const char* table : {"constant_types", "categories", "category_rows"})
+  for (const char* table : {"constant_types", "categories", "category_rows", "month_faults"})
     EXPECT_EQ(exported(*again, table), exported(*database, table));
 }
 
@@ -62,7 +67,7 @@ TEST_P(CsvCompany, MovesWholeIntoAnEmptyOne) {
       " VALUES (1, 'T', 1, 'O', 1, 1, 160)");
   from->execute(
       "INSERT INTO salary_rows (id, guid, document_id, time_row_guid, sum_type, sum_a, percentage,"
-      " personal_extra_charge_id, salary_code_id) VALUES (1, 'S', 1, 'T', 3, 1260, NULL, NULL, NULL)");
+      " personal_extra_charge_id, salary_code_id) VALUES (1, 'S', 1, 'T', 2, 1260, NULL, NULL, NULL)");
   from->execute("INSERT INTO users (id, name, administrator) VALUES (1, 'Ona', 1), (2, 'Jonas', 0)");
   from->execute(
       "INSERT INTO rights (user_id, component, can_view, can_create, can_delete, can_print, can_write)"
@@ -127,7 +132,11 @@ TEST(CsvTables, AreDeclaredInTheOrderOfTheirReferences) {
     for (const std::string_view name : names) {
       EXPECT_LT(table.column(name), table.columns.size()) << name;
     }
+    EXPECT_NE(table_caption(table.name), "");
     for (const ExchangedColumn& column : table.columns) {
+      EXPECT_NE(column.stored->caption, "") << column.name;
+      const bool number = column.type == CellType::kNumber || column.type == CellType::kWhole;
+      EXPECT_EQ(column.stored->range == nullptr && number, column.name == "check_code") << column.name;
       if (column.references.empty()) continue;
       EXPECT_LE(find_exchanged_table(column.references), &table) << column.name;
     }

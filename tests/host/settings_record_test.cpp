@@ -144,7 +144,7 @@ TEST_P(SettingsRecordTest, WhatTheStoreCannotTakeIsNamedAndLeavesTheRecordAsItWa
     const char* text;
   };
   const Case cases[] = {
-      {"BaseMonthTariffID", false, 2, "Laukas „BaseMonthTariffID“ rodo į įrašą, kurio nėra: „2“."},
+      {"BaseMonthTariffID", false, 2, "Laukas „bazinė mėnesinė alga“ rodo į įrašą, kurio nėra: „2“."},
       {"GUID", false, kNull, "Neužpildytas laukas „GUID“."},
       {"GUID", false, "KITO", "Lauko „GUID“ reikšmę „KITO“ jau turi kitas įrašas."},
       {"GUID", true, kNull, "Neužpildytas laukas „GUID“."},

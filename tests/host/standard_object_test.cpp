@@ -5,6 +5,7 @@
 #include "host/business/standard_object_uio.h"
 #include "platform/data/error.h"
 #include "tests/support/test_company.h"
+#include "tests/support/text_table.h"
 
 namespace quor {
 namespace {
@@ -66,7 +67,7 @@ TEST_P(StandardObjectTest, ANewRecordIsEmptyAndGetsItsKeyWhenItIsSaved) {
   object.Fields()["SalaryPersonalNormGUID"].Value("N");
   object.Fields()["DateFrom"].Value(parse_date("2008.01.01"));
   const SaveStatus refused = object.Save(0, "");
-  EXPECT_EQ(refused.ErrorText, "Neužpildytas laukas „Share“.");
+  EXPECT_EQ(refused.ErrorText, "Neužpildytas laukas „etato dalis“.");
   EXPECT_EQ(object.OIDR() + "/" + stored(), "O0402000/");
   object.Fields()["Share"].Value(1.0);
   EXPECT_EQ(object.Save(0, "").ErrorText, "");
@@ -229,6 +230,83 @@ TEST_P(StandardObjectTest, ARecordIsStoredWithItsRowsWholeOrNotAtAll) {
   EXPECT_EQ(object.Save(0, "").ErrorText, "") << "the new row has its own number now";
   EXPECT_EQ(company_.rows("OfficeEmployeeCategory", today)->field("Factor").to_double(), 12.0) << "seen at once";
   EXPECT_EQ(stored_factors(), "A lygio: 9,9 10,5 12");
+}
+
+// Type, field of the record or of its first row, what is taken, what is refused then and with which text.
+constexpr char kRefusals[] = R"(
+  O0402000 | Share                   | 2          | 2,5        | Laukas „etato dalis“: 2,5 – leidžiama daugiau kaip 0 iki 2.
+  O0402000 | Share                   | 0,01       | 0          | Laukas „etato dalis“: 0 – leidžiama daugiau kaip 0 iki 2.
+  O0402000 | SalaryConstantTypeID    | 0          | -1         | Laukas „bazinė alga“: -1 – leidžiama nuo 0 iki 2000000000.
+  O0402000 | DateTo                  | 2005.01.01 | 2004.12.31 | Laukas „galioja iki“: pabaiga 2004.12.31 ankstesnė už pradžią 2005.01.01.
+  O0402000 | DateTo                  | 2999.12.31 | 3000.01.01 | Laukas „galioja iki“: 3000.01.01 – leidžiama nuo 1900.01.01 iki 2999.12.31.
+  O0402200 | Rows.Factor             | 1000       | 1000,5     | Laukas „koeficientas“: 1000,5 – leidžiama daugiau kaip 0 iki 1000.
+  O0402200 | Rows.Factor             | 0,1        | 0          | Laukas „koeficientas“: 0 – leidžiama daugiau kaip 0 iki 1000.
+  O0400110 | Percentage              | 1000       | 1000,5     | Laukas „procentas“: 1000,5 – leidžiama nuo 0 iki 1000.
+  O0400110 | SumA                    | 0          | 10         | Laukas „procentas“: nurodyta daugiau negu vienu būdu: priedui nurodoma arba suma, arba procentas, arba sąsaja su tarnybos stažu.
+  O0400110 | SalaryExtraOID          |            | O0402000   | Laukas „sąsaja su tarnybos stažu“: nurodyta daugiau negu vienu būdu: priedui nurodoma arba suma, arba procentas, arba sąsaja su tarnybos stažu.
+  O0400110 | SalaryExtraOID          |            | O0400100   | Laukas „sąsaja su tarnybos stažu“: „O0400100“ – leidžiama palikti tuščią arba rašyti O0402000.
+  O0402300 | BaseHourTariffID        | 0          | 2          | Nustatymų bazinė valandinė alga „MVA“ datai 2005.01.01 neturi reikšmės: pirmoji galioja nuo 2005.02.01.
+  O0402300 | BaseHourTariffID        | 1          | 3          | Nustatymų bazinė valandinė alga „NMA“ datai 2005.01.01 neturi reikšmės: neįrašyta nė viena.
+  O0402300 | BaseHourTariffID        | 1          | 9          | Nustatymų bazinė valandinė alga „9“: tokios konstantos nėra.
+  O0402300 | DateFrom                | 2005.01.01 | 2004.12.31 | Nustatymų bazinė mėnesinė alga „MMA“ datai 2004.12.31 neturi reikšmės: pirmoji galioja nuo 2005.01.01.
+  O0402300 | PersonalTimeCodeIDList  | 3,7        | 3, 7       | Laukas „priemokų laiko kodai“: „ 7“ nėra laiko kodo numeris: sąrašas rašomas be tarpų, pvz., 12,15,40.
+  O0402300 | SurChargePercentage     | 1000       | 1001       | Laukas „priemokų riba“: 1001 – leidžiama nuo 0 iki 1000.
+  O0402300 | Rows.YearTo             | 3          | 2          | Laukas „stažas iki“: stažo pabaiga 2 mažesnė už pradžią 3.
+  O0402300 | Rows.YearTo             | 100        | 101        | Laukas „stažas iki“: 101 – leidžiama nuo 0 iki 100.
+  O0402300 | Rows.Percentage         | 0          | -1         | Laukas „priedo procentas“: -1 – leidžiama nuo 0 iki 1000.
+)";
+
+TEST_P(StandardObjectTest, RefusesWhatIsOutOfRangeAndKeepsWhatWasThere) {
+  company_.given_position({.employee = person_, .share = 0.5});
+  company_.given_category("A lygis", {{"2005.01.01", 9.7}});
+  company_.given_constant("MMA", {{"2005.01.01", 130}});
+  company_.given_constant("MVA", {{"2005.02.01", 0.8}});
+  company_.given_constant("NMA", {});
+  company_.given_settings({.from = "2005.01.01", .month_tariff = 1, .bands = {{3, 5, 3.0}}});
+  company_.given_charge(person_, kNull, kNull, kNull);
+  company_.database().execute("UPDATE extra_charges SET percentage = 5");
+  for (const auto& c : text_table(kRefusals)) {
+    ASSERT_EQ(c.size(), 5U) << c[1];
+    SCOPED_TRACE(c[4]);
+    const bool in_row = c[1].starts_with("Rows.");
+    const std::string field = in_row ? c[1].substr(5) : c[1];
+    const auto opened = [&](StandardObjectUIO& object) {
+      EXPECT_EQ(read(object, (c[0] + "1").c_str()), "");
+      return in_row ? object.Fields()["Rows"].Value().record_set() : object.RsFields();
+    };
+    auto object = object_of("Ona", c[0].c_str()), again = object_of("Jonas", c[0].c_str());
+    const auto record = opened(object);
+    record->set_field(field, c[2]);
+    EXPECT_EQ(object.Save(0, "").ErrorText, "");
+    record->set_field(field, c[3]);
+    EXPECT_EQ(object.Save(0, "").ErrorText, c[4]);
+    EXPECT_EQ(opened(again)->field(field).to_text(), c[2]);
+  }
+}
+
+// What came in before there were ranges must not keep the rest of the record from being edited.
+TEST_P(StandardObjectTest, AnOldValueOutOfRangeIsNoObstacleUntilItIsChanged) {
+  company_.given_position({.employee = person_, .share = 5, .to = day("2004.12.31")});
+  auto object = object_of("Ona");
+  ASSERT_EQ(read(object, "O04020001"), "");
+  const auto save_with = [&](const char* field, const Variant& value) {
+    object.Fields()[field].Value(value);
+    return object.Save(0, "").ErrorText;
+  };
+  EXPECT_EQ(save_with("PersonalContractGUID", "K2"), "");
+  EXPECT_EQ(save_with("DateFrom", day("2005.01.02")),
+            "Laukas „galioja iki“: pabaiga 2004.12.31 ankstesnė už pradžią 2005.01.02.");
+  EXPECT_EQ(save_with("DateFrom", day("2004.12.31")), "");
+  EXPECT_EQ(save_with("Share", 4), "Laukas „etato dalis“: 4 – leidžiama daugiau kaip 0 iki 2.");
+  EXPECT_EQ(save_with("Share", 5), "");
+
+  company_.given_constant("NMA", {});
+  company_.given_settings({.from = "2005.01.01", .month_tariff = 1, .bands = {{3, 200, 3.0}, {1, 3, 1.0}}});
+  auto settings = object_of("Ona", kSettingsType);
+  ASSERT_EQ(read(settings, "O04023001"), "");
+  settings.Fields()["ExtraChargePercentage"].Value(60);
+  settings.Fields()["Rows"].Value().record_set()->set_field("Percentage", 2);
+  EXPECT_EQ(settings.Save(0, "").ErrorText, "");
 }
 
 }  // namespace

@@ -36,8 +36,14 @@ TEST_F(ExchangeProgram, AClerkMovesACompanyAndBringsWorkedTimeIn) {
   write("laikas.csv", "employee_id;date;time_code;hours\r\n1;2008-01;FD;167,5\r\n2;2008-01-15;FD;8\r\n");
   EXPECT_EQ(quor({"import", "worked_time", "laikas.csv"}).out, "laikas.csv: naujų 2, pakeistų 0, nepakitusių 0.\n");
   EXPECT_EQ(quor({"import", "worked_time", "laikas.csv"}).out, "laikas.csv: naujų 0, pakeistų 0, nepakitusių 2.\n");
+  write("daug.csv", "employee_id,date,time_code,hours\n3,2008-01,FD,200\n");
+  const Outcome odd = quor({"import", "worked_time", "daug.csv"});
+  EXPECT_EQ(
+      std::to_string(odd.status) + odd.err,
+      "0įspėjimas: daug.csv:2: stulpelis „hours“ (valandos): kodo FD valandų per mėnesį iš viso 200, o mėnesio norma "
+      "184\n");
   EXPECT_EQ(quor({"export", "worked_time", "--output", "atgal.csv"}).out, "");
-  EXPECT_EQ(quor({"import", "worked_time", "atgal.csv"}).out, "atgal.csv: naujų 0, pakeistų 0, nepakitusių 2.\n");
+  EXPECT_EQ(quor({"import", "worked_time", "atgal.csv"}).out, "atgal.csv: naujų 0, pakeistų 0, nepakitusių 3.\n");
 }
 
 TEST_F(ExchangeProgram, FaultsAreListedAndWordsThatAreOffAreNamed) {
@@ -46,9 +52,10 @@ TEST_F(ExchangeProgram, FaultsAreListedAndWordsThatAreOffAreNamed) {
   const Outcome refused = quor({"import", "departments", "a.csv"});
   EXPECT_EQ(refused.status, 1);
   EXPECT_EQ(refused.err,
-            "a.csv:2: stulpelis „parent_id“: „7“: lentelėje „departments“ tokio įrašo nėra\n"
-            "a.csv:3: stulpelis „id“: „x“ nėra ID (sveikasis skaičius nuo 1)\n"
-            "a.csv:3: stulpelis „name“: trūksta reikšmės\n"
+            "a.csv:2: stulpelis „parent_id“ (aukštesnis padalinys): „7“: lentelėje „Padaliniai“ (departments) tokio "
+            "įrašo nėra\n"
+            "a.csv:3: stulpelis „id“: „x“ nėra ID (sveikasis skaičius nuo 1 iki 2000000000)\n"
+            "a.csv:3: stulpelis „name“ (pavadinimas): trūksta reikšmės\n"
             "quor: neįrašyta nieko; klaidų: 3\n");
   const struct {
     Words words;
