@@ -25,7 +25,10 @@ ImportDialog::ImportDialog(DesktopApplication& application, QWidget* parent)
       faults_(new QPlainTextEdit(this)) {
   setWindowTitle("CSV failo importas");
   for (const ExchangedTable& table : exchanged_tables()) {
-    table_->addItem(QString::fromUtf8(table.name.data(), static_cast<qsizetype>(table.name.size())));
+    const auto text = [](std::string_view part) {
+      return QString::fromUtf8(part.data(), static_cast<qsizetype>(part.size()));
+    };
+    table_->addItem(text(table_caption(table.name)) + " (" + text(table.name) + ")", text(table.name));
   }
   auto* const choose = new QPushButton("&Rinktis…", this);
   auto* const file_row = new QHBoxLayout;
@@ -66,12 +69,12 @@ ImportDialog::ImportDialog(DesktopApplication& application, QWidget* parent)
 
 void ImportDialog::take_file(const QString& path) {
   file_->setText(path);
-  const int named_like_it = table_->findText(QFileInfo(path).completeBaseName());
+  const int named_like_it = table_->findData(QFileInfo(path).completeBaseName());
   if (named_like_it >= 0) table_->setCurrentIndex(named_like_it);
 }
 
 void ImportDialog::import_file() {
-  const ExchangedTable* const table = find_exchanged_table(table_->currentText().toStdString());
+  const ExchangedTable* const table = find_exchanged_table(table_->currentData().toString().toStdString());
   faults_->clear();
   faults_->setVisible(false);
   state_->setText("Neįkelta.");
@@ -82,14 +85,20 @@ void ImportDialog::import_file() {
       state_->setText(QString("Įkelta. Naujų: %1, pakeistų: %2, nepakitusių: %3.")
                           .arg(done.added)
                           .arg(done.changed)
-                          .arg(done.unchanged));
+                          .arg(done.unchanged) +
+                      (done.warnings.empty() ? "" : QString(" Įspėjimų: %1.").arg(done.warnings.size())));
+      list(done.warnings);
     }
     company.forget();
   } catch (const ImportRefused& refused) {
     state_->setText(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
-    faults_->setPlainText(QString::fromUtf8(refused.what()));
-    faults_->setVisible(true);
+    list(refused.faults());
   }
+}
+
+void ImportDialog::list(const std::vector<ImportFault>& lines) {
+  for (const ImportFault& line : lines) faults_->appendPlainText(QString::fromStdString(line_of(line)));
+  faults_->setVisible(!lines.empty());
 }
 
 }  // namespace quor

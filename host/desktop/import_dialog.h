@@ -1,9 +1,11 @@
-// The import of a CSV file into one table: all of the file or nothing, with every fault of it listed.
+// The import of a CSV file into one table: all of the file or nothing, with every fault of it listed, or what is odd in
+// what was imported.
 #pragma once
 
 #include <QDialog>
 
 #include "host/desktop/desktop_application.h"
+#include "host/exchange/import_file.h"
 
 class QComboBox;
 class QLabel;
@@ -23,6 +25,7 @@ class ImportDialog : public QDialog {
 
  private:
   void import_file();
+  void list(const std::vector<ImportFault>& lines);
 
   DesktopApplication& application_;
   QComboBox* table_;
