@@ -11,6 +11,7 @@
 
 #include "host/desktop/pointer.h"
 #include "host/sample/sample_company.h"
+#include "host/store/addresses.h"
 
 namespace quor {
 
@@ -21,7 +22,8 @@ FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
   said->setTextFormat(Qt::PlainText);
   said->setWordWrap(true);
   auto* const make = new QCommandLinkButton(
-      "&Sukurti pavyzdinę įmonę", "Trisdešimt išgalvotų darbuotojų: " + QDir::toNativeSeparators(sample), this);
+      "&Sukurti pavyzdinę įmonę",
+      "Trisdešimt išgalvotų darbuotojų: " + QString::fromStdString(shown_address(sample.toStdString())), this);
   auto* const file = new QCommandLinkButton("&Atverti įmonės failą…", "Įmonė, laikoma viename faile", this);
   auto* const label = new QLabel("&PostgreSQL adresas", this);
   label->setBuddy(server_);
@@ -49,9 +51,7 @@ FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
 }
 
 void FirstStart::make_sample() {
-  auto made = Database::create(sample_.toStdString());
-  make_sample_company(*made);
-  database_ = std::move(made);
+  database_ = Database::create(sample_.toStdString(), [](Database& made) { fill_sample_company(made); });
   address_ = sample_;
   accept();
 }

@@ -5,30 +5,20 @@
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QSettings>
 #include <QToolBar>
 #include <QVBoxLayout>
-#include <stdexcept>
 
 #include "host/desktop/pointer.h"
 #include "host/report/report_pdf.h"
 #include "host/report/report_text.h"
+#include "host/store/whole_file.h"
 
 namespace quor {
 
 namespace {
 
 constexpr char kFolderSetting[] = "folders/reports";
-
-void save(const QString& path, const std::string& bytes) {
-  QSaveFile file(path);
-  const auto size = static_cast<qint64>(bytes.size());
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes.data(), size) != size || !file.commit()) {
-    throw std::runtime_error("Nepavyko įrašyti failo „" + path.toStdString() +
-                             "“: " + file.errorString().toStdString());
-  }
-}
 
 QString file_name(const std::string& title) {
   QString name = QString::fromStdString(title).simplified();
@@ -128,12 +118,14 @@ void ReportPreview::ask_and_save(const QString& kind, const QString& ending,
   QSettings().setValue(kFolderSetting, QFileInfo(path).absolutePath());
 }
 
-void ReportPreview::save_pdf(const QString& path) const { save(path, report_pdf(reports_, printed_on_, "Quor")); }
+void ReportPreview::save_pdf(const QString& path) const {
+  write_whole_file(path.toStdString(), report_pdf(reports_, printed_on_, "Quor"));
+}
 
 void ReportPreview::save_csv(const QString& path) const {
   std::string text;
   for (const auto& report : reports_) text += csv_text(*report);
-  save(path, text);
+  write_whole_file(path.toStdString(), text);
 }
 
 }  // namespace quor

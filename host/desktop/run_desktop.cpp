@@ -9,6 +9,7 @@
 #include "host/desktop/first_start.h"
 #include "host/desktop/main_window.h"
 #include "host/desktop/pointer.h"
+#include "host/store/addresses.h"
 
 namespace quor {
 
@@ -27,8 +28,20 @@ std::string user_name(const DesktopOptions& options) {
   return name != nullptr && *name != '\0' ? name : "naudotojas";
 }
 
+bool is_server(const QString& address) { return is_server_address(address.toStdString()); }
+
 // A file's path that holds wherever the program is started next; a server's address as it is.
-QString lasting(const QString& address) { return address.contains("://") ? address : QDir().absoluteFilePath(address); }
+QString lasting(const QString& address) { return is_server(address) ? address : QDir().absoluteFilePath(address); }
+
+// Where the sample would be made: at the address that was named, unless no file can stand there.
+std::string place_of_sample(const DesktopOptions& options) {
+  try {
+    refuse_mistaken_address(options.company);
+    return options.company;
+  } catch (const StoreError&) {
+    return "sample.quor";
+  }
+}
 
 QString address_of(const DesktopOptions& options) {
   const QString named = QString::fromStdString(options.company);
@@ -48,13 +61,13 @@ std::unique_ptr<Database> open_company(const DesktopOptions& options, Edge& edge
     reason = error.what();
   }
   if (!database) {
-    FirstStart page(reason, lasting(QString::fromStdString(options.company)), edge);
+    FirstStart page(reason, lasting(QString::fromStdString(place_of_sample(options))), edge);
     page.exec();
     database = page.take_database();
     address = page.address();
   }
   // An address may hold a password: that is not kept.
-  if (database && !address.contains("://")) QSettings().setValue(kLastCompany, lasting(address));
+  if (database && !is_server(address)) QSettings().setValue(kLastCompany, lasting(address));
   return database;
 }
 

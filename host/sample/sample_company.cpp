@@ -149,9 +149,8 @@ void add_settings(Database& database, SampleRandom& random, std::int32_t first_c
 
 }  // namespace
 
-void make_sample_company(Database& database, const SampleOptions& options) {
+void fill_sample_company(Database& database, const SampleOptions& options) {
   SampleRandom random(options.seed);
-  Transaction transaction(database);
   database.execute("UPDATE company SET name = :p0", {sample_data::kCompanyName});
   SampleSurroundings around;
   around.departments = add_departments(database, options.employees);
@@ -168,6 +167,11 @@ void make_sample_company(Database& database, const SampleOptions& options) {
     done += count;
     if (options.progress) options.progress(done, options.employees);
   }
+}
+
+void make_sample_company(Database& database, const SampleOptions& options) {
+  Transaction transaction(database);
+  fill_sample_company(database, options);
   transaction.commit();
 }
 

@@ -16,9 +16,11 @@ struct SampleOptions {
   std::function<void(std::int32_t done, std::int32_t all)> progress;
 };
 
-// Fills `database`, an empty company, in one transaction: everything or nothing. The same number and seed give the same
-// rows on every machine. Every tenth person or so is an unusual case, also among 30: part of a post, two posts, a
-// change of category, a post that has ended or not begun, no length of service, a charge above the limit.
+// Fills `database`, an empty company, inside the open transaction. The same number and seed give the same rows on every
+// machine. Every tenth person or so is an unusual case, also among 30: part of a post, two posts, a change of category,
+// a post that has ended or not begun, no length of service, a charge above the limit.
+void fill_sample_company(Database& database, const SampleOptions& options = {});
+// The same in a transaction of its own: everything or nothing.
 void make_sample_company(Database& database, const SampleOptions& options = {});
 
 }  // namespace quor

@@ -1,5 +1,5 @@
 // Where a company stands: what the parts of an address mean and whether something can stand there.
-// Text is UTF-8; every function throws StoreError with a line that names the address, without a password.
+// Text is UTF-8; what fails throws StoreError with a line that names the address, without a password.
 #pragma once
 
 #include <string>
@@ -7,33 +7,27 @@
 namespace quor {
 
 bool is_memory_address(const std::string& address);
+// The scheme in letters of any case, blanks around the address allowed.
 bool is_server_address(const std::string& address);
 
-// The file is there, is a file, and may be changed, together with its folder (the journal of changes stands there).
-void require_company_file(const std::string& path);
+// The address, or any file name, as people may see it: without a password, also where the address has a slip.
+std::string shown_address(const std::string& address);
+
+// Refuses what was meant for a server and is no address of one: another scheme, "host=… user=…". Nothing stands there
+// as a file.
+void refuse_mistaken_address(const std::string& address);
+
+// The file is there, is a file, and may be read. Answers why it may not be changed (it or its folder, where the journal
+// of changes stands); "" when it may.
+std::string require_company_file(const std::string& path);
 
 // The SQLite address of a file that is there: opening it never creates one. Any character may stand in `path`.
-std::string existing_file_uri(const std::string& path);
+std::string existing_file_uri(const std::string& path, bool read_only);
 
 struct ServerAddress {
   std::string connect_text;  // for the client library
   std::string shown;         // for people
 };
 ServerAddress parse_server_address(const std::string& address);
-
-// A new empty file, removed again with the journal beside it unless kept. Refuses a path where anything stands, also
-// when two programs make it at once.
-class NewFile {
- public:
-  explicit NewFile(std::string path);
-  NewFile(const NewFile&) = delete;
-  NewFile& operator=(const NewFile&) = delete;
-  ~NewFile();
-  void keep() { kept_ = true; }
-
- private:
-  std::string path_;
-  bool kept_ = false;
-};
 
 }  // namespace quor

@@ -1,10 +1,11 @@
 #include "host/store/connection.h"
 
-#include <algorithm>
+#include <chrono>
 #include <soci/postgresql/soci-postgresql.h>
 #include <soci/sqlite3/soci-sqlite3.h>
 
 #include "host/store/addresses.h"
+#include "host/store/failures.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -15,61 +16,16 @@ constexpr int kPatienceMilliseconds = 5000;
 // Pages of the file kept in memory, in KiB: random GUIDs of a large company would else be read again and again.
 constexpr int kCacheKibibytes = 64 * 1024;
 
-StoreFault sqlite_fault(int code) {
-  switch (code & 0xff) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-      return StoreFault::kLocked;
-    case SQLITE_READONLY:
-    case SQLITE_PERM:
-    case SQLITE_CANTOPEN:
-      return StoreFault::kNotWritable;
-    case SQLITE_NOTADB:
-    case SQLITE_CORRUPT:
-      return StoreFault::kNotACompany;
-    default:
-      return StoreFault::kFailed;
+// Opens by `connect`; a server that is not to be reached is a StoreError.
+template <typename Connect>
+void reach(const std::string& name, const std::string& connect_text, const Connect& connect) {
+  const auto begun = std::chrono::steady_clock::now();
+  try {
+    connect();
+  } catch (const soci::soci_error&) {
+    throw unreachable(name, connect_text,
+                      std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - begun));
   }
-}
-
-StoreFault server_fault(const std::string& state) {
-  if (state == "55P03" || state == "40P01" || state == "40001") return StoreFault::kLocked;  // lock wait, deadlock
-  if (state == "25006" || state == "42501") return StoreFault::kNotWritable;                 // read-only, no right
-  return StoreFault::kFailed;
-}
-
-// The database's own words: the first line without the C++ function that SOCI puts before it, without the SQL lines
-// that the server puts behind it.
-std::string reason(const std::string& message) {
-  std::size_t begin = 0;
-  for (const std::string_view mark :
-       {"ERROR:", "FATAL:", "failed: ", "to the database.\n", "::loadOne:", "::load_one:", "::prepare:"}) {
-    const auto at = message.find(mark);
-    if (at == std::string::npos) continue;
-    begin = at + mark.size();
-    break;
-  }
-  begin = std::min(message.find_first_not_of(' ', begin), message.size());
-  return message.substr(begin, message.find('\n', begin) - begin);
-}
-
-std::string fault_text(StoreFault fault, const std::string& name, const std::string& message) {
-  const std::string quoted = "„" + name + "“";
-  switch (fault) {
-    case StoreFault::kLocked:
-      return "įmonės duomenis dabar laiko kita programa: " + quoted;
-    case StoreFault::kNotWritable:
-      return "įmonės duomenų negalima keisti: " + quoted;
-    case StoreFault::kNotACompany:
-      return "tai ne įmonės duomenys arba jie sugadinti: " + quoted;
-    default:
-      return "duomenų bazės klaida (" + quoted + "): " + reason(message);
-  }
-}
-
-StoreError unreachable(const std::string& name, const soci::soci_error& error) {
-  return StoreError(StoreFault::kMissing,
-                    "nepavyko pasiekti įmonės „" + name + "“: " + reason(error.get_error_message()));
 }
 
 // SQLite ends a transaction by itself when the disk is full or fails: nothing is left to roll back then.
@@ -80,15 +36,6 @@ StoreError unreachable(const std::string& name, const soci::soci_error& error) {
 }
 
 }  // namespace
-
-StoreError translated(const soci::soci_error& error, const std::string& name) {
-  StoreFault fault = StoreFault::kFailed;
-  if (const auto* sqlite = dynamic_cast<const soci::sqlite3_soci_error*>(&error))
-    fault = sqlite_fault(sqlite->result());
-  if (const auto* server = dynamic_cast<const soci::postgresql_soci_error*>(&error))
-    fault = server_fault(server->sqlstate());
-  return StoreError(fault, fault_text(fault, name, error.get_error_message()));
-}
 
 Bindings::Bindings(const std::vector<Variant>& values) {
   for (const Variant& value : values) {
@@ -142,30 +89,47 @@ std::unique_ptr<Database::Connection> Database::Connection::to_memory() {
 
 // The roll-back journal is kept: after a kill the next program to open the file undoes the half-done transaction, and
 // between transactions a company is one file, which people copy.
-std::unique_ptr<Database::Connection> Database::Connection::to_file(const std::string& path) {
+std::unique_ptr<Database::Connection> Database::Connection::to_file(const std::string& path,
+                                                                    const std::string& read_only_reason) {
   std::unique_ptr<Connection> connection;
   try {
-    connection = std::make_unique<Connection>(soci::sqlite3, "db=" + existing_file_uri(path), path);
-  } catch (const soci::soci_error& error) {
-    throw StoreError(StoreFault::kMissing,
-                     "nepavyko atverti įmonės failo „" + path + "“: " + error.get_error_message());
+    connection = std::make_unique<Connection>(soci::sqlite3, "db=" + existing_file_uri(path, !read_only_reason.empty()),
+                                              shown_address(path));
+  } catch (const soci::soci_error&) {
+    throw StoreError(StoreFault::kMissing, "nepavyko atverti įmonės failo „" + shown_address(path) + "“");
   }
-  connection->command("PRAGMA busy_timeout=" + std::to_string(kPatienceMilliseconds));
-  connection->command("PRAGMA cache_size=-" + std::to_string(kCacheKibibytes));
-  connection->command("PRAGMA foreign_keys=ON");
+  connection->read_only_reason = read_only_reason;
+  connection->prepare_file_session();
+  return connection;
+}
+
+// Nobody else knows the file, and if anything fails it is thrown away whole: it goes to the disk once, at the end.
+std::unique_ptr<Database::Connection> Database::Connection::to_new_file(const std::string& path,
+                                                                        const std::string& shown_name) {
+  auto connection = std::make_unique<Connection>(soci::sqlite3, "db=" + existing_file_uri(path, false), shown_name);
+  connection->prepare_file_session();
+  connection->command("PRAGMA synchronous=OFF");
+  connection->command("PRAGMA journal_mode=MEMORY");
   return connection;
 }
 
 std::unique_ptr<Database::Connection> Database::Connection::to_server(const std::string& address) {
   const ServerAddress server = parse_server_address(address);
   std::unique_ptr<Connection> connection;
-  try {
-    connection = std::make_unique<Connection>(soci::postgresql, server.connect_text, server.shown);
-  } catch (const soci::soci_error& error) {
-    throw unreachable(server.shown, error);
-  }
+  reach(server.shown, server.connect_text,
+        [&] { connection = std::make_unique<Connection>(soci::postgresql, server.connect_text, server.shown); });
+  connection->server_text_ = server.connect_text;
   connection->prepare_server_session();
   return connection;
+}
+
+// What a commit has promised must stand after a loss of power too: EXTRA syncs the folder as well when the journal
+// goes, which FULL leaves out; a transaction that the user was told of could then be undone by its own journal.
+void Database::Connection::prepare_file_session() {
+  command("PRAGMA busy_timeout=" + std::to_string(kPatienceMilliseconds));
+  command("PRAGMA cache_size=-" + std::to_string(kCacheKibibytes));
+  command("PRAGMA synchronous=EXTRA");
+  command("PRAGMA foreign_keys=ON");
 }
 
 void Database::Connection::prepare_server_session() {
@@ -174,16 +138,24 @@ void Database::Connection::prepare_server_session() {
   command("SET lock_timeout = " + std::to_string(kPatienceMilliseconds));
 }
 
-// The server has rolled back what was open on the old connection: a broken one is as good as a lost one.
+// What was open on the old connection is rolled back: by the server that has lost it, or, in a file, by closing.
 bool Database::Connection::reconnect() {
-  if (!is_lost() || (state != State::kOpen && state != State::kBroken)) return false;
+  if (state != State::kOpen && state != State::kBroken) return false;
+  if (on_server) {
+    if (state != State::kBroken && !is_lost()) return false;
+    reach(name, server_text_, [&] { session.reconnect(); });
+    state = State::kOpen;
+    prepare_server_session();
+    return true;
+  }
+  if (state != State::kBroken || is_memory_address(name)) return false;
   try {
     session.reconnect();
-  } catch (const soci::soci_error& error) {
-    throw unreachable(name, error);
+  } catch (const soci::soci_error&) {
+    throw StoreError(StoreFault::kMissing, "nepavyko atverti įmonės failo „" + name + "“");
   }
   state = State::kOpen;
-  prepare_server_session();
+  prepare_file_session();
   return true;
 }
 
@@ -219,6 +191,7 @@ void Database::Connection::require_no_transaction() const {
 
 void Database::Connection::begin() {
   require_no_transaction();
+  if (!read_only_reason.empty()) throw StoreError(StoreFault::kNotWritable, read_only_reason);
   // Immediate: two programs that read first and write later would else fail each other at the write.
   command(on_server ? "BEGIN" : "BEGIN IMMEDIATE");
   state = State::kTransaction;

@@ -7,11 +7,9 @@
 #include <soci/soci.h>
 
 #include "host/store/database.h"
+#include "host/store/failures.h"
 
 namespace quor {
-
-// What SOCI reported as a StoreError about `name`: the fault by the database's own code, the text without SQL.
-StoreError translated(const soci::soci_error& error, const std::string& name);
 
 // Values of one statement, bound by name to :p0, :p1, … ; must live until the statement has run.
 class Bindings {
@@ -35,7 +33,8 @@ struct Database::Connection {
 
   // Each connects or throws StoreError; the schema is not looked at.
   static std::unique_ptr<Connection> to_memory();
-  static std::unique_ptr<Connection> to_file(const std::string& path);
+  static std::unique_ptr<Connection> to_file(const std::string& path, const std::string& read_only_reason = "");
+  static std::unique_ptr<Connection> to_new_file(const std::string& path, const std::string& shown_name);
   static std::unique_ptr<Connection> to_server(const std::string& address);
 
   // Counts, asks the fault hook, runs `work(session)`, translates what fails and dooms the open transaction.
@@ -70,17 +69,20 @@ struct Database::Connection {
   soci::session session;
   std::string name;
   bool on_server;
+  std::string read_only_reason;  // why a file may not be written; "" when it may
   State state = State::kOpen;
   std::uint64_t statements = 0;
   std::function<void(std::uint64_t)> fault;
 
  private:
+  void prepare_file_session();
   void prepare_server_session();
   void require_no_transaction() const;
   void lock_for_writing();
   bool has_company();
   void doom();
   bool is_lost() { return on_server && !session.is_connected(); }  // asks the server
+  std::string server_text_;                                        // how the server is reached, with its password
   bool has_company_ = false;                                       // as far as this connection has seen
 
   StoreError lost() const { return {StoreFault::kFailed, "ryšys su įmonės duomenimis nutrūko: „" + name + "“"}; }

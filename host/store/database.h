@@ -50,16 +50,21 @@ class StoreError : public std::runtime_error {
 class Database {
  public:
   // `address`: a file's path, ":memory:" (a company of its own, gone with the object), or "postgresql://…".
-  // Opens a company that is there and applies the migrations that it lacks. Throws StoreError and changes nothing.
+  // Opens a company that is there, applies the migrations that it lacks and renews sort keys of an older rule. What may
+  // only be read (a file or its folder without the right to write, a server's user without it) opens too, as it is, and
+  // refuses every Transaction with kNotWritable. Throws StoreError and changes nothing.
   static std::unique_ptr<Database> open(const std::string& address);
-  // Makes an empty company with the newest schema. Refuses an address where something stands already; a server's
-  // database must be there, without our tables. What fails on the way leaves no file behind; on a server each migration
-  // is whole or absent, and opening goes on from the last one that is there.
-  static std::unique_ptr<Database> create(const std::string& address);
+  // Makes a company with the newest schema and what `fill` writes, in one transaction that is open when it is called.
+  // Refuses an address where something stands already; a server's database must be there, without our tables. A company
+  // stands at the address whole or not at all, also when the program is killed on the way.
+  using Fill = std::function<void(Database&)>;
+  static std::unique_ptr<Database> create(const std::string& address, const Fill& fill = {});
   ~Database();
 
   // The address as errors show it: without a password.
   const std::string& name() const;
+  // False for a file that opened only to be read.
+  bool may_write() const;
   // True for PostgreSQL; for the few statements that differ.
   bool on_server() const;
 
@@ -74,11 +79,12 @@ class Database {
   // open transaction or one of its own: all rows or none.
   void insert(std::string_view table, const std::vector<ColumnData>& columns);
   // Reserves `count` (1 or more) IDs of the table and answers the first; the first ever is 1. Part of the open
-  // transaction, if any: a roll-back gives the IDs back.
+  // transaction, if any: a roll-back gives the IDs back. Throws StoreError, and reserves none, past kStoredId.
   std::int32_t reserve_ids(std::string_view table, std::int32_t count = 1);
 
-  // Connects anew when the server has dropped the connection; false when there is nothing to mend: a connection that
-  // stands, a file, an open transaction. Throws kMissing while the server is not to be reached.
+  // Connects anew when the server has dropped the connection or this Database is broken, file or server; false when
+  // there is nothing to mend: a connection that stands, an open transaction. Throws kMissing while the company is not
+  // to be reached.
   bool reconnect();
 
   // A number that every committed transaction of any program raises: what was read at an equal number still holds.
@@ -96,6 +102,7 @@ class Database {
   friend class Snapshot;
   struct Connection;
   explicit Database(std::unique_ptr<Connection> connection);
+  static std::unique_ptr<Database> create_file(const std::string& address, const Fill& fill);
 
   std::unique_ptr<Connection> connection_;
 };

@@ -32,21 +32,17 @@ std::string utc_now() {
   return text;
 }
 
-StoreError already_there(const Database& database) {
-  return {StoreFault::kAlreadyThere, "įmonė jau yra: „" + database.name() + "“"};
+void apply(Database& database, const EmbeddedFile& file) {
+  for (const std::string& statement : split_statements(file.text())) database.execute(statement);
+  database.execute("INSERT INTO schema_migrations (number, applied_at) VALUES (:p0, :p1)",
+                   {migration_number(file), utc_now()});
 }
 
-void apply(Database& database, const EmbeddedFile& file, bool first) {
+void apply_once(Database& database, const EmbeddedFile& file) {
   Transaction transaction(database, Writes::kOther);
   const std::int32_t number = migration_number(file);
-  if (first) {
-    if (holds_company(database)) throw already_there(database);
-    database.execute("CREATE TABLE schema_migrations (number INTEGER PRIMARY KEY, applied_at TEXT NOT NULL)");
-  } else if (single_number(database, "SELECT number FROM schema_migrations WHERE number = :p0", {number}) != 0) {
-    return;  // another program was faster
-  }
-  for (const std::string& statement : split_statements(file.text())) database.execute(statement);
-  database.execute("INSERT INTO schema_migrations (number, applied_at) VALUES (:p0, :p1)", {number, utc_now()});
+  if (single_number(database, "SELECT number FROM schema_migrations WHERE number = :p0", {number}) != 0) return;
+  apply(database, file);
   transaction.commit();
 }
 
@@ -64,24 +60,26 @@ bool holds_company(Database& database) {
                                            marks) == 2;
 }
 
+void make_schema(Database& database) {
+  database.execute("CREATE TABLE schema_migrations (number INTEGER PRIMARY KEY, applied_at TEXT NOT NULL)");
+  for (const EmbeddedFile& file : migration_files()) apply(database, file);
+}
+
 void migrate(Database& database, std::span<const EmbeddedFile> files) {
-  const bool fresh = !holds_company(database);
-  const std::int32_t applied = fresh ? 0 : single_number(database, "SELECT MAX(number) FROM schema_migrations");
+  const std::int32_t applied = single_number(database, "SELECT MAX(number) FROM schema_migrations");
   const std::int32_t known = files.empty() ? 0 : migration_number(files.back());
   if (applied > known) {
     throw StoreError(StoreFault::kNewerSchema, "įmonę įrašė naujesnė programa (duomenų versija " +
                                                    std::to_string(applied) + ", ši programa žino " +
                                                    std::to_string(known) + "): „" + database.name() + "“");
   }
+  if (applied < known && !database.may_write()) {
+    throw StoreError(StoreFault::kNotWritable,
+                     "įmonę įrašė senesnė programa, ir kol jos keisti negalima, peržiūrėti jos taip pat negalima: „" +
+                         database.name() + "“");
+  }
   for (const EmbeddedFile& file : files) {
-    const bool first = fresh && &file == &files.front();
-    try {
-      if (migration_number(file) > applied) apply(database, file, first);
-    } catch (const StoreError&) {
-      // Two programs that make a company in one database meet at its first table; the second finds it made.
-      if (first && holds_company(database)) throw already_there(database);
-      throw;
-    }
+    if (migration_number(file) > applied) apply_once(database, file);
   }
 }
 

@@ -18,8 +18,11 @@ std::span<const EmbeddedFile> migration_files();
 // True when the tables of a company are there.
 bool holds_company(Database& database);
 
+// Makes the tables of a new company, inside the open transaction.
+void make_schema(Database& database);
+
 // Applies what is lacking. Throws kNewerSchema when the company has migrations that `files` do not know; a migration
-// that fails leaves the company as the one before left it.
+// that fails leaves the company as the one before left it. An older company that may only be read throws kNotWritable.
 void migrate(Database& database, std::span<const EmbeddedFile> files = migration_files());
 
 // The statements of a script, without comments: the databases take one at a time. A semicolon inside '…' or a

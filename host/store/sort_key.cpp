@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <unicode/coll.h>
 #include <unicode/unistr.h>
+#include <unicode/uversion.h>
 #include <vector>
 
 namespace quor {
@@ -15,10 +16,18 @@ std::unique_ptr<icu::Collator> make_collator() {
   // U_USING_DEFAULT_WARNING: ICU's data lack Lithuanian; names would silently be ordered by another alphabet.
   if (U_FAILURE(status) || status == U_USING_DEFAULT_WARNING)
     throw std::runtime_error("nėra lietuvių kalbos rikiavimo taisyklių (ICU)");
+  collator->setAttribute(UCOL_NUMERIC_COLLATION, UCOL_ON, status);
   return collator;
 }
 
 }  // namespace
+
+std::int32_t sort_key_rule() {
+  constexpr std::int32_t kOurRule = 2;  // 1: digits one by one
+  UVersionInfo release;
+  u_getVersion(release);
+  return kOurRule * 1000 + release[0];
+}
 
 std::string lithuanian_sort_key(std::string_view utf8) {
   static const std::unique_ptr<icu::Collator> collator = make_collator();

@@ -257,7 +257,7 @@ TEST_P(Store, EndsATransactionInEveryWay) {
   }
 }
 
-TEST_P(Store, IsBrokenWhenTheRollBackFails) {
+TEST_P(Store, IsBrokenWhenTheRollBackFailsUntilItIsOpenedAgain) {
   {
     Transaction transaction(*database_);
     add_department(1);
@@ -265,8 +265,11 @@ TEST_P(Store, IsBrokenWhenTheRollBackFails) {
   }
   database_->set_fault(nullptr);
   EXPECT_EQ(refusal_of([&] { add_department(2); }).fault, StoreFault::kFailed);
-  database_.reset();
+  EXPECT_TRUE(database_->reconnect());
+  EXPECT_FALSE(database_->reconnect()) << "it stands";
   EXPECT_EQ(departments(), 0);
+  add_department(2);
+  EXPECT_EQ(departments(), 1);
 }
 
 TEST_P(Store, GivesUpSoonWhenAnotherProgramIsWriting) {
@@ -309,10 +312,20 @@ TEST_P(Store, ReservesEachIdOnce) {
   EXPECT_EQ(database_->reserve_ids("employees"), 8);
 }
 
+TEST_P(Store, ReservesIdsUpToTheLargest) {
+  database_->execute("INSERT INTO next_ids (table_name, next_id) VALUES ('employees', 1999999999)");
+  const std::string none = "naujiems įrašams nebėra laisvų numerių (didžiausias ID – 2000000000): „";
+  EXPECT_EQ(refusal_of([&] { database_->reserve_ids("employees", 3); }).text, none + database_->name() + "“");
+  EXPECT_EQ(database_->reserve_ids("employees", 2), 1999999999);
+  EXPECT_TRUE(refusal_of([&] { database_->reserve_ids("employees", 2147483647); }).fault);
+  EXPECT_TRUE(refusal_of([&] { database_->reserve_ids("employees"); }).fault);
+}
+
 TEST_P(Store, OrdersNamesByTheLithuanianAlphabet) {
   const std::vector<std::string> kOrdered = {
-      "Aaa",   "Ąžuolas", "Baltas", "Cibas", "Čiuta", "čiuta Ona", "Danas", "Eglė", "Ėras",   "Idas", "Ylas",   "Imas",
-      "Jonas", "Sala",    "Sūris",  "Šaka",  "Tadas", "Ūdra",      "Utis",  "Zita", "Zuikis", "Žana", "Žąsinas"};
+      "A lygio 5", "A lygio 10", "A lygio 010 B", "Aaa",  "Ąžuolas", "Baltas", "Cibas", "Čiuta",  "čiuta Ona",
+      "Danas",     "Eglė",       "Ėras",          "Idas", "Ylas",    "Imas",   "Jonas", "Sala",   "Sūris",
+      "Šaka",      "Tadas",      "Ūdra",          "Utis", "Zita",    "Zuikis", "Žana",  "Žąsinas"};
   make_probe(*database_);
   for (std::int32_t n = 0; n < static_cast<std::int32_t>(kOrdered.size()); ++n) {
     const std::string& name = kOrdered[static_cast<std::size_t>(n * 7) % kOrdered.size()];
@@ -325,6 +338,53 @@ TEST_P(Store, OrdersNamesByTheLithuanianAlphabet) {
     EXPECT_EQ(text.find_first_not_of("0123456789"), text.find(' '));
     rows->MoveNext();
   }
+}
+
+TEST_P(Store, RenewsSortKeysOfAnOlderRule) {
+  const auto names = [&] {
+    std::string all;
+    const auto rows = database_->read("SELECT name FROM departments ORDER BY sort_key", {{"Name", FieldType::kText}});
+    for (; !rows->Eof(); rows->MoveNext()) all += rows->field("Name").to_text() + ";";
+    return all;
+  };
+  database_->execute(
+      "INSERT INTO departments (id, name, sort_key) VALUES (1, '10 skyrius', '1'), (2, '9 skyrius', '2')");
+  database_ = reopened();
+  EXPECT_EQ(names(), "10 skyrius;9 skyrius;") << "a rule that still holds is left alone";
+  database_->execute("UPDATE counters SET value = value - 1 WHERE name = 'sort_key_rule'");
+  {
+    Transaction writing(*database_);
+    const auto other = reopened();  // the order is no reason to wait or to fail
+  }
+  EXPECT_EQ(names(), "10 skyrius;9 skyrius;");
+  database_ = reopened();
+  EXPECT_EQ(names(), "9 skyrius;10 skyrius;");
+}
+
+TEST_P(Store, HoldsNoCompanyThatWasNotMadeWhole) {
+  const auto place = GetParam().make_place();
+  const Refusal refusal = refusal_of(
+      [&] { Database::create(place->address(), [](Database&) { throw StoreError(StoreFault::kFailed, "nutrūko"); }); });
+  EXPECT_EQ(refusal.text, "nutrūko");
+  EXPECT_TRUE(refusal_of([&] { Database::open(place->address()); }).fault);
+  const auto made =
+      Database::create(place->address(), [](Database& whole) { whole.execute("UPDATE company SET name = 'Visa'"); });
+  EXPECT_EQ(count(*made, "company WHERE name = 'Visa'"), 1);
+}
+
+TEST(ALostServer, IsReachedByTheNextActionOfWhoeverWasIdle) {
+  const auto place = backends()[1].make_place();
+  Company company(Database::create(place->address()));
+  Database::open(place->address())
+      ->read(
+          "SELECT CAST(pg_terminate_backend(pid) AS INTEGER) FROM pg_stat_activity"
+          " WHERE datname = current_database() AND pid <> pg_backend_pid()",
+          {{"Done", FieldType::kInt32}});
+  company.refresh();
+  Transaction transaction(company.database());
+  company.database().execute("UPDATE company SET name = 'Vėl'");
+  transaction.commit();
+  EXPECT_EQ(count(company.database(), "company WHERE name = 'Vėl'"), 1);
 }
 
 TEST(ALostServer, IsReachedAgainOnceItIsBackWithNothingHalfWritten) {
