@@ -33,14 +33,31 @@ std::vector<ImportSource> sources_of(const ImportCommand& command) {
 ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::ostream& out) {
   if (command.table.empty() == command.folder.empty()) throw UsageError("rašykite lentelės vardą arba --all APLANKAS");
   const ExchangedTable* const table = command.table.empty() ? nullptr : &table_of(command.table);
+  const auto style = csv_style_named(options.format);
+  if (table == nullptr && !style) {
+    throw UsageError("su --all formatas „" + options.format + "“ netinka: yra csv, csv-semicolon");
+  }
   const auto database = Database::open(options.company);
-  if (table != nullptr) {
-    out << export_table(*database, *table);
+  if (table != nullptr && style) {
+    out << export_table(*database, *table, *style);
+  } else if (table != nullptr) {
+    const auto rows = table_rows(*database, *table);
+    write_rows(*rows, all_fields(*rows), options.format, out);
   } else {
-    export_company(*database, command.folder);
+    export_company(*database, command.folder, *style);
     out << "Įrašytos visos lentelės: „" << command.folder << "“.\n";
   }
   return ExitStatus::kDone;
+}
+
+std::vector<std::string> files_written(const ExportCommand& command) {
+  return command.folder.empty() ? std::vector<std::string>() : std::vector{command.folder};
+}
+
+std::vector<std::string> files_read(const ImportCommand& command) {
+  std::vector<std::string> files;
+  for (const ImportSource& source : sources_of(command)) files.push_back(source.file);
+  return files;
 }
 
 ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::ostream& out) {

@@ -3,6 +3,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 #include "host/console/commands.h"
 
@@ -19,6 +20,10 @@ struct ImportCommand {
   std::string folder;
   bool into_closed = false;  // rows may reach into closed months
 };
+
+// Which files the command reads and where it writes some, by its words alone; throws UsageError.
+std::vector<std::string> files_written(const ExportCommand& command);
+std::vector<std::string> files_read(const ImportCommand& command);
 
 ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::ostream& out);
 ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::ostream& out);

@@ -137,8 +137,8 @@ void write_reports(const Reports& reports, const CommonOptions& options, Applica
   for (const auto& report : reports) {
     if (options.format == "json") {
       out << json_text(*report);
-    } else if (options.format == "csv") {
-      out << (first ? csv_text(*report) : csv_lines(*report));
+    } else if (const auto style = csv_style_named(options.format)) {
+      out << (first ? csv_text(*report, *style) : csv_lines(*report, *style));
     } else {
       out << (first ? "" : "\n") << table_text(*report, {.wrapped_heads = true, .colours = to_terminal(options)});
     }

@@ -55,7 +55,8 @@ void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, c
   if (format == "json") {
     out << to_json(rows).dump() << '\n';
   } else {
-    out << (format == "csv" ? csv_text(rows, columns) : table_text(rows, columns));
+    const auto style = csv_style_named(format);
+    out << (style ? csv_text(rows, columns, *style) : table_text(rows, columns));
   }
 }
 

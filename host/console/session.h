@@ -37,7 +37,7 @@ std::string user_of(const CommonOptions& options);
 // The month that a word of the call names; throws UsageError.
 Month month_of(const std::string& word);
 
-// The rows in the format of the call: a table, CSV or JSON.
+// The rows in the format of the call: a table, CSV of either style, or JSON.
 void write_rows(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& format,
                 std::ostream& out);
 

@@ -90,14 +90,11 @@ ParsedCell parse_cell(CellType type, std::string_view text) {
       break;
   }
   if (!storable(text)) return {{}, "tekstas ne UTF-8 koduotės"};
-  return {Variant(text), {}};
+  return {Variant(unguarded(text)), {}};
 }
 
-std::string cell_text(CellType type, const Variant& value) {
-  if (value.kind() == Variant::Kind::kDouble) {
-    char text[32];
-    return {text, std::to_chars(text, text + sizeof text, value.to_double()).ptr};
-  }
+std::string cell_text(CellType type, const Variant& value, const CsvStyle& style) {
+  if (value.kind() == Variant::Kind::kDouble) return plain_number(value.to_double(), style);
   if (value.kind() != Variant::Kind::kDate) return value.to_text();
   return type == CellType::kMonth ? month_text(value.to_date()) : day_text(value.to_date());
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "host/exchange/tables.h"
+#include "host/text/csv_cells.h"
 #include "platform/data/variant.h"
 
 namespace quor {
@@ -16,11 +17,12 @@ struct ParsedCell {
   std::string fault;  // "„abc“ nėra skaičius"
 };
 
-// The value of a cell that is not null. Numbers have a decimal point or comma, dates the forms of parse_date.
+// The value of a cell that is not null; a text without its guard. Numbers have a decimal point or comma, dates the
+// forms of parse_date.
 ParsedCell parse_cell(CellType type, std::string_view text);
 
-// How a value that is not null stands in a file.
-std::string cell_text(CellType type, const Variant& value);
+// How a value that is not null stands in a file; a text is not guarded yet.
+std::string cell_text(CellType type, const Variant& value, const CsvStyle& style = kProgramCsv);
 
 // The first day of the month that a month, a day or a day's month is of.
 Date month_of_cell(const Variant& value);

@@ -62,14 +62,21 @@ class Reader {
   bool in_record_ = false;
 };
 
+// Behind LF, CR LF or a lone CR, which ends a record too.
+std::size_t end_of_line(std::string_view bytes) {
+  const std::size_t mark = bytes.find_first_of("\r\n");
+  if (mark == std::string_view::npos) return bytes.size();
+  return mark + (bytes.substr(mark, 2) == "\r\n" ? 2 : 1);
+}
+
 }  // namespace
 
 std::optional<CsvFault> read_csv(std::string_view bytes, const std::function<void(const CsvRecord&)>& take) {
   if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
-  const bool semicolon = bytes.substr(0, bytes.find('\n')).find(';') != std::string_view::npos;
+  const bool semicolon = bytes.substr(0, bytes.find_first_of("\r\n")).find(';') != std::string_view::npos;
   Reader reader(semicolon ? ';' : ',');
   for (std::size_t end = 0; !bytes.empty(); bytes.remove_prefix(end)) {
-    end = bytes.find('\n') == std::string_view::npos ? bytes.size() : bytes.find('\n') + 1;
+    end = end_of_line(bytes);
     const bool parsed = reader.feed(bytes.substr(0, end));
     reader.hand_over(take);
     if (!parsed) return CsvFault{reader.line(), "kabutės tekste be kabučių arba tekstas už kabučių"};
@@ -79,14 +86,9 @@ std::optional<CsvFault> read_csv(std::string_view bytes, const std::function<voi
   return std::nullopt;
 }
 
-void append_csv_text(std::string& csv, std::string_view text) {
-  if (text.empty() || text.find_first_of(",;\"\r\n") == std::string_view::npos) {
-    csv += text.empty() ? "\"\"" : text;
-    return;
-  }
-  const std::size_t begin = csv.size();
-  csv.resize(begin + csv_write(nullptr, 0, text.data(), text.size()));
-  csv_write(csv.data() + begin, csv.size() - begin, text.data(), text.size());
+void append_csv_text(std::string& csv, std::string_view text, const CsvStyle& style) {
+  if (text.empty()) csv += "\"\"";
+  append_csv_cell(csv, guarded(text), style);
 }
 
 }  // namespace quor

@@ -1,7 +1,6 @@
 #include "host/exchange/export.h"
 
 #include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -9,6 +8,8 @@
 #include "host/exchange/csv.h"
 #include "host/exchange/stored_rows.h"
 #include "host/exchange/time_codes.h"
+#include "host/store/addresses.h"
+#include "host/store/whole_file.h"
 
 namespace quor {
 
@@ -31,46 +32,93 @@ class CodeTexts {
   std::unordered_map<std::int32_t, std::string> texts_;
 };
 
-void write_tables(Database& database, const files::path& folder) {
+void write_tables(Database& database, const files::path& folder, const CsvStyle& style) {
   const std::int64_t begun_at = database.change_count();
-  for (const ExchangedTable& table : exchanged_tables()) {
-    const files::path path = folder / (std::string(table.name) + ".csv");
-    std::ofstream file(path, std::ios::binary);
-    file << export_table(database, table) << std::flush;
-    if (!file) throw std::runtime_error("nepavyksta įrašyti failo „" + path.string() + "“");
-  }
+  for (const ExchangedTable& table : exchanged_tables())
+    write_whole_file(folder / (std::string(table.name) + ".csv"), export_table(database, table, style));
   if (database.change_count() != begun_at)
     throw std::runtime_error("tuo metu įmonės duomenis keitė kitas vartotojas, bandykite dar kartą");
 }
 
+// As a program sees the cells: days and months in the files' own form are texts but for whole days.
+FieldType shown_type(CellType type) {
+  switch (type) {
+    case CellType::kId:
+    case CellType::kWhole:
+    case CellType::kFlag:
+      return FieldType::kInt32;
+    case CellType::kNumber:
+      return FieldType::kDouble;
+    case CellType::kDate:
+      return FieldType::kDate;
+    default:
+      return FieldType::kText;
+  }
+}
+
 }  // namespace
 
-std::string export_table(Database& database, const ExchangedTable& table) {
-  std::string csv;
+std::string export_table(Database& database, const ExchangedTable& table, const CsvStyle& style) {
+  std::string csv(csv_start(style));
   CodeTexts codes(database);
-  for (const ExchangedColumn& column : table.columns) csv += (csv.empty() ? "" : ",") + std::string(column.name);
-  csv += "\r\n";
+  const auto end_cell = [&](std::size_t at) {
+    if (at + 1 == table.columns.size()) {
+      csv += "\r\n";
+    } else {
+      csv += style.separator;
+    }
+  };
+  for (std::size_t at = 0; at < table.columns.size(); ++at) {
+    csv += table.columns[at].name;
+    end_cell(at);
+  }
   read_stored(database, table, [&](const std::vector<Variant>& cells, std::int32_t /*id*/) {
     for (std::size_t at = 0; at < cells.size(); ++at) {
       const CellType type = table.columns[at].type;
       if (type == CellType::kTimeCode) {
-        append_csv_text(csv, codes.of(cells[at].to_int32()));
+        append_csv_text(csv, codes.of(cells[at].to_int32()), style);
+      } else if (type == CellType::kText && !cells[at].is_null()) {
+        append_csv_text(csv, cells[at].to_text(), style);
       } else if (!cells[at].is_null()) {
-        append_csv_text(csv, cell_text(type, cells[at]));
+        append_csv_cell(csv, cell_text(type, cells[at], style), style);
       }
-      csv += at + 1 == cells.size() ? "\r\n" : ",";
+      end_cell(at);
     }
   });
   return csv;
 }
 
-void export_company(Database& database, const std::string& folder) {
+std::shared_ptr<Recordset> table_rows(Database& database, const ExchangedTable& table) {
+  auto rows = std::make_shared<Recordset>();
+  CodeTexts codes(database);
+  for (const ExchangedColumn& column : table.columns)
+    rows->Fields().Append(std::string(column.name), shown_type(column.type));
+  rows->Open();
+  read_stored(database, table, [&](const std::vector<Variant>& cells, std::int32_t /*id*/) {
+    rows->AddNew();
+    for (std::size_t at = 0; at < cells.size(); ++at) {
+      const CellType type = table.columns[at].type;
+      Variant shown = cells[at];
+      if (type == CellType::kTimeCode) {
+        shown = codes.of(cells[at].to_int32());
+      } else if (!shown.is_null() && (type == CellType::kMonth || type == CellType::kDayOrMonth)) {
+        shown = cell_text(type, shown);
+      }
+      rows->set_field(FieldHandle{at}, shown);
+    }
+    rows->Update();
+  });
+  return rows;
+}
+
+void export_company(Database& database, const std::string& folder, const CsvStyle& style) {
   std::error_code error;
   const bool made = files::create_directory(folder, error);
   if (error || (!made && !files::is_empty(folder, error)) || error)
-    throw std::runtime_error("aplankas turi būti naujas arba tuščias: „" + folder + "“");
+    throw std::runtime_error("aplankas turi būti naujas arba tuščias: „" + shown_address(folder) + "“");
+  if (made) files::permissions(folder, files::perms::owner_all, error);
   try {
-    write_tables(database, folder);
+    write_tables(database, folder, style);
   } catch (...) {
     for (const ExchangedTable& table : exchanged_tables())
       files::remove(files::path(folder) / (std::string(table.name) + ".csv"), error);

@@ -1,19 +1,25 @@
 // Writes the tables of a company as CSV, so that importing the files into an empty company gives the same company.
 //
-// UTF-8, parted by commas, lines ended by CR LF. Numbers are in the shortest form that reads back to the same number.
+// UTF-8, lines ended by CR LF. Numbers have as many digits as read back to the same number, and no exponent; an import
+// takes every style.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "host/exchange/tables.h"
 #include "host/store/database.h"
+#include "host/text/csv_cells.h"
 
 namespace quor {
 
-std::string export_table(Database& database, const ExchangedTable& table);
+std::string export_table(Database& database, const ExchangedTable& table, const CsvStyle& style = kProgramCsv);
 
-// Every table as FOLDER/TABLE.csv, all of the same moment. The folder is made, or stands empty. Throws StoreError, or
-// std::runtime_error about the folder or a file of it; no file is left then.
-void export_company(Database& database, const std::string& folder);
+// The same rows as a record set with the file's columns; months, and days that may be months, are texts.
+std::shared_ptr<Recordset> table_rows(Database& database, const ExchangedTable& table);
+
+// Every table as FOLDER/TABLE.csv, all of the same moment. The folder is made, its owner's alone, or stands empty.
+// Throws StoreError, or std::runtime_error about the folder; no file is left then.
+void export_company(Database& database, const std::string& folder, const CsvStyle& style = kProgramCsv);
 
 }  // namespace quor

@@ -7,6 +7,7 @@
 
 #include "host/exchange/cell_values.h"
 #include "host/exchange/csv.h"
+#include "host/store/addresses.h"
 
 namespace quor {
 
@@ -15,7 +16,7 @@ namespace {
 std::string content(const std::string& file) {
   std::ifstream in(file, std::ios::binary);
   if (!in || std::filesystem::is_directory(file))
-    throw std::runtime_error("nepavyksta perskaityti failo „" + file + "“");
+    throw std::runtime_error("nepavyksta perskaityti failo „" + shown_address(file) + "“");
   return {std::istreambuf_iterator<char>(in), {}};
 }
 

@@ -1,7 +1,6 @@
 #include "host/report/record_text.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "host/report/report_text.h"
 #include "platform/data/number_text.h"
@@ -26,14 +25,11 @@ std::string cell_text(const Variant& value, int decimals) {
   return null_to_text(value);
 }
 
-// As programs read it.
-std::string plain_text(const Variant& value, int /*decimals*/) {
+// As programs and spreadsheets read it.
+std::string plain_text(const Variant& value, const CsvStyle& style) {
   using Kind = Variant::Kind;
   if (value.is_null()) return "";
-  if (value.kind() == Kind::kDouble) {
-    char text[32];
-    return std::string(text, std::to_chars(text, text + sizeof text, value.to_double()).ptr);
-  }
+  if (value.kind() == Kind::kDouble) return plain_number(value.to_double(), style);
   std::string text = cell_text(value, -1);
   if (value.kind() == Kind::kDate) std::replace(text.begin(), text.end(), '.', '-');
   return text;
@@ -76,8 +72,9 @@ std::string table_text(Recordset& rows, const std::vector<TextColumnLayout>& col
   return table_text(lines_of(rows, columns, cell_text), {});
 }
 
-std::string csv_text(Recordset& rows, const std::vector<TextColumnLayout>& columns) {
-  return csv_text(lines_of(rows, columns, plain_text));
+std::string csv_text(Recordset& rows, const std::vector<TextColumnLayout>& columns, const CsvStyle& style) {
+  const auto text_of = [&](const Variant& value, int /*decimals*/) { return plain_text(value, style); };
+  return csv_text(lines_of(rows, columns, text_of), style);
 }
 
 }  // namespace quor

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/text/csv_cells.h"
 #include "platform/data/recordset.h"
 
 namespace quor {
@@ -22,7 +23,8 @@ std::vector<TextColumnLayout> all_fields(const Recordset& rows);
 // Aligned columns, numbers to the right, a line under the heads. Widths count characters.
 std::string table_text(Recordset& rows, const std::vector<TextColumnLayout>& columns);
 
-// RFC 4180, UTF-8, parted by commas, lines ended by CR LF; numbers with a decimal point, dates as 2008-01-31.
-std::string csv_text(Recordset& rows, const std::vector<TextColumnLayout>& columns);
+// RFC 4180, UTF-8, lines ended by CR LF; numbers in full and without an exponent, dates as 2008-01-31.
+std::string csv_text(Recordset& rows, const std::vector<TextColumnLayout>& columns,
+                     const CsvStyle& style = kProgramCsv);
 
 }  // namespace quor

@@ -112,11 +112,9 @@ class Table {
   std::string text_;
 };
 
-std::string csv_cell(const std::string& text) {
-  if (text.find_first_of(",;\"\r\n") == std::string::npos) return text;
-  std::string quoted = "\"";
-  for (const char c : text) quoted.append(c == '"' ? 2 : 1, c);
-  return quoted + "\"";
+// A report holds texts alone: what reads as a number is left one.
+void append_cell(std::string& csv, const std::string& text, const CsvStyle& style) {
+  append_csv_cell(csv, reads_as_number(text) ? text : guarded(text), style);
 }
 
 }  // namespace
@@ -129,19 +127,24 @@ std::string table_text(const ReportData& report, const TableStyle& style) {
   return text + Table(report, style).text();
 }
 
-std::string csv_text(const ReportData& report) {
-  std::string text;
+std::string csv_text(const ReportData& report, const CsvStyle& style) {
+  std::string text(csv_start(style));
   for (std::size_t i = 0; i < report.columns.size(); ++i) {
-    text += (i == 0 ? "" : ",") + csv_cell(report.columns[i].caption);
+    if (i > 0) text += style.separator;
+    append_cell(text, report.columns[i].caption, style);
   }
-  return text + "\r\n" + csv_lines(report);
+  return text + "\r\n" + csv_lines(report, style);
 }
 
-std::string csv_lines(const ReportData& report) {
+std::string csv_lines(const ReportData& report, const CsvStyle& style) {
   std::string text;
   for (std::size_t at = 0; at < report.cells.size(); ++at) {
-    text += csv_cell(report.cells[at].text);
-    text += (at + 1) % report.columns.size() == 0 ? "\r\n" : ",";
+    append_cell(text, report.cells[at].text, style);
+    if ((at + 1) % report.columns.size() == 0) {
+      text += "\r\n";
+    } else {
+      text += style.separator;
+    }
   }
   return text;
 }

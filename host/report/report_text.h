@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/business/list_report.h"
+#include "host/text/csv_cells.h"
 
 namespace quor {
 
@@ -19,10 +20,12 @@ struct TableStyle {
 // characters. A column with a red cell has a place for its mark behind every cell.
 std::string table_text(const ReportData& report, const TableStyle& style);
 
-// RFC 4180, UTF-8, parted by commas, lines ended by CR LF: the captions and the lines, without title, colours or marks.
-std::string csv_text(const ReportData& report);
+// RFC 4180, UTF-8, lines ended by CR LF: the captions and the lines, without title, colours or marks. No cell is a
+// formula to a spreadsheet (csv_cells.h). Several reports make one text: the first by csv_text, the others by
+// csv_lines.
+std::string csv_text(const ReportData& report, const CsvStyle& style = kProgramCsv);
 // The lines alone.
-std::string csv_lines(const ReportData& report);
+std::string csv_lines(const ReportData& report, const CsvStyle& style = kProgramCsv);
 
 // {"title":…,"headings":[…],"columns":[{"key":…,"caption":…}],"lines":[[…]],"red":[{"line":…,"key":…}]}: every cell a
 // text, lines counted from 0.

@@ -29,21 +29,52 @@ TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
   database->execute("INSERT INTO categories (id, guid, name, row_version) VALUES (1, 'G', NULL, 5), (2, 'H', '', 6)");
   database->execute(
       "INSERT INTO category_rows (id, guid, category_id, date_from, factor) VALUES (2, 'a', 1, 39478, 0.1),"
-      " (1, 'b', 1, NULL, NULL), (3, 'c', 2, 38383, 61.725010000000005), (4, 'd', 2, 2, 1e-300), (5, 'e', 2, 401768, "
+      " (1, 'b', 1, NULL, NULL), (3, 'c', 2, 38383, 61.725010000000005), (4, 'd', 2, 2, 1e-7), (5, 'e', 2, 401768, "
       "3)");
   database->execute("INSERT INTO employees (id, department_id, name, sort_key, row_version) VALUES (1, 1, 'A', '', 1)");
-  database->execute("INSERT INTO month_faults (employee_id, month, reason) VALUES (1, 39448, :p0)", {"r\r\nn\nq\r"});
+  database->execute("INSERT INTO month_faults (employee_id, month, reason) VALUES (1, 39448, :p0)", {"=r\r\nn\nq\r"});
   EXPECT_EQ(exported(*database, "categories"), "id,guid,name\r\n1,G,\r\n2,H,\"\"\r\n");
   EXPECT_EQ(exported(*database, "category_rows"),
             "id,guid,category_id,date_from,factor\r\n1,b,1,,\r\n2,a,1,2008-01-31,0.1\r\n"
-            "3,c,2,2005-01-31,61.725010000000005\r\n4,d,2,1900-01-01,1e-300\r\n5,e,2,2999-12-31,3\r\n");
-  EXPECT_EQ(exported(*database, "month_faults"), "employee_id,month,reason\r\n1,2008-01,\"r\r\nn\nq\r\"\r\n");
+            "3,c,2,2005-01-31,61.725010000000005\r\n4,d,2,1900-01-01,0.0000001\r\n5,e,2,2999-12-31,3\r\n");
+  EXPECT_EQ(exported(*database, "month_faults"), "employee_id,month,reason\r\n1,2008-01,\"'=r\r\nn\nq\r\"\r\n");
 
   const TemporaryFolder folder;
   const auto again = Database::create(":memory:");
   export_company(*database, folder.path("a"));
   import_tables(*again, sources_of_folder(folder.path("a")), "x");
   for (const char* table : {"constant_types", "categories", "category_rows", "month_faults"})
+    EXPECT_EQ(exported(*again, table), exported(*database, table));
+}
+
+TEST(CsvExport, GivesNoSpreadsheetAFormulaAndEveryTextBack) {
+  const struct {
+    const char* text;
+    const char* cell;
+  } kCases[] = {{"=1+1", "'=1+1"},    {"+370", "'+370"}, {"-5,25", "\"'-5,25\""}, {"@a", "'@a"},
+                {"\tx", "'\tx"},      {"\r", "\"'\r\""}, {"'=1", "''=1"},         {"''-", "'''-"},
+                {"'90 m.", "'90 m."}, {"''", "''"},      {"a=1", "a=1"},          {" =1", " =1"}};
+  const auto database = Database::create(":memory:");
+  std::string expected = "id,code,name\r\n";
+  std::int32_t id = 0;
+  for (const auto& c : kCases) {
+    database->execute("INSERT INTO constant_types (id, code, name) VALUES (:p0, :p1, :p2)",
+                      {++id, std::to_string(id), c.text});
+    expected += std::to_string(id) + "," + std::to_string(id) + "," + c.cell + "\r\n";
+  }
+  EXPECT_EQ(exported(*database, "constant_types"), expected);
+
+  database->execute(
+      "INSERT INTO constant_values (id, constant_type_id, date_from, value) VALUES (1, 1, 39478, 100000), (2, 2, 1, "
+      "-5.25)");
+  const ExchangedTable& values = *find_exchanged_table("constant_values");
+  EXPECT_EQ(export_table(*database, values, kSpreadsheetCsv),
+            "\xEF\xBB\xBFid;constant_type_id;date_from;value\r\n1;1;2008-01-31;100000\r\n2;2;1899-12-31;-5,25\r\n");
+  const TemporaryFolder folder;
+  export_company(*database, folder.path("a"), kSpreadsheetCsv);
+  const auto again = Database::create(":memory:");
+  import_tables(*again, sources_of_folder(folder.path("a")), "x");
+  for (const char* table : {"constant_types", "constant_values"})
     EXPECT_EQ(exported(*again, table), exported(*database, table));
 }
 

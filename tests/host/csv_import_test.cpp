@@ -189,6 +189,9 @@ TEST_P(CsvImport, TellsEveryFaultWithItsLineAndWritesNothing) {
        {"departments", kDepartments + "3,,\"A\r\nB\nC\"\r\n\r\nx,,D\n"},
        "departments.csv:2: stulpelis „name“ (pavadinimas): " + kControl +
            "\ndepartments.csv:6: stulpelis „id“: „x“ nėra ID (sveikasis skaičius nuo 1 iki 2000000000)"},
+      {"lines that end in CR alone",
+       {"departments", "id,parent_id,name\r3,,C\r\rx,,D\r"},
+       "departments.csv:4: stulpelis „id“: „x“ nėra ID (sveikasis skaičius nuo 1 iki 2000000000)"},
       {"a cell that begins below its record",
        {"constant_types", "code,name,id\n\"X\nY\",\"x\n\",z\n"},
        "constant_types.csv:2: stulpelis „code“ (kodas): " + kControl +

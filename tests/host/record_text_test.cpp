@@ -48,9 +48,15 @@ TEST(RecordText, CsvIsForPrograms) {
   const auto texts = record_set({{"a", FieldType::kText}}, {{"x;y"}, {"a\nb"}, {"2008.01.31"}, {"1,5"}, {""}});
   EXPECT_EQ(csv_text(*texts, {{"a", "Galva, \"pirma\""}}),
             "\"Galva, \"\"pirma\"\"\"\r\n\"x;y\"\r\n\"a\nb\"\r\n2008.01.31\r\n\"1,5\"\r\n\r\n");
-  const auto numbers = record_set({{"a", FieldType::kDouble}}, {{0.1}, {1.0 / 3.0}, {1e15}, {-0.5}});
-  EXPECT_EQ(csv_text(*numbers, {{"a", "a", 2}}), "a\r\n0.1\r\n0.3333333333333333\r\n1e+15\r\n-0.5\r\n")
+  const auto numbers = record_set({{"a", FieldType::kDouble}}, {{0.1}, {1.0 / 3.0}, {1e15}, {-0.5}, {5e-7}});
+  EXPECT_EQ(csv_text(*numbers, {{"a", "a", 2}}),
+            "a\r\n0.1\r\n0.3333333333333333\r\n1000000000000000\r\n-0.5\r\n0.0000005\r\n")
       << "numbers are whole, whatever the table rounds";
+  const auto cells = record_set({{"a", FieldType::kText}, {"b", FieldType::kDouble}},
+                                {{"=1+1", -0.25}, {"-5,25", 1e5}, {"-", 0.1}, {"a;b", 7.0}});
+  EXPECT_EQ(csv_text(*cells, {{"a", "a"}, {"b", "b"}}, kSpreadsheetCsv),
+            "\xEF\xBB\xBF"
+            "a;b\r\n'=1+1;-0,25\r\n-5,25;100000\r\n'-;0,1\r\n\"a;b\";7\r\n");
 }
 
 }  // namespace
