@@ -1,6 +1,7 @@
 #include "host/console/commands.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -11,6 +12,7 @@
 #include "host/console/json_values.h"
 #include "host/console/session.h"
 #include "host/sample/sample_company.h"
+#include "host/store/addresses.h"
 
 namespace quor {
 
@@ -18,16 +20,20 @@ namespace {
 
 Json read_json_file(const std::string& file) {
   std::ifstream in(file, std::ios::binary);
-  if (!in) throw std::runtime_error("Nepavyksta perskaityti failo „" + file + "“.");
-  Json json = Json::parse(in, nullptr, /*allow_exceptions=*/false);
-  if (json.is_discarded()) throw std::runtime_error("Faile „" + file + "“ nėra taisyklingo JSON.");
+  const std::string quoted = "„" + shown_address(file) + "“";
+  if (!in || std::filesystem::is_directory(file))
+    throw std::runtime_error("Nepavyksta perskaityti failo " + quoted + ".");
+  Json json = parse_json({std::istreambuf_iterator<char>(in), {}}, "Failo " + quoted + " JSON");
+  if (json.is_discarded()) throw std::runtime_error("Faile " + quoted + " nėra taisyklingo JSON.");
   return json;
 }
+
+bool names_file(const std::string& argument) { return argument.starts_with('@') && argument.ends_with(".json"); }
 
 // "@FILE.json", or "@NAME" and "@NAME:PARAMETER".
 Variant record_set_argument(const std::string& text, Session& session) {
   const std::string source = text.substr(1);
-  if (source.ends_with(".json")) return record_set_from_json(read_json_file(source));
+  if (names_file(text)) return record_set_from_json(read_json_file(source));
   const std::size_t colon = source.find(':');
   const std::string parameter = colon == std::string::npos ? kNoParameter : source.substr(colon + 1);
   return session.named_record_set(source.substr(0, colon), parameter);
@@ -37,7 +43,7 @@ Variant record_set_argument(const std::string& text, Session& session) {
 Variant argument(const std::string& text, Session& session) {
   if (text.starts_with('@')) return record_set_argument(text, session);
   const bool blank_around = text.empty() || text.find_first_of(" \t\r\n") != std::string::npos;
-  const Json json = blank_around ? Json(nullptr) : Json::parse(text, nullptr, /*allow_exceptions=*/false);
+  const Json json = blank_around ? Json(nullptr) : parse_json(text, "Argumento JSON");
   if (json.is_boolean()) return json.get<bool>();
   if (json.is_number_integer()) {
     const auto whole = json.get<std::int64_t>();
@@ -87,10 +93,19 @@ ExitStatus run(const InitCommand& command, const CommonOptions& options, std::os
   if (command.employees < 1)
     throw UsageError("Darbuotojų turi būti bent vienas, nurodyta --employees " + std::to_string(command.employees) +
                      ".");
-  const auto database = Database::create(options.company);
-  make_sample_company(*database, {.employees = command.employees, .seed = command.seed, .progress = {}});
+  const auto database = Database::create(options.company, [&](Database& made) {
+    fill_sample_company(made, {.employees = command.employees, .seed = command.seed, .progress = {}});
+  });
   out << "Sukurta pavyzdinė įmonė „" << database->name() << "“: darbuotojų " << command.employees << ".\n";
   return ExitStatus::kDone;
+}
+
+std::vector<std::string> files_read(const CallCommand& command) {
+  std::vector<std::string> files;
+  for (const std::string& argument : command.arguments) {
+    if (names_file(argument)) files.push_back(argument.substr(1));
+  }
+  return files;
 }
 
 ExitStatus run(const CallCommand& command, const CommonOptions& options, std::ostream& out) {

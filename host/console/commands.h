@@ -50,6 +50,9 @@ struct MonthCommand {
   std::optional<std::string> reason;   // why it is opened again
 };
 
+// Which files the command reads, by its words alone. The other commands read none but the company.
+std::vector<std::string> files_read(const CallCommand& command);
+
 ExitStatus run(const InitCommand& command, const CommonOptions& options, std::ostream& out);
 ExitStatus run(const CallCommand& command, const CommonOptions& options, std::ostream& out);
 ExitStatus run(const GetCommand& command, const CommonOptions& options, std::ostream& out);

@@ -65,7 +65,33 @@ const Json& member(const Json& json, const char* name) {
   return json[name];
 }
 
+// Levels of lists and objects, told by their brackets outside of texts.
+int depth_of(const std::string& text) {
+  int depth = 0, deepest = 0;
+  bool quoted = false;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const char c = text[at];
+    if (quoted && c == '\\') {
+      ++at;
+    } else if (c == '"') {
+      quoted = !quoted;
+    } else if (!quoted && (c == '[' || c == '{')) {
+      deepest = std::max(deepest, ++depth);
+    } else if (!quoted && (c == ']' || c == '}')) {
+      --depth;
+    }
+  }
+  return deepest;
+}
+
 }  // namespace
+
+Json parse_json(const std::string& text, const std::string& what) {
+  if (depth_of(text) > kDeepestJson) {
+    throw Error(ErrorKind::kOverflow, what + " įdėtas giliau kaip " + std::to_string(kDeepestJson) + " lygiai.");
+  }
+  return Json::parse(text, nullptr, /*allow_exceptions=*/false);
+}
 
 Json to_json(const Variant& value) {
   using Kind = Variant::Kind;

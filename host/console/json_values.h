@@ -15,6 +15,13 @@ namespace quor {
 
 using Json = nlohmann::ordered_json;
 
+// A text that holds JSON nested deeper is refused: nothing here needs more, and every level of it takes a piece of the
+// program's stack.
+inline constexpr int kDeepestJson = 64;
+
+// The JSON that the text is, discarded when it is none. Throws quor::Error that names `what` when it is nested deeper.
+Json parse_json(const std::string& text, const std::string& what);
+
 Json to_json(const Variant& value);
 Json to_json(Recordset& rows);  // of the view; the cursor ends after the last row
 

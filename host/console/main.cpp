@@ -2,7 +2,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <iostream>
 #include <sstream>
@@ -11,8 +10,10 @@
 #include "host/console/commands.h"
 #include "host/console/desktop_command.h"
 #include "host/console/exchange_commands.h"
+#include "host/console/program_files.h"
 #include "host/console/report_commands.h"
-#include "host/store/database.h"
+#include "host/store/addresses.h"
+#include "host/store/whole_file.h"
 #include "platform/data/error.h"
 
 namespace {
@@ -29,11 +30,33 @@ std::string default_plugin() {
 // The commands that print on paper, too.
 constexpr char kPreview[] = "preview";
 constexpr char kPrint[] = "print";
+constexpr char kExport[] = "export";
+
+// The parser takes a word in brackets for a list, divides it at its commas and calls itself for every level. Here such
+// a word is a word: it travels behind this sign.
+constexpr char kWholeWord = '\x01';
+
+std::string whole_word(const std::string& word) { return word.starts_with('[') ? kWholeWord + word : word; }
+std::string as_written(const std::string& word) { return word.starts_with(kWholeWord) ? word.substr(1) : word; }
+
+void parse_whole_words(CLI::App& app, int argc, char** argv) {
+  std::vector<CLI::App*> apps = app.get_subcommands(nullptr);
+  apps.push_back(&app);
+  for (CLI::App* each : apps) {
+    for (CLI::Option* option : each->get_options()) {
+      if (option->get_items_expected_max() > 0) option->transform(as_written);
+    }
+  }
+  std::vector<std::string> words;  // the parser takes them last first
+  for (int at = argc - 1; at > 0; --at) words.push_back(whole_word(argv[at]));
+  app.parse(std::move(words));
+}
 
 // The words that no command understood, quoted.
 std::string quoted_words(const std::vector<std::string>& words) {
   std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "„" : ", „") + word + "“";
+  for (const std::string& word : words)
+    text += (text.empty() ? "„" : ", „") + quor::shown_address(as_written(word)) + "“";
   return text;
 }
 
@@ -73,17 +96,16 @@ ExitStatus guarded(const std::function<ExitStatus()>& command) {
   }
 }
 
+ExitStatus printed(ExitStatus status) {
+  return std::cout.flush() ? status : fail(ExitStatus::kFailed, "nepavyksta išvesti rezultato");
+}
+
 // The result goes to the file whole, or not at all.
 ExitStatus write_result(const quor::CommonOptions& options, const std::function<ExitStatus(std::ostream&)>& command) {
-  if (options.output.empty()) {
-    const ExitStatus status = command(std::cout);
-    return std::cout.flush() ? status : fail(ExitStatus::kFailed, "nepavyksta išvesti rezultato");
-  }
+  if (options.output.empty()) return printed(command(std::cout));
   std::ostringstream result;
   const ExitStatus status = command(result);
-  std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
-  file << result.str() << std::flush;
-  if (!file) return fail(ExitStatus::kFailed, "nepavyksta įrašyti failo „" + options.output + "“");
+  quor::write_whole_file(options.output, result.str());
   return status;
 }
 
@@ -111,12 +133,13 @@ void add_common_options(CLI::App& app, quor::CommonOptions& options) {
   app.add_option("--plugin", options.plugin, "įskiepio biblioteka")->envname("QUOR_PLUGIN");
   app.add_option("--user", options.user, "naudotojo vardas")->envname("QUOR_USER");
   app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
-  app.add_option("--format", options.format, "table, csv arba json; preview ir print dar pdf");
+  app.add_option("--format", options.format,
+                 "table, csv, csv-semicolon (skaičiuoklei) arba json; preview ir print dar pdf");
   app.add_option("--output", options.output, "failas, į kurį rašomas rezultatas");
 }
 
 void check_format(const quor::CommonOptions& options, const std::string& command) {
-  std::vector<std::string> formats = {"table", "csv", "json"};
+  std::vector<std::string> formats = {"table", "csv", "csv-semicolon", "json"};
   if (command == kPreview || command == kPrint) formats.emplace_back("pdf");
   if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) return;
   std::string text = "nežinomas formatas „" + options.format + "“: yra ";
@@ -124,8 +147,20 @@ void check_format(const quor::CommonOptions& options, const std::string& command
   throw quor::UsageError(text);
 }
 
-// The command that the words name, ready to run.
-using Command = std::function<ExitStatus(std::ostream&)>;
+// The command that the words name, ready to run, and the files that it reads and writes beside its result.
+struct Command {
+  std::function<ExitStatus(std::ostream&)> run;
+  std::function<std::vector<std::string>()> read, written;
+};
+
+template <typename Words>
+std::vector<std::string> files_read(const Words& /*none*/) {
+  return {};
+}
+template <typename Words>
+std::vector<std::string> files_written(const Words& /*none*/) {
+  return {};
+}
 
 // Adds one subcommand whose words fill `words`; choosing it makes it the command.
 template <typename Words>
@@ -134,7 +169,11 @@ CLI::App& add_command(CLI::App& app, const std::string& name, const std::string&
   CLI::App& added = *app.add_subcommand(name, description);
   label_in_lithuanian(added);
   added.group("Komandos");
-  added.callback([&] { command = [&](std::ostream& out) { return run(words, options, out); }; });
+  added.callback([&] {
+    command = {.run = [&](std::ostream& out) { return run(words, options, out); },
+               .read = [&] { return files_read(words); },
+               .written = [&] { return files_written(words); }};
+  });
   return added;
 }
 
@@ -151,7 +190,8 @@ struct AllWords {
 };
 
 void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
-  CLI::App& take_out = add_command(app, "export", "išveda lentelę CSV pavidalu", words.export_table, options, command);
+  CLI::App& take_out = add_command(app, kExport, "išveda lentelę, jei nenurodyta kitaip – CSV pavidalu",
+                                   words.export_table, options, command);
   take_out.add_option("LENTELĖ", words.export_table.table, "lentelės vardas, pvz., worked_time");
   take_out.add_option("--all", words.export_table.folder, "aplankas, į kurį įrašomos visos lentelės");
 
@@ -208,6 +248,7 @@ void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& opt
 }  // namespace
 
 int main(int argc, char** argv) {
+  quor::hold_standard_streams();
   CLI::App app("Valstybės tarnautojų darbo užmokestis", "quor");
   app.require_subcommand(1);
   app.fallthrough();
@@ -221,16 +262,19 @@ int main(int argc, char** argv) {
   add_report_commands(app, words, options, command);
   add_exchange_commands(app, words, options, command);
   try {
-    app.parse(argc, argv);
+    parse_whole_words(app, argc, argv);
   } catch (const CLI::CallForHelp&) {
     std::cout << app.help();
-    return static_cast<int>(ExitStatus::kDone);
+    return static_cast<int>(printed(ExitStatus::kDone));
   } catch (const CLI::ParseError& error) {
     return static_cast<int>(fail(ExitStatus::kUsage, usage_text(app, error)));
   }
   words.desktop.company_named = app.get_option("--company")->count() > 0;
   return static_cast<int>(guarded([&] {
-    check_format(options, app.get_subcommands().front()->get_name());
-    return write_result(options, command);
+    const std::string name = app.get_subcommands().front()->get_name();
+    if (name == kExport && app.get_option("--format")->count() == 0) options.format = "csv";
+    check_format(options, name);
+    quor::refuse_harmful_output(options, command.read(), command.written());
+    return write_result(options, command.run);
   }));
 }

@@ -56,6 +56,14 @@ TEST(JsonValues, ARecordSetComesBackAsItWent) {
             0);
 }
 
+TEST(JsonValues, WhatIsNestedTooDeepIsRefusedBeforeItIsRead) {
+  const auto nested = [](std::size_t levels) { return std::string(levels, '[') + std::string(levels, ']'); };
+  EXPECT_TRUE(parse_json(nested(64), "x").is_array());
+  EXPECT_TRUE(parse_json("[\"" + nested(99) + "\\\"[\"," + nested(63) + ",[[]]]", "x").is_array()) << "texts, siblings";
+  for (const std::string& deep : {nested(65), nested(100000), "[{\"a\":" + nested(63) + "}]", std::string(100000, '[')})
+    EXPECT_EQ(error_text([&] { parse_json(deep, "Failo „a“ JSON"); }), "Failo „a“ JSON įdėtas giliau kaip 64 lygiai.");
+}
+
 TEST(JsonValues, WhatIsNoRecordSetIsRefusedByItsWordOrValue) {
   const std::pair<const char*, const char*> no_sets[] = {
       {"5", "fields"},
