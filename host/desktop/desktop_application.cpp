@@ -1,5 +1,6 @@
 #include "host/desktop/desktop_application.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QGuiApplication>
 
@@ -48,7 +49,11 @@ void DesktopApplication::show_modal(Form& form) {
   form.unload();
 }
 
-void DesktopApplication::run_pending_events() { QCoreApplication::processEvents(); }
+// What the user does meanwhile waits: it is meant for what he will see then. What waits wakes nobody by itself.
+void DesktopApplication::run_pending_events() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  QAbstractEventDispatcher::instance()->wakeUp();
+}
 
 void DesktopApplication::place_on_desk_top(const std::string& object, std::shared_ptr<Form> editor) {
   Application::place_on_desk_top(object, editor);

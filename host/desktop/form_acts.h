@@ -13,8 +13,11 @@ class FormActs {
  public:
   virtual ~FormActs() = default;
 
-  // Runs a user's act at the edge; nothing once the view has let go of its form.
+  // Runs a user's act at the edge; nothing once the view has let go of its form. A widget's handler ends with it: the
+  // act may have opened dialogs.
   virtual void act(const std::function<void()>& what) = 0;
+  // The same for a command, which may open a dialog: nothing while another act runs, whose dialog is the one open.
+  virtual void command(const std::function<void()>& what) = 0;
   virtual void keystroke(const std::function<void()>& what) = 0;
   // Whether an act runs now: what the focus does meanwhile is the form's doing.
   virtual bool acting() const = 0;

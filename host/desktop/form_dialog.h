@@ -15,7 +15,6 @@ class FormDialog : public QDialog {
 
   FormView& view() { return *view_; }
 
- public:
   // The close box, and Esc where no button takes it: the form hears of it and decides.
   void reject() override;
 

@@ -2,8 +2,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMenu>
-#include <QPointer>
 #include <QScopedValueRollback>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -13,6 +11,7 @@
 #include "host/desktop/date_edit.h"
 #include "host/desktop/form_layout.h"
 #include "host/desktop/mnemonics.h"
+#include "host/desktop/passing_menu.h"
 #include "host/desktop/text_box_edit.h"
 
 namespace quor {
@@ -97,9 +96,9 @@ void FormView::watch_menus() {
     auto* const menu = dynamic_cast<PopupMenu*>(control);
     if (menu == nullptr) continue;
     menus_.push_back(menu);
-    // The handler that has opened it goes on first; a command chosen by its key has closed it by then.
+    // The handler that has opened it goes on first.
     menu->observe([this, menu](ControlChange) {
-      if (menu->is_open())
+      if (menu->is_open() && !menus_unseen_)
         QMetaObject::invokeMethod(
             this, [this, menu] { show_menu(*menu); }, Qt::QueuedConnection);
     });
@@ -160,20 +159,24 @@ void FormView::show_captions() {
 
 // ---- the user's acts
 
-void FormView::act(const std::function<void()>& what) {
-  if (released_) return;
+bool FormView::run(bool (Edge::*at)(QWidget*, const std::function<void()>&), const std::function<void()>& what) {
+  if (released_) return false;
   const QPointer<FormView> self(this);
   ++acts_;
-  edge_.act(this, what);
-  if (self) --acts_;
+  (edge_.*at)(this, what);
+  return self && --acts_ == 0 && !released_;
+}
+
+void FormView::act(const std::function<void()>& what) {
+  if (run(&Edge::act, what) && on_acted) on_acted();
 }
 
 void FormView::keystroke(const std::function<void()>& what) {
-  if (released_) return;
-  const QPointer<FormView> self(this);
-  ++acts_;
-  edge_.keystroke(this, what);
-  if (self) --acts_;
+  if (run(&Edge::keystroke, what) && on_keystroke) on_keystroke();
+}
+
+void FormView::command(const std::function<void()>& what) {
+  if (acts_ == 0) act(what);
 }
 
 void FormView::add_keys() {
@@ -186,11 +189,19 @@ void FormView::add_keys() {
       if (each.role == ButtonRole::kAccept && !used) widget->setDefault(true);
       used = true;
     }
-    if (!used || each.in_dialogs_only) continue;
-    auto* const shortcut = new QShortcut(each.key, this);
-    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, this, [this, role = each.role] { press_first(role); });
+    if (used && !each.in_dialogs_only) add_shortcut(each.key, each.role);
   }
+  // What a dialog accepts it writes, or hands over to be written.
+  const auto writes = [](const auto& each) { return each.first->role() == ButtonRole::kWrite; };
+  if (place_ == Place::kDialog && std::none_of(buttons_.begin(), buttons_.end(), writes)) {
+    add_shortcut(Qt::CTRL | Qt::Key_S, ButtonRole::kAccept);
+  }
+}
+
+void FormView::add_shortcut(const QKeySequence& key, ButtonRole role) {
+  auto* const shortcut = new QShortcut(key, this);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(shortcut, &QShortcut::activated, this, [this, role] { press_first(role); });
 }
 
 // What no control has used for itself.
@@ -209,26 +220,49 @@ void FormView::keyPressEvent(QKeyEvent* event) {
   if (!used) QWidget::keyPressEvent(event);
 }
 
-bool FormView::press_first(ButtonRole role) {
+CommandButton* FormView::first_button(ButtonRole role) const {
   for (const auto& [button, widget] : buttons_) {
-    if (button->role() != role || !button->enabled() || !button->visible()) continue;
-    press(*button);
-    return true;
+    if (button->role() == role && button->enabled() && button->visible()) return button;
   }
-  return false;
+  return nullptr;
+}
+
+bool FormView::press_first(ButtonRole role) {
+  CommandButton* const button = first_button(role);
+  if (button != nullptr) press(*button);
+  return button != nullptr;
+}
+
+void FormView::press(CommandButton& button) {
+  if (acts_ == 0) finish_and_click(button);
+}
+
+void FormView::write() {
+  if (CommandButton* const button = first_button(ButtonRole::kWrite)) finish_and_click(*button);
+}
+
+// The window's, too, while a question stands before it.
+QWidget* FormView::focused_inside() const {
+  QWidget* const focused = window()->focusWidget();
+  return focused != nullptr && isAncestorOf(focused) ? focused : nullptr;
+}
+
+void FormView::finish_typing() {
+  if (auto* const date = dynamic_cast<DateEdit*>(focused_inside())) date->interpretText();
 }
 
 // A button pressed by a key has not taken the focus: what is typed in the box that has it is finished first.
-void FormView::press(CommandButton& button) {
-  QWidget* const focused = QApplication::focusWidget();
-  const bool inside = focused != nullptr && isAncestorOf(focused);
-  const QPointer<TextBoxEdit> box(inside ? dynamic_cast<TextBoxEdit*>(focused) : nullptr);
-  if (auto* const date = inside ? dynamic_cast<DateEdit*>(focused) : nullptr) date->interpretText();
+void FormView::finish_and_click(CommandButton& button) {
+  const QPointer<FormView> self(this);
+  const QPointer<TextBoxEdit> box(dynamic_cast<TextBoxEdit*>(focused_inside()));
+  const ButtonRole role = button.role();
+  finish_typing();
   act([&] {
     if (box) box->leave_box();
     button.click();
   });
   if (box && box->hasFocus()) keystroke([&] { box->enter_box(); });
+  if (self && !released_ && on_pressed) on_pressed(role);
 }
 
 // ---- menus
@@ -237,13 +271,17 @@ bool FormView::choose_by_key(ListView& list, MenuKey key) {
   const bool known =
       std::any_of(menus_.begin(), menus_.end(), [&](const PopupMenu* menu) { return item_of(*menu, key); });
   if (!known) return false;
-  MenuItem* chosen = nullptr;
+  if (acts_ > 0) return true;
+  bool has_command = false;
   act([&] {
-    list.right_click(list.selected());
-    for (PopupMenu* menu : menus_) {
+    {
+      const QScopedValueRollback<bool> unseen(menus_unseen_, true);
+      list.right_click(list.selected());
+    }
+    for (PopupMenu* menu : std::vector<PopupMenu*>(menus_)) {
       if (!menu->is_open()) continue;
       MenuItem* const item = item_of(*menu, key);
-      if (item != nullptr && chosen == nullptr) chosen = item;
+      has_command = has_command || item != nullptr;
       if (item != nullptr && item->enabled() && item->visible()) {
         item->choose();
       } else {
@@ -251,29 +289,25 @@ bool FormView::choose_by_key(ListView& list, MenuKey key) {
       }
     }
   });
-  return chosen != nullptr;
+  return has_command;
 }
 
+// One menu at a time, and none over a dialog of the form.
 void FormView::show_menu(PopupMenu& menu) {
   if (!menu.is_open() || released_) return;
-  auto* const shown = new QMenu(this);
-  const auto chosen = std::make_shared<bool>(false);
+  const auto dismiss = [this, &menu] { act([&menu] { menu.dismiss(); }); };
+  if (acts_ > 0 || shown_menu_) {
+    dismiss();
+    return;
+  }
+  auto* const shown = new PassingMenu(this);
   for (MenuItem* item : menu.items()) {
     if (!item->visible()) continue;
-    QAction* const action =
-        shown->addAction(without_mnemonic(QString::fromStdString(item->caption())) + key_name(item->key()));
-    action->setEnabled(item->enabled());
-    connect(action, &QAction::triggered, this, [this, item, chosen] {
-      *chosen = true;
-      act([item] { item->choose(); });
-    });
+    const QString caption = without_mnemonic(QString::fromStdString(item->caption())) + key_name(item->key());
+    shown->add_choice(caption, [this, item] { act([item] { item->choose(); }); })->setEnabled(item->enabled());
   }
-  // It hides before it tells what was chosen.
-  const auto hidden = [this, &menu, shown, chosen] {
-    shown->deleteLater();
-    if (!*chosen) act([&menu] { menu.dismiss(); });
-  };
-  connect(shown, &QMenu::aboutToHide, this, hidden, Qt::QueuedConnection);
+  shown->on_dismissed(dismiss);
+  shown_menu_ = shown;
   shown->popup(menu_place_.isNull() ? QCursor::pos() : menu_place_);
   menu_place_ = {};
 }

@@ -6,10 +6,11 @@
 //   released   release(), before the form is unloaded: nothing reaches the form any more
 //
 // Acts may be on their way through the view when the form asks to be closed: whoever shows it deletes it with
-// deleteLater(), or after the loop in which it ran.
+// deleteLater(), and never in the loop of a dialog that such an act has opened.
 #pragma once
 
 #include <QGroupBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 #include <map>
@@ -23,6 +24,7 @@
 namespace quor {
 
 class FormLayout;
+class PassingMenu;
 
 class FormView : public QWidget, private FormActs {
  public:
@@ -40,8 +42,18 @@ class FormView : public QWidget, private FormActs {
   QWidget* widget_of(const Control& control) const;
   // Gives the focus to the first control in which something can be entered.
   void focus_first();
+  // What is typed into a date counts when the date is left; this is such a moment.
+  void finish_typing();
+  // Whether the form offers to write now; and writes, as its button does.
+  bool can_write() const { return first_button(ButtonRole::kWrite) != nullptr; }
+  void write();
   // See the table; a second call does nothing.
   void release();
+
+  // Told after each act of the user; after each key typed and the like; and after each button pressed.
+  std::function<void()> on_acted;
+  std::function<void()> on_keystroke;
+  std::function<void(ButtonRole)> on_pressed;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +62,7 @@ class FormView : public QWidget, private FormActs {
   class Widgets;
 
   void act(const std::function<void()>& what) override;
+  void command(const std::function<void()>& what) override;
   void keystroke(const std::function<void()>& what) override;
   bool acting() const override { return acts_ > 0; }
   void open_menus_at(const QPoint& place) override { menu_place_ = place; }
@@ -58,14 +71,20 @@ class FormView : public QWidget, private FormActs {
   QWidget* make_widget(Control& control, QWidget* parent);
   void watch_menus();
   void add_keys();
+  void add_shortcut(const QKeySequence& key, ButtonRole role);
   void keep_tab_order();
 
   void show_change(Control& control, ControlChange change);
   void show_labels();
   void show_captions();
 
+  // True when it has run and the view still shows its form.
+  bool run(bool (Edge::*at)(QWidget*, const std::function<void()>&), const std::function<void()>& what);
+  CommandButton* first_button(ButtonRole role) const;
   bool press_first(ButtonRole role);
   void press(CommandButton& button);
+  QWidget* focused_inside() const;
+  void finish_and_click(CommandButton& button);
   void show_menu(PopupMenu& menu);
 
   Form& form_;
@@ -77,7 +96,9 @@ class FormView : public QWidget, private FormActs {
   std::vector<std::pair<CommandButton*, QPushButton*>> buttons_;
   std::vector<PopupMenu*> menus_;
   QPoint menu_place_;
-  int acts_ = 0;  // on the stack
+  QPointer<PassingMenu> shown_menu_;
+  bool menus_unseen_ = false;  // a menu that opens is used without being shown
+  int acts_ = 0;               // on the stack
   bool released_ = false;
 };
 

@@ -157,7 +157,7 @@ void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     QTreeView::mouseDoubleClickEvent(event);
     return;
   }
-  acts_.act([this, row = row_at(event->pos())] { list_.double_click(row); });
+  acts_.command([this, row = row_at(event->pos())] { list_.double_click(row); });
 }
 
 void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
@@ -172,7 +172,7 @@ void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
     place = viewport()->mapToGlobal(QPoint(20, 20));
   }
   acts_.open_menus_at(place);
-  acts_.act([&] { list_.right_click(row); });
+  acts_.command([&] { list_.right_click(row); });
 }
 
 void ListViewWidget::keyPressEvent(QKeyEvent* event) {
@@ -203,7 +203,7 @@ bool ListViewWidget::open_row() {
   if (!list_.selected()) return false;
   if (acts_.choose_by_key(list_, MenuKey::kEnter)) return true;
   if (!list_.on_double_click) return false;
-  acts_.act([this] { list_.double_click(list_.selected()); });
+  acts_.command([this] { list_.double_click(list_.selected()); });
   return true;
 }
 

@@ -166,22 +166,16 @@ void MainWindow::refresh_all() {
 // ---- menus of objects, types and groups
 
 void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top) {
-  auto* const menu = new QMenu(this);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
+  auto menu = std::make_unique<PassingMenu>(this);
   act([&] {
     add_entries(*menu, menu_of(application_, place), place,
                 [this](const MenuPlace& chosen, const std::string& entry) { choose(chosen, entry); });
   });
   if (on_desk_top) {
     menu->addSeparator();
-    connect(menu->addAction("Nuimti nuo darbo stalo\tDel"), &QAction::triggered, this,
-            [this, key = place.object] { take_off_desk_top(key); });
+    menu->add_choice("Nuimti nuo darbo stalo\tDel", [this, key = place.object] { take_off_desk_top(key); });
   }
-  if (menu->isEmpty()) {
-    delete menu;
-  } else {
-    menu->popup(at);
-  }
+  if (!menu->isEmpty()) menu.release()->popup(at);
 }
 
 // The entry that opens an object says that it puts it on the desk top, too.

@@ -28,7 +28,7 @@ std::string entry_captioned(const std::vector<MenuEntry>& entries, const std::st
 }
 
 // Qt shows no separator at an end.
-void add_entries(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place,
+void add_entries(PassingMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place,
                  const ChooseEntry& choose) {
   for (const MenuEntry& entry : entries) {
     if (entry.Caption == "-") {
@@ -38,8 +38,7 @@ void add_entries(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuP
     QString caption = without_mnemonic(QString::fromStdString(entry.Caption));
     if (entry.Caption == kNewCaption) caption += "\tIns";
     if (entry.Caption == kDeleteCaption) caption += "\tDel";
-    QObject::connect(menu.addAction(caption), &QAction::triggered, &menu,
-                     [choose, place, id = entry.Identifier] { choose(place, id); });
+    menu.add_choice(caption, [choose, place, id = entry.Identifier] { choose(place, id); });
   }
 }
 

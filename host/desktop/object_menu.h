@@ -2,13 +2,13 @@
 // UI answers for the place that was clicked.
 #pragma once
 
-#include <QMenu>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "frame/contract/quor_object_ui.h"
 #include "host/desktop/desktop_application.h"
+#include "host/desktop/passing_menu.h"
 
 namespace quor {
 
@@ -40,7 +40,8 @@ std::string entry_captioned(const std::vector<MenuEntry>& entries, const std::st
 // Told which entry of which place was chosen.
 using ChooseEntry = std::function<void(const MenuPlace& place, const std::string& entry)>;
 // Adds the entries to the menu.
-void add_entries(QMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place, const ChooseEntry& choose);
+void add_entries(PassingMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place,
+                 const ChooseEntry& choose);
 
 // The objects of a type; null when there is no such list, and after a failure, which the user has been shown.
 std::shared_ptr<Recordset> list_of_type(DesktopApplication& application, const std::string& object_type);

@@ -4,8 +4,9 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QScopedValueRollback>
+
+#include "host/desktop/passing_menu.h"
 
 namespace quor {
 
@@ -160,10 +161,9 @@ void TextBoxEdit::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void TextBoxEdit::contextMenuEvent(QContextMenuEvent* event) {
-  auto* const menu = new QMenu(this);
-  menu->setAttribute(Qt::WA_DeleteOnClose);
+  auto* const menu = new PassingMenu(this);
   const auto add = [&](const char* caption, QKeySequence::StandardKey key, bool enabled, auto run) {
-    QAction* const action = menu->addAction(caption, this, run);
+    QAction* const action = menu->add_choice(caption, run);
     action->setShortcut(key);
     action->setEnabled(enabled);
   };

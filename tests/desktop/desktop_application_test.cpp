@@ -2,6 +2,7 @@
 #include "host/desktop/desktop_application.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -161,6 +162,27 @@ TEST_F(DesktopApplicationTest, AReportIsPreviewedAndKept) {
   report->Show();
   EXPECT_TRUE(content("a.pdf").startsWith("%PDF-"));
   EXPECT_TRUE(content("a.csv").startsWith("Pavadinimas\r\nEilutė\r\n"));
+}
+
+// The screen answers a pointer that is moved with an event of the user.
+TEST_F(DesktopApplicationTest, WhatTheUserDoesWaitsWhilePendingEventsRun) {
+  class Watched : public QWidget {
+   public:
+    int moves = 0, painted = 0;
+    void mouseMoveEvent(QMouseEvent*) override { ++moves; }
+    void paintEvent(QPaintEvent*) override { ++painted; }
+  } window;
+  window.setMouseTracking(true);
+  window.resize(300, 300);
+  bring_up(window);
+  for (const int place : {50, 100, 150}) QCursor::setPos(window.mapToGlobal(QPoint(place, place)));
+  window.moves = window.painted = 0;
+  window.update();
+  QElapsedTimer since;
+  for (since.start(); since.elapsed() < 100;) application_.run_pending_events();
+  EXPECT_EQ(window.moves, 0);
+  EXPECT_GT(window.painted, 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.moves > 0; }));
 }
 
 // The editor as the plug-in makes it, in a dialog.

@@ -1,5 +1,7 @@
 // The lists of forms and their menus, used by mouse and keys in a real window.
+#include <QDialog>
 #include <QMenu>
+#include <QPointer>
 #include <QScrollBar>
 
 #include "tests/desktop/control_screen.h"
@@ -91,6 +93,30 @@ TEST_F(FormViewTest, AMenuOpensAtTheRowAndItsKeysWorkWithoutIt) {
   screen_.list.select_row({});
   press(Qt::Key_Return);
   EXPECT_EQ(heard(), "cmdOK ") << "no row to open: the dialog's own button";
+}
+
+TEST_F(FormViewTest, AChoiceRunsOnceItsMenuHasGoneAndNoMenuStandsOverItsDialog) {
+  const QPoint row = list().visualRect(list().model()->index(1, 1)).center();
+  QPointer<QWidget> menu;
+  screen_.edit.on_choose = [&] {
+    EXPECT_FALSE(menu) << "the menu outlives the choice";
+    QDialog(&view_).exec();
+  };
+  const auto close_alone = [](QWidget& dialog) {
+    QTest::qWait(50);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    dialog.close();
+  };
+  const auto choose = [&](QWidget& shown) {
+    menu = &shown;
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(&shown, key);
+  };
+  NextWindows windows({choose, close_alone, close_alone});
+  click(list().viewport(), Qt::RightButton, row);
+  QTest::qWait(100);
+  list().setFocus();
+  press(Qt::Key_Return);
+  EXPECT_EQ(heard(), "select right closed right closed ");
 }
 
 }  // namespace
