@@ -44,6 +44,8 @@ class frmOfficeEmployeeExtraCharges : public quor::Form {
   // For the opener afterwards: false once a charge was stored or deleted.
   bool mCancel = true;
 
+  std::string subject() const override { return SalaryPersonalOIDR; }
+
  private:
   void opening() override;
   void closing() override;

@@ -39,6 +39,8 @@ class frmOfficeEmployeePersonalExperience : public quor::Form {
   // For the opener afterwards: whether the cancel button closed the form.
   bool mCancel = false;
 
+  std::string subject() const override { return UserOIDR; }
+
  private:
   // What the length of service is computed from.
   struct Inputs {

@@ -71,6 +71,10 @@ PersonalChargeEditor::PersonalChargeEditor(QuorApplication& application, QuorObj
                      row({cmdWrite, cmdCancel})}));
 }
 
+std::string PersonalChargeEditor::subject() const {
+  return object_key(kEmployeeType, null_to_int32(charge_.Fields()["PersonalID"].Value()));
+}
+
 void PersonalChargeEditor::opening() {
   stored_ = false;
   lvwKind.clear();

@@ -37,6 +37,7 @@ class PersonalChargeEditor : public Form {
 
   // Whether the charge was stored since the dialog was opened.
   bool stored() const { return stored_; }
+  std::string subject() const override;
 
  private:
   void opening() override;

@@ -6,6 +6,7 @@
 
 #include "host/desktop/form_dialog.h"
 #include "host/desktop/message_box.h"
+#include "host/desktop/object_menu.h"
 #include "host/desktop/object_picker.h"
 #include "host/desktop/pointer.h"
 #include "host/desktop/report_preview.h"
@@ -40,6 +41,8 @@ void DesktopApplication::show_modal(Form& form) {
       const FreePointer pointer;
       FormDialog dialog(
           form, edge_, [this, &form] { return may_close(form); }, edge_.window());
+      const QString subject = form.subject().empty() ? QString() : object_name(*this, form.subject());
+      if (!subject.isEmpty()) dialog.setWindowTitle(dialog.windowTitle() + ": " + subject);
       dialog.exec();
     }
   } catch (...) {

@@ -11,11 +11,21 @@ namespace quor {
 
 class DesktopProcess : public QApplication {
  public:
-  // The edge outlives it. There must be a display: Qt ends the process where there is none.
+  // The edge outlives it. Where no display can be reached, says so on standard error and ends the process with status
+  // 1: Qt lets nobody go on.
   DesktopProcess(int& argc, char** argv, Edge& edge);
   bool notify(QObject* receiver, QEvent* event) override;
 
  private:
+  // What Qt says at its start is held back.
+  struct QuietStart {
+    QuietStart();
+    QuietStart(const QuietStart&) = delete;
+    QuietStart& operator=(const QuietStart&) = delete;
+    ~QuietStart();
+  };
+  DesktopProcess(int& argc, char** argv, Edge& edge, const QuietStart& quiet);
+
   Edge& edge_;
   QtTexts texts_;
 };

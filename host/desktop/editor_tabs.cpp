@@ -1,11 +1,16 @@
 #include "host/desktop/editor_tabs.h"
 
+#include <QApplication>
+#include <QPointer>
 #include <QScrollArea>
 #include <QTabBar>
+#include <QVBoxLayout>
 #include <algorithm>
 
+#include "host/desktop/message_box.h"
 #include "host/desktop/mnemonics.h"
 #include "host/desktop/registered_icons.h"
+#include "platform/toolkit/date_picker.h"
 
 namespace quor {
 
@@ -19,6 +24,9 @@ EditorTabs::EditorTabs(DesktopApplication& application, QWidget* lists, QWidget*
   for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) tabBar()->setTabButton(0, side, nullptr);
   connect(this, &QTabWidget::tabCloseRequested, this, [this](int index) { close_tab(index); });
   connect(this, &QTabWidget::currentChanged, this, [this](int index) { turned_to(index); });
+  application.open_objects().on_written([self = QPointer<EditorTabs>(this)](QuorObjectUIO&) {
+    if (self) ++self->written_;
+  });
 }
 
 // The window goes at once: nothing is asked any more.
@@ -53,19 +61,43 @@ void EditorTabs::open(std::shared_ptr<Form> form, const std::string& object, con
     form->unload();
     return;
   }
-  auto* const tab = new QScrollArea;
-  tab->setFrameShape(QFrame::NoFrame);
-  tab->setWidgetResizable(true);
+  auto* const tab = new QWidget;
+  auto* const scrolled = new QScrollArea(tab);
+  scrolled->setFrameShape(QFrame::NoFrame);
+  scrolled->setWidgetResizable(true);
   auto* const view = new FormView(*form, application_.edge(), FormView::Place::kWindow);
-  tab->setWidget(view);
+  scrolled->setWidget(view);
+  MonthBand* const band = make_band(*form, *view, tab);
+  auto* const column = new QVBoxLayout(tab);
+  column->setContentsMargins(0, 0, 0, 0);
+  if (band != nullptr) column->addWidget(band);
+  column->addWidget(scrolled, 1);
   // The view's last breath needs the form.
   connect(view, &QObject::destroyed, [form] {});
   form->on_close_request([this, &shown = *form] { close_tab(index_of(shown)); });
-  editors_.push_back({form, view, tab, opened_by});
+  editors_.push_back({form, view, tab, band, opened_by});
   const int index = addTab(tab, "");
-  set_title(editors_.back());
+  view->on_keystroke = [this, tab] {
+    if (const Editor* const editor = editor_at(indexOf(tab))) show_title(*editor);
+  };
+  view->on_acted = [this, show = view->on_keystroke] {
+    show();
+    refresh_band();
+  };
+  find_title(editors_.back());
   setCurrentIndex(index);
   view->focus_first();
+}
+
+MonthBand* EditorTabs::make_band(Form& form, FormView& view, QWidget* parent) {
+  const DatePicker* const month = month_of_preview(form);
+  if (month == nullptr) return nullptr;
+  auto* const band = new MonthBand(
+      month_line_, [this] { return application_.company().database().change_count(); }, parent);
+  view.on_pressed = [band, month](ButtonRole role) {
+    if (role == ButtonRole::kFill) band->show_month(Month::of(month->value()));
+  };
+  return band;
 }
 
 // ---- finding
@@ -107,37 +139,63 @@ bool EditorTabs::bring_forward_opened_by(const QString& opened_by) {
 
 void EditorTabs::turned_to(int index) {
   if (const Editor* const editor = editor_at(index)) application_.open_objects().activate(*editor->form);
+  refresh_band();
+}
+
+void EditorTabs::refresh_band() {
+  const Editor* const editor = editor_at(currentIndex());
+  if (editor != nullptr && editor->band != nullptr) editor->band->refresh();
 }
 
 // ---- titles
 
-void EditorTabs::set_title(const Editor& editor) {
+void EditorTabs::find_title(Editor& editor) {
   const QString caption = QString::fromStdString(editor.form->caption()).trimmed();
   const std::string object = application_.open_objects().object_of(*editor.form);
   const QString name = object.empty() ? QString() : object_name(application_, object);
   const int index = indexOf(editor.tab);
   // A date alone does not say of what.
-  const QString title = name.isEmpty() ? caption : name.front().isDigit() ? caption + ' ' + name : name;
-  setTabText(index, without_mnemonic(title));
+  editor.title = name.isEmpty() ? caption : name.front().isDigit() ? caption + ' ' + name : name;
+  show_title(editor);
   setTabToolTip(index, name.isEmpty() ? caption : caption + ": " + name);
   setTabIcon(index, object.empty() ? QIcon() : object_icon(application_, object.substr(0, kTypeCodeLength)));
 }
 
+void EditorTabs::show_title(const Editor& editor) {
+  const int index = indexOf(editor.tab);
+  const QString text = without_mnemonic(editor.title) + (editor.form->has_unsaved_changes() ? " *" : "");
+  if (text != tabText(index)) setTabText(index, text);
+}
+
 void EditorTabs::show_titles() {
-  for (const Editor& editor : editors_) set_title(editor);
+  for (Editor& editor : editors_) find_title(editor);
 }
 
 // ---- closing
 
 bool EditorTabs::close_tab(int index) {
-  const Editor* const editor = editor_at(index);
-  // A form that is at work lets events through: it is not closed under its feet.
-  if (editor == nullptr || application_.busy() > 0) return editor == nullptr;
-  const std::shared_ptr<Form> form = editor->form;
+  const Editor* const found = editor_at(index);
+  if (found == nullptr) return true;
+  // A form that is at work lets events through, and behind a dialog stands what has opened it: neither is closed under
+  // its feet.
+  if (application_.busy() > 0 || QApplication::activeModalWidget() != nullptr) return false;
+  const Editor editor = *found;
   bool may = false;
-  application_.edge().act(editor->view, [&] { may = application_.may_close(*form); });
-  if (may) remove(*form);
+  application_.edge().act(editor.view, [&] { may = may_close(editor); });
+  if (may) remove(*editor.form);
   return may;
+}
+
+bool EditorTabs::may_close(const Editor& editor) {
+  editor.view->finish_typing();
+  if (!editor.form->has_unsaved_changes()) return true;
+  if (!editor.view->can_write()) return application_.may_close(*editor.form);
+  const SaveAnswer answer = ask_to_save(window(), editor.title);
+  if (answer != SaveAnswer::kSave) return answer == SaveAnswer::kDiscard;
+  // A form that could not write may show what is stored again: only its word that it wrote counts.
+  const int written_before = written_;
+  editor.view->write();
+  return written_ > written_before && !editor.form->has_unsaved_changes();
 }
 
 // The act that has asked for it ends first.
@@ -157,9 +215,9 @@ void EditorTabs::remove(const Form& form) {
 }
 
 bool EditorTabs::close_all() {
-  for (int index = count() - 1; index > 0; --index) {
-    setCurrentIndex(index);
-    if (!close_tab(index)) return false;
+  while (count() > 1) {
+    setCurrentIndex(count() - 1);
+    if (!close_tab(count() - 1)) return false;
   }
   return true;
 }

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "host/desktop/form_view.h"
+#include "host/desktop/month_band.h"
 #include "host/desktop/object_menu.h"
 
 namespace quor {
@@ -25,12 +26,17 @@ class EditorTabs : public QTabWidget {
   bool bring_forward_opened_by(const QString& opened_by);
   void show_lists() { setCurrentIndex(0); }
 
-  // Asks for what is not written yet; false when the user keeps the tab.
+  // Asks what to do with what is not written yet; false when the tab stays: the user keeps it, the writing did not
+  // succeed, or a dialog is open.
   bool close_tab(int index);
   // Closes every tab that the user does not keep; false when he keeps one.
   bool close_all();
   // The objects' names have changed.
   void show_titles();
+  // What bands above previews say from now on of a month.
+  void say_of_months(MonthLine line) { month_line_ = std::move(line); }
+  // Something may have been written: the band in front is asked again, the others when they come to the front.
+  void refresh_band();
 
   // The view in front; null while the lists are.
   FormView* current_view() const;
@@ -39,17 +45,24 @@ class EditorTabs : public QTabWidget {
   struct Editor {
     std::shared_ptr<Form> form;
     FormView* view;
-    QWidget* tab;  // around the view: a form larger than the window is scrolled
+    QWidget* tab;     // around the view and its band: a form larger than the window is scrolled
+    MonthBand* band;  // null for what is no preview of a month
     QString opened_by;
+    QString title = {};  // without the mark of a changed form
   };
   int index_of(const Form& form) const;
   Editor* editor_at(int index);
-  void set_title(const Editor& editor);
+  MonthBand* make_band(Form& form, FormView& view, QWidget* parent);
+  void find_title(Editor& editor);
+  void show_title(const Editor& editor);
   void turned_to(int index);
+  bool may_close(const Editor& editor);
   void remove(const Form& form);
 
   DesktopApplication& application_;
   std::vector<Editor> editors_;
+  MonthLine month_line_;
+  int written_ = 0;  // objects since the start
 };
 
 }  // namespace quor

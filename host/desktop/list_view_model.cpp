@@ -4,11 +4,11 @@
 #include <QGuiApplication>
 #include <QPalette>
 
+#include "host/desktop/row_delegate.h"
+
 namespace quor {
 
 namespace {
-
-constexpr QRgb kRed = qRgb(192, 0, 0);  // dark enough to be read on white
 
 QVariant alignment(const ListColumn& column) {
   return QVariant::fromValue(Qt::AlignVCenter |
@@ -20,15 +20,9 @@ QVariant wrapped(const ListColumn& column) {
                   (column.alignment == CellAlignment::kRight ? Qt::AlignRight : Qt::AlignLeft));
 }
 
-QVariant colour_of(CellColour colour) {
-  switch (colour) {
-    case CellColour::kRed:
-      return QColor(kRed);
-    case CellColour::kGreyText:
-      return QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text);
-    default:
-      return {};
-  }
+QVariant grey(CellColour colour) {
+  if (colour != CellColour::kGreyText) return {};
+  return QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text);
 }
 
 // Colour is not the only sign: not everybody sees it.
@@ -73,7 +67,9 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return alignment(list_.columns()[column]);
     case Qt::ForegroundRole:
-      return colour_of(list_.colour(row, column));
+      return grey(list_.colour(row, column));
+    case RowDelegate::kRedRole:
+      return list_.colour(row, column) == CellColour::kRed;
     case Qt::FontRole:
       return red_font(list_.colour(row, column));
     case Qt::ToolTipRole:

@@ -149,6 +149,7 @@ void MainWindow::object_changed(const std::string& object_type) {
     if (pane != panes_.end() && pane->second != nullptr) pane->second->refresh();
     desk_top_->refresh();
     tabs_->show_titles();
+    tabs_->refresh_band();
   });
 }
 
@@ -159,6 +160,7 @@ void MainWindow::refresh_all() {
     }
     desk_top_->refresh();
     tabs_->show_titles();
+    tabs_->refresh_band();
     show_status();
   });
 }

@@ -51,4 +51,18 @@ BoxAnswer show_message_box(QWidget* parent, const QString& text, BoxIcon icon, B
   return yes_no ? BoxAnswer::kNo : BoxAnswer::kCancel;
 }
 
+SaveAnswer ask_to_save(QWidget* parent, const QString& name) {
+  const FreePointer pointer;
+  QMessageBox box(QMessageBox::Question, name, QString("„%1“: pakeitimai neįrašyti. Ar juos išsaugoti?").arg(name),
+                  QMessageBox::NoButton, parent);
+  box.setTextFormat(Qt::PlainText);
+  QPushButton* const save = box.addButton("&Išsaugoti", QMessageBox::AcceptRole);
+  QPushButton* const discard = box.addButton("&Neišsaugoti", QMessageBox::DestructiveRole);
+  box.setEscapeButton(box.addButton("&Atšaukti", QMessageBox::RejectRole));
+  box.setDefaultButton(save);
+  box.exec();
+  if (box.clickedButton() == save) return SaveAnswer::kSave;
+  return box.clickedButton() == discard ? SaveAnswer::kDiscard : SaveAnswer::kStay;
+}
+
 }  // namespace quor

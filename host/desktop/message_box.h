@@ -13,4 +13,9 @@ namespace quor {
 BoxAnswer show_message_box(QWidget* parent, const QString& text, BoxIcon icon, BoxButtons buttons,
                            const QString& title);
 
+// What to do with what is not written yet.
+enum class SaveAnswer { kSave, kDiscard, kStay };
+// Asks so when `name` is about to be closed. Enter saves, Esc and the close box stay.
+SaveAnswer ask_to_save(QWidget* parent, const QString& name);
+
 }  // namespace quor

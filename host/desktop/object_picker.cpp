@@ -27,6 +27,13 @@ QString text_of(const Recordset& list, FieldHandle field) {
   return list.is_null(field) ? QString() : QString::fromStdString(list.field(field).to_text());
 }
 
+// "Žukas" as "zukas": who searches need not have Lithuanian letters on the keyboard.
+QString folded(const QString& text) {
+  QString result = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
+  result.removeIf([](QChar letter) { return letter.isMark(); });
+  return result;
+}
+
 }  // namespace
 
 PickModel::PickModel(Recordset& list, QObject* parent) : QAbstractTableModel(parent) {
@@ -41,23 +48,26 @@ PickModel::PickModel(Recordset& list, QObject* parent) : QAbstractTableModel(par
   for (; !list.Eof(); list.MoveNext()) {
     keys_.push_back(text_of(list, key));
     QStringList& texts = texts_.emplace_back();
-    for (const FieldHandle column : columns) texts << text_of(list, column);
+    QStringList& texts_folded = folded_.emplace_back();
+    for (const FieldHandle column : columns) {
+      texts << text_of(list, column);
+      texts_folded << folded(texts.back());
+    }
   }
   show_matches({});
 }
 
 void PickModel::show_matches(const QString& text) {
-  const QStringList words = text.split(' ', Qt::SkipEmptyParts);
+  const QStringList words = folded(text).split(' ', Qt::SkipEmptyParts);
   const auto fits = [&](const QStringList& row) {
     return std::all_of(words.begin(), words.end(), [&](const QString& word) {
-      return std::any_of(row.begin(), row.end(),
-                         [&](const QString& cell) { return cell.contains(word, Qt::CaseInsensitive); });
+      return std::any_of(row.begin(), row.end(), [&](const QString& cell) { return cell.contains(word); });
     });
   };
   beginResetModel();
   shown_.clear();
   for (std::size_t row = 0; row < texts_.size(); ++row) {
-    if (fits(texts_[row])) shown_.push_back(row);
+    if (fits(folded_[row])) shown_.push_back(row);
   }
   endResetModel();
 }

@@ -15,7 +15,7 @@ class QTreeView;
 
 namespace quor {
 
-// The rows of a list that hold what was typed, whatever the letter case.
+// The rows of a list that hold what was typed, whatever the letter case and the marks on letters.
 class PickModel : public QAbstractTableModel {
  public:
   // Takes the texts out of the list (see object_lists.h), whose cursor then stands anywhere.
@@ -37,6 +37,7 @@ class PickModel : public QAbstractTableModel {
   QStringList heads_;
   std::vector<QString> keys_;
   std::vector<QStringList> texts_;
+  std::vector<QStringList> folded_;  // the same without case and marks
   std::vector<std::size_t> shown_;
 };
 

@@ -1,12 +1,15 @@
 #include "host/desktop/qt_texts.h"
 
 #include <QHash>
+#include <QLibraryInfo>
+#include <cstring>
 
 namespace quor {
 
 namespace {
 
-// Whatever the class that says it: Qt's words mean the same everywhere.
+// What the installed translation lacks, or says in other words than our windows. Whatever the class that says it: Qt's
+// words mean the same everywhere.
 const QHash<QByteArray, QString>& texts() {
   static const QHash<QByteArray, QString> texts = {
       // Buttons and menus
@@ -21,7 +24,6 @@ const QHash<QByteArray, QString>& texts() {
       {"Save", "Įrašyti"},
       {"&Save", "Į&rašyti"},
       {"Open", "Atverti"},
-      {"&Open", "&Atverti"},
       {"Apply", "Taikyti"},
       {"Reset", "Atkurti"},
       {"Help", "Žinynas"},
@@ -35,107 +37,27 @@ const QHash<QByteArray, QString>& texts() {
       {"&Copy", "&Kopijuoti"},
       {"&Paste", "Į&klijuoti"},
       {"Delete", "Panaikinti"},
-      {"&Delete", "&Panaikinti"},
       {"Select All", "Pažymėti viską"},
       {"&Select All", "Pažymėti &viską"},
-      {"&Step up", "&Daugiau"},
-      {"Step &down", "&Mažiau"},
       // Files
-      {"Look in:", "Aplankas:"},
-      {"File &name:", "&Failo vardas:"},
-      {"Files of type:", "Failų rūšis:"},
-      {"Back", "Atgal"},
-      {"Go back", "Grįžti"},
-      {"Forward", "Pirmyn"},
-      {"Go forward", "Pirmyn"},
-      {"Parent Directory", "Aukštesnis aplankas"},
-      {"Go to the parent directory", "Į aukštesnį aplanką"},
-      {"Create New Folder", "Naujas aplankas"},
-      {"Create a New Folder", "Sukurti naują aplanką"},
-      {"&New Folder", "&Naujas aplankas"},
-      {"New Folder", "Naujas aplankas"},
-      {"List View", "Sąrašas"},
-      {"Change to list view mode", "Rodyti sąrašą"},
-      {"Detail View", "Išsamus sąrašas"},
-      {"Change to detail view mode", "Rodyti išsamų sąrašą"},
       {"Sidebar", "Vietos"},
       {"List of places and bookmarks", "Vietų sąrašas"},
       {"Files", "Failai"},
-      {"&Rename", "Pe&rvadinti"},
-      {"Show &hidden files", "Rodyti &paslėptus failus"},
       {"Show ", "Rodyti "},
-      {"Remove", "Pašalinti"},
-      {"Computer", "Kompiuteris"},
-      {"My Computer", "Kompiuteris"},
-      {"Drive", "Diskas"},
-      {"File", "Failas"},
-      {"Folder", "Aplankas"},
-      {"File Folder", "Aplankas"},
-      {"Directory:", "Aplankas:"},
-      {"Directories", "Aplankai"},
-      {"&Choose", "&Parinkti"},
-      {"Name", "Vardas"},
-      {"Size", "Dydis"},
-      {"Type", "Rūšis"},
-      {"Kind", "Rūšis"},
-      {"Date Modified", "Pakeista"},
-      {"All Files (*)", "Visi failai (*)"},
-      {"Recent Places", "Neseniai naudotos vietos"},
       {"%1 File", "%1 failas"},
-      {"%1 KB", "%1 KB"},
-      {"%1 bytes", "%1 B"},
-      {"%1 byte(s)", "%1 B"},
-      {"%1 already exists.\nDo you want to replace it?", "Failas „%1“ jau yra.\nAr jį pakeisti?"},
-      {"%1\nFile not found.\nPlease verify the correct file name was given.", "%1\nToks failas nerastas."},
-      {"%1\nDirectory not found.\nPlease verify the correct directory name was given.", "%1\nToks aplankas nerastas."},
-      {"'%1' is write protected.\nDo you want to delete it anyway?", "„%1“ apsaugotas.\nAr vis tiek panaikinti?"},
       {"Are you sure you want to delete '%1'?", "Ar tikrai norite panaikinti „%1“?"},
-      {"Could not delete directory.", "Aplanko panaikinti nepavyko."},
       // Printing
-      {"Print", "Spausdinti"},
-      {"&Print", "&Spausdinti"},
-      {"Printer", "Spausdintuvas"},
       {"Name:", "Pavadinimas:"},
-      {"&Name:", "&Pavadinimas:"},
-      {"P&roperties", "&Savybės"},
       {"Properties", "Savybės"},
-      {"Location:", "Vieta:"},
-      {"Type:", "Rūšis:"},
-      {"Preview", "Peržiūra"},
-      {"Output &file:", "&Failas:"},
-      {"Local file", "Vietinis failas"},
       {"Write PDF file", "Rašyti PDF failą"},
-      {"Print to File (PDF)", "Spausdinti į PDF failą"},
-      {"Print To File ...", "Spausdinti į failą…"},
-      {"&Options >>", "&Parinktys >>"},
-      {"&Options <<", "&Parinktys <<"},
-      {"Copies", "Kopijos"},
-      {"Options", "Parinktys"},
       {"Advanced", "Kita"},
       {"Page", "Lapas"},
-      {"Print range", "Ką spausdinti"},
-      {"Print all", "Visus puslapius"},
-      {"Pages from", "Puslapius nuo"},
       {"Pages", "Puslapius"},
-      {"to", "iki"},
-      {"Selection", "Pažymėtą dalį"},
-      {"Current Page", "Šį puslapį"},
       {"Page Set:", "Puslapių grupė:"},
       {"Page set:", "Puslapių grupė:"},
       {"All Pages", "Visi"},
       {"Odd Pages", "Nelyginiai"},
       {"Even Pages", "Lyginiai"},
-      {"Output Settings", "Išvestis"},
-      {"Copies:", "Kopijų:"},
-      {"Collate", "Rinkiniais"},
-      {"Reverse", "Atvirkščia tvarka"},
-      {"Color Mode", "Spalvos"},
-      {"Color", "Spalvotai"},
-      {"Grayscale", "Pilkai"},
-      {"Duplex Printing", "Dvipusis spausdinimas"},
-      {"None", "Ne"},
-      {"Long side", "Per ilgąjį kraštą"},
-      {"Short side", "Per trumpąjį kraštą"},
       {"Double Sided Printing", "Dvipusis spausdinimas"},
       {"Off", "Ne"},
       {"Long side binding", "Per ilgąjį kraštą"},
@@ -145,43 +67,28 @@ const QHash<QByteArray, QString>& texts() {
        "Puslapiai arba jų ruožai, atskirti kableliais, pvz., 3,5-7,9."},
       {"Printer Properties", "Spausdintuvo savybės"},
       {"Job Options", "Užduotis"},
-      {"Paper", "Popierius"},
-      {"Page size:", "Lapo dydis:"},
-      {"Width:", "Plotis:"},
-      {"Height:", "Aukštis:"},
-      {"Paper source:", "Popieriaus dėtuvė:"},
-      {"Orientation", "Padėtis"},
-      {"Portrait", "Stačias"},
-      {"Landscape", "Gulsčias"},
-      {"Reverse landscape", "Apverstas gulsčias"},
-      {"Reverse portrait", "Apverstas stačias"},
-      {"Margins", "Paraštės"},
-      {"top margin", "viršutinė paraštė"},
-      {"left margin", "kairioji paraštė"},
-      {"right margin", "dešinioji paraštė"},
-      {"bottom margin", "apatinė paraštė"},
       {"Page Layout", "Išdėstymas"},
       {"Page order:", "Puslapių tvarka:"},
       {"Pages per sheet:", "Puslapių lape:"},
-      {"Millimeters (mm)", "Milimetrai (mm)"},
-      {"Points (pt)", "Taškai (pt)"},
-      {"Inches (in)", "Coliai (in)"},
-      {"Custom", "Kitas"},
       {"Invalid Pages Definition", "Netinkami puslapiai"},
-      {"%1 is a directory.\nPlease choose a different file name.", "„%1“ yra aplankas.\nParinkite kitą failo vardą."},
-      {"File %1 is not writable.\nPlease choose a different file name.",
-       "Į failą „%1“ rašyti negalima.\nParinkite kitą failo vardą."},
-      {"%1 already exists.\nDo you want to overwrite it?", "Failas „%1“ jau yra.\nAr jį pakeisti?"},
-      {"The 'From' value cannot be greater than the 'To' value.", "Puslapis „nuo“ yra už puslapio „iki“."},
   };
   return texts;
 }
 
 }  // namespace
 
-QString QtTexts::translate(const char* /*context*/, const char* source, const char* /*disambiguation*/,
-                           int /*n*/) const {
-  return source == nullptr ? QString() : texts().value(source);
+QtTexts::QtTexts() {
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  // Newer distributions may have the part of Qt's base apart; the older ones have one file.
+  if (!installed_.load("qtbase_lt", folder)) static_cast<void>(installed_.load("qt_lt", folder));
+}
+
+QString QtTexts::translate(const char* context, const char* source, const char* disambiguation, int n) const {
+  if (source == nullptr) return {};
+  if (QString own = texts().value(source); !own.isNull()) return own;
+  // The names of keys stay as they are printed on keyboards.
+  if (context != nullptr && std::strcmp(context, "QShortcut") == 0) return {};
+  return installed_.translate(context, source, disambiguation, n);
 }
 
 }  // namespace quor

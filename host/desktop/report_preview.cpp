@@ -19,10 +19,17 @@ namespace quor {
 namespace {
 
 constexpr char kFolderSetting[] = "folders/reports";
+const QString kKindSetting = "reports/";
+constexpr int kLongestName = 100;  // characters: with their accents within what file systems take
 
-QString file_name(const std::string& title) {
-  QString name = QString::fromStdString(title).simplified();
-  for (const QChar forbidden : QString("/\\:*?\"<>|")) name.replace(forbidden, '-');
+// What the report shows (list, month, department); whose it is, where it does not say that. Without a dot: what follows
+// one is taken for the kind of file.
+QString file_name(const ReportData& report) {
+  QStringList parts;
+  for (const std::string& heading : report.headings) parts << QString::fromStdString(heading).simplified();
+  if (parts.isEmpty()) parts << QString::fromStdString(report.title).simplified();
+  QString name = parts.join(' ').left(kLongestName);
+  for (const QChar forbidden : QString("/\\:*?\"<>|.")) name.replace(forbidden, '-');
   return name.isEmpty() ? "ataskaita" : name;
 }
 
@@ -64,8 +71,13 @@ void ReportPreview::add_tools(QToolBar& bar) {
     return action;
   };
   add("Spausdinti…", QKeySequence::Print, [this] { print(); });
-  add("Įrašyti PDF…", QKeySequence::Save, [this] { ask_and_save("PDF failai", "pdf", &ReportPreview::save_pdf); });
-  add("Įrašyti CSV…", {}, [this] { ask_and_save("CSV failai", "csv", &ReportPreview::save_csv); });
+  add("Įrašyti PDF…", QKeySequence::Save, [this] {
+    ask_and_save("pdf", {{"PDF failai", [this](const QString& path) { save_pdf(path); }}});
+  });
+  add("Įrašyti CSV…", {}, [this] {
+    ask_and_save("csv", {{"CSV skaičiuoklei", [this](const QString& path) { save_csv(path, kSpreadsheetCsv); }},
+                         {"CSV kitoms programoms", [this](const QString& path) { save_csv(path, kProgramCsv); }}});
+  });
   bar.addSeparator();
   back_ = add("◀", QKeySequence(Qt::CTRL | Qt::Key_PageUp), [this] { turn_to(view_->currentPage() - 1); });
   page_->setMargin(6);
@@ -102,19 +114,26 @@ void ReportPreview::print() {
   if (dialog.exec() == QDialog::Accepted) paint_reports(reports_, printed_on_, printer);
 }
 
-void ReportPreview::ask_and_save(const QString& kind, const QString& ending,
-                                 void (ReportPreview::*save)(const QString&) const) {
+void ReportPreview::ask_and_save(const QString& ending, const std::vector<Way>& ways) {
   QString path;
+  std::size_t chosen = 0;
   {
     const FreePointer pointer;
-    QFileDialog dialog(this, "Įrašyti", QSettings().value(kFolderSetting).toString(), kind + " (*." + ending + ")");
+    QSettings settings;
+    QStringList kinds;
+    for (const Way& way : ways) kinds << way.kind + " (*." + ending + ")";
+    QFileDialog dialog(this, "Įrašyti", settings.value(kFolderSetting).toString());
+    dialog.setNameFilters(kinds);
+    dialog.selectNameFilter(settings.value(kKindSetting + ending, kinds.front()).toString());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(ending);
-    dialog.selectFile(file_name(reports_.front()->title) + "." + ending);
+    dialog.selectFile(file_name(*reports_.front()) + "." + ending);
     if (dialog.exec() != QDialog::Accepted) return;
     path = dialog.selectedFiles().value(0);
+    chosen = static_cast<std::size_t>(qMax(0, kinds.indexOf(dialog.selectedNameFilter())));
+    settings.setValue(kKindSetting + ending, dialog.selectedNameFilter());
   }
-  (this->*save)(path);
+  ways[chosen].save(path);
   QSettings().setValue(kFolderSetting, QFileInfo(path).absolutePath());
 }
 
@@ -122,9 +141,9 @@ void ReportPreview::save_pdf(const QString& path) const {
   write_whole_file(path.toStdString(), report_pdf(reports_, printed_on_, "Quor"));
 }
 
-void ReportPreview::save_csv(const QString& path) const {
+void ReportPreview::save_csv(const QString& path, const CsvStyle& style) const {
   std::string text;
-  for (const auto& report : reports_) text += csv_text(*report);
+  for (const auto& report : reports_) text += text.empty() ? csv_text(*report, style) : csv_lines(*report, style);
   write_whole_file(path.toStdString(), text);
 }
 

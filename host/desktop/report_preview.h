@@ -5,6 +5,7 @@
 
 #include "host/desktop/edge.h"
 #include "host/report/report_pages.h"
+#include "host/text/csv_cells.h"
 
 class QLabel;
 class QPrinter;
@@ -22,14 +23,19 @@ class ReportPreview : public QDialog {
   int pages() const;
   // Each throws std::runtime_error, which names the file, and leaves no half of one.
   void save_pdf(const QString& path) const;
-  void save_csv(const QString& path) const;
+  void save_csv(const QString& path, const CsvStyle& style) const;
 
  private:
   void add_tools(QToolBar& bar);
   void turn_to(int page);
   void show_page();
   void print();
-  void ask_and_save(const QString& kind, const QString& ending, void (ReportPreview::*save)(const QString&) const);
+  // A kind of file among which the user chooses, and how it is kept.
+  struct Way {
+    QString kind;
+    std::function<void(const QString& path)> save;
+  };
+  void ask_and_save(const QString& ending, const std::vector<Way>& ways);
 
   const Reports reports_;
   const Date printed_on_;

@@ -1,4 +1,4 @@
-// Rows of lists with a little air, so that the eye keeps the line.
+// Rows of lists with a little air, so that the eye keeps the line; cells that are over their limit in red.
 #pragma once
 
 #include <QStyledItemDelegate>
@@ -7,11 +7,17 @@ namespace quor {
 
 class RowDelegate : public QStyledItemDelegate {
  public:
+  // True for a cell that is to be red; the ground decides which red.
+  static constexpr int kRedRole = Qt::UserRole;
+
   using QStyledItemDelegate::QStyledItemDelegate;
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     return QStyledItemDelegate::sizeHint(option, index) + QSize(0, kAir);
   }
   static constexpr int kAir = 5;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 };
 
 }  // namespace quor

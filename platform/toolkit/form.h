@@ -41,6 +41,8 @@ class Form : public Object, public ControlSet {
 
   // Whether closing it now loses what the user has typed.
   virtual bool has_unsaved_changes() const { return false; }
+  // The key of the object that it is about, for whoever shows it to name; "" when it is about none.
+  virtual std::string subject() const { return {}; }
 
  protected:
   virtual void opening() {}

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -74,6 +75,7 @@ TEST_F(DesktopApplicationTest, AnObjectIsPickedByTypingAPartOfItsName) {
       {"O04001003", "", "E", "Iš viso: 3", ""},
       {"", "ąŽUOL", "DR", "Rasta: 2 iš 3", "O04001002"},
       {"", "ąžu žydr", "R", "Rasta: 1 iš 3", "O04001001"},
+      {"", "zasin azuol", "R", "Rasta: 1 iš 3", "O04001002"},
       {"O04001003", "pet", "R", "Rasta: 1 iš 3", "O04001003"},
       {"", "nėra", "RE", "Rasta: 0 iš 3", ""},
   };
@@ -136,8 +138,10 @@ TEST_F(DesktopApplicationTest, AModalFormIsShownUntilItIsClosedAndAsksBeforeType
 }
 
 TEST_F(DesktopApplicationTest, AReportIsPreviewedAndKept) {
-  const auto report = application_.NewListReport("Sąrašas 2008/01");
+  const auto report = application_.NewListReport("Įmonė");
+  for (const char* line : {" Tarnautojų sąrašas", "2008.02", "Ūkio / IT skyrius"}) report->AddHeading(line);
   report->AddColumn("A", "Pavadinimas", 6, CellAlignment::kLeft);
+  report->AddColumn("B", "Suma", 2, CellAlignment::kRight);
   for (int line = 0; line < 200; ++line) {
     report->AddLine();
     report->SetCell("A", "Eilutė", CellColour::kRed);
@@ -151,9 +155,17 @@ TEST_F(DesktopApplicationTest, AReportIsPreviewedAndKept) {
                          auto& preview = dynamic_cast<ReportPreview&>(window);
                          EXPECT_GT(preview.pages(), 2);
                          preview.save_pdf(folder.filePath("a.pdf"));
-                         preview.save_csv(folder.filePath("a.csv"));
-                         test_edge().act(&preview, [&] { preview.save_csv(folder.filePath("nėra/a.csv")); });
+                         preview.save_csv(folder.filePath("a.csv"), kSpreadsheetCsv);
+                         press(Qt::Key_S, Qt::ControlModifier);
+                         test_edge().act(&preview,
+                                         [&] { preview.save_csv(folder.filePath("nėra/a.csv"), kProgramCsv); });
                          preview.close();
+                       },
+                       [](QWidget& window) {
+                         auto& dialog = dynamic_cast<QFileDialog&>(window);
+                         EXPECT_EQ(QFileInfo(dialog.selectedFiles().value(0)).fileName(),
+                                   "Tarnautojų sąrašas 2008-02 Ūkio - IT skyrius.pdf");
+                         dialog.reject();
                        },
                        [&](QWidget& error) {
                          EXPECT_TRUE(said(error).contains("nėra/a.csv“")) << said(error).toStdString();
@@ -161,7 +173,7 @@ TEST_F(DesktopApplicationTest, AReportIsPreviewedAndKept) {
                        }});
   report->Show();
   EXPECT_TRUE(content("a.pdf").startsWith("%PDF-"));
-  EXPECT_TRUE(content("a.csv").startsWith("Pavadinimas\r\nEilutė\r\n"));
+  EXPECT_TRUE(content("a.csv").startsWith("\xEF\xBB\xBFPavadinimas;Suma\r\nEilutė;"));
 }
 
 // The screen answers a pointer that is moved with an event of the user.
@@ -183,6 +195,19 @@ TEST_F(DesktopApplicationTest, WhatTheUserDoesWaitsWhilePendingEventsRun) {
   EXPECT_EQ(window.moves, 0);
   EXPECT_GT(window.painted, 0);
   EXPECT_TRUE(QTest::qWaitFor([&] { return window.moves > 0; }));
+}
+
+TEST(QtTexts, AreLithuanian) {
+  struct Case {
+    const char* context;
+    const char* source;
+    const char* shown;
+  };
+  const Case cases[] = {{"QPlatformTheme", "Cancel", "Atšaukti"},
+                        {"QTabBar", "Scroll Left", "Slinkti kairėn"},
+                        {"QFileDialog", "File &name:", "&Failo vardas:"},
+                        {"QShortcut", "Ctrl", "Ctrl"}};
+  for (const Case& c : cases) EXPECT_EQ(QCoreApplication::translate(c.context, c.source), c.shown);
 }
 
 // The editor as the plug-in makes it, in a dialog.

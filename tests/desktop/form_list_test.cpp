@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QScrollBar>
 
+#include "host/desktop/readable_red.h"
+#include "host/desktop/row_delegate.h"
 #include "tests/desktop/control_screen.h"
 
 namespace quor {
@@ -16,7 +18,7 @@ TEST_F(FormViewTest, TheListShowsItsRowsAndColours) {
   EXPECT_EQ(model.data(red).toString(), "10,00");
   EXPECT_TRUE(model.data(red, Qt::FontRole).value<QFont>().bold());
   EXPECT_EQ(model.data(red, Qt::ToolTipRole).toString(), "Viršija ribą");
-  EXPECT_GT(model.data(red, Qt::ForegroundRole).value<QColor>().red(), 150);
+  EXPECT_TRUE(model.data(red, RowDelegate::kRedRole).toBool() && !model.data(usual, RowDelegate::kRedRole).toBool());
   EXPECT_FALSE(model.data(usual, Qt::FontRole).isValid() || model.data(usual, Qt::ToolTipRole).isValid());
   screen_.list.set_caption(1, "Viso");
   EXPECT_EQ(model.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "Viso");
@@ -117,6 +119,17 @@ TEST_F(FormViewTest, AChoiceRunsOnceItsMenuHasGoneAndNoMenuStandsOverItsDialog) 
   list().setFocus();
   press(Qt::Key_Return);
   EXPECT_EQ(heard(), "select right closed right closed ");
+}
+
+TEST(ReadableRed, IsChosenByTheGround) {
+  struct Case {
+    const char* ground;
+    QRgb red;
+  };
+  const Case cases[] = {{"white", qRgb(192, 0, 0)},     {"#f7f7f7", qRgb(192, 0, 0)},
+                        {"black", qRgb(255, 120, 110)}, {"#232629", qRgb(255, 120, 110)},
+                        {"#308cc6", qRgb(90, 0, 0)},    {"#b03030", qRgb(255, 215, 210)}};
+  for (const Case& c : cases) EXPECT_EQ(red_on(QColor(c.ground)).rgb(), c.red) << c.ground;
 }
 
 }  // namespace

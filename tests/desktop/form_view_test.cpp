@@ -2,6 +2,7 @@
 #include <QCalendarWidget>
 #include <QClipboard>
 #include <QDateEdit>
+#include <QShortcut>
 
 #include "host/desktop/mnemonics.h"
 #include "platform/data/error.h"
@@ -127,6 +128,11 @@ TEST_F(FormViewTest, ADateIsTypedOrTakenFromALithuanianCalendar) {
   press(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(screen_.date.value(), Date::from_ymd(2006, 1, 31));
   EXPECT_EQ(heard(), "date cmdWrite ");
+  int commands = 0;
+  QObject::connect(new QShortcut(Qt::CTRL | Qt::Key_U, &view_), &QShortcut::activated, [&] { ++commands; });
+  press(Qt::Key_U, Qt::ControlModifier);
+  EXPECT_EQ(date.text(), "2006.01.31");
+  EXPECT_EQ(commands, 1) << "a key of the windows, not of the field";
   EXPECT_EQ(date.calendarWidget()->firstDayOfWeek(), Qt::Monday);
   EXPECT_EQ(date.calendarWidget()->locale().standaloneMonthName(1), "sausis");
   date.setDate(QDate(2006, 2, 1));

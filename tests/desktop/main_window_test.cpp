@@ -178,21 +178,42 @@ TEST_F(MainWindowTest, WhatIsNotWrittenIsAskedAboutAndADeletedObjectIsGone) {
   open();
   window_->list()->focus_list();
   press(Qt::Key_Return);
+  EXPECT_EQ(tabs(), "Pareigybių kategorijos | A lygis");
   type("C");
+  EXPECT_EQ(tabs(), "Pareigybių kategorijos | A lygis *");
   {
     NextWindows questions({[](QWidget& box) {
-      EXPECT_EQ(told(box), "Pakeitimai neįrašyti. Uždaryti jų neįrašius?");
+      EXPECT_EQ(told(box), "„A lygis“: pakeitimai neįrašyti. Ar juos išsaugoti?");
       press(Qt::Key_Escape);
     }});
     EXPECT_FALSE(window_->close());
   }
-  EXPECT_EQ(window_->tabs().count(), 2);
   come_back();
+  company_.fail_statements();
   {
-    NextWindows questions({[](QWidget&) { press(Qt::Key_T, Qt::AltModifier); }});
+    NextWindows questions({[](QWidget&) { press(Qt::Key_Return); },
+                           [](QWidget& box) {
+                             EXPECT_EQ(told(box), "ryšys nutrūko\nĮrašymas neatliktas!");
+                             press(Qt::Key_Return);
+                           }});
     press(Qt::Key_W, Qt::ControlModifier);
   }
+  company_.heal();
+  EXPECT_EQ(tabs(), "Pareigybių kategorijos | A lygis") << "what could not be written does not close";
   come_back();
+  for (const auto& [keys, answer] : {std::pair("C", Qt::Key_I), std::pair("D", Qt::Key_N)}) {
+    window_->tabs().current_view()->focus_first();
+    type(keys);
+    NextWindows questions({[key = answer](QWidget&) { press(key, Qt::AltModifier); }});
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(shown(), "B lygis CA lygis") << "written, then not";
+    come_back();
+    window_->list()->stand_on("O04022001");
+    window_->list()->focus_list();
+    press(Qt::Key_Return);
+  }
+  press(Qt::Key_W, Qt::ControlModifier);
+  window_->list()->stand_on("O04022001");
   window_->list()->focus_list();
   NextWindows questions({[](QWidget& box) {
     EXPECT_EQ(told(box), "Ar tikrai norite panaikinti?");
@@ -354,9 +375,10 @@ TEST_F(SampleWindowTest, TheSupplementPreviewLeadsToThePersonalEditorsAndBack) {
                            EXPECT_EQ(entries(shown_menu), "Padėti ant darbo stalo|Priedų sąrašas|Tarnybos stažas");
                            choose(shown_menu, "Tarnybos stažas");
                          },
-                         [](QWidget& service) {
+                         [&](QWidget& service) {
+                           EXPECT_EQ(service.windowTitle(), "Tarnybos stažas: " + person);
                            type_into(service, "txtYears", "\b40");
-                           press(Qt::Key_Return);
+                           press(Qt::Key_S, Qt::ControlModifier);
                          }});
     click(rows->viewport(), Qt::RightButton, first);
     QTest::qWait(50);

@@ -82,6 +82,12 @@ TEST_F(PreviewProgramTest, WithoutAScreenTheWindowsGiveWayToTheTable) {
   expect_parts(quor({"desktop", "--company", "b.quor"}).err, {"nė vienas mėnuo dar neapskaičiuotas"});
 }
 
+TEST_F(PreviewProgramTest, AScreenThatCannotBeReachedIsTold) {
+  const Outcome shown = run_quor(folder_.path(""), {"desktop"}, "nėra:7");
+  EXPECT_EQ(shown.status, 1);
+  EXPECT_EQ(shown.err, "quor: ekranas „nėra:7“ nepasiekiamas, langų parodyti negalima\n");
+}
+
 TEST_F(PreviewProgramTest, SupplementsOfADepartment) {
   given_month();
   const Outcome whole = quor({"preview", "supplements", "2008-01", "--department", "1"});

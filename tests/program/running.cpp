@@ -22,13 +22,14 @@ std::string content(const std::string& file) {
 
 }  // namespace
 
-RunningQuor::RunningQuor(const std::string& folder, const std::vector<std::string>& words) {
+RunningQuor::RunningQuor(const std::string& folder, const std::vector<std::string>& words, const char* display) {
   // What whoever runs the tests has set must not reach the program.
   unsetenv("QUOR_COMPANY");
   unsetenv("QUOR_PLUGIN");
   unsetenv("QUOR_USER");
   unsetenv("DISPLAY");
   unsetenv("WAYLAND_DISPLAY");
+  if (display != nullptr) setenv("DISPLAY", display, 1);
   const std::string out = results_.path("out"), err = results_.path("err");
 
   std::vector<std::string> texts = {VELMORA_PROGRAM};
@@ -73,8 +74,8 @@ bool RunningQuor::stop(int signal) {
   return WIFSIGNALED(wait());
 }
 
-Outcome run_quor(const std::string& folder, const std::vector<std::string>& words) {
-  return RunningQuor(folder, words).finish();
+Outcome run_quor(const std::string& folder, const std::vector<std::string>& words, const char* display) {
+  return RunningQuor(folder, words, display).finish();
 }
 
 }  // namespace quor

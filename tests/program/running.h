@@ -19,7 +19,7 @@ struct Outcome {
 // The program while it runs; it is waited for at the end.
 class RunningQuor {
  public:
-  RunningQuor(const std::string& folder, const std::vector<std::string>& words);
+  RunningQuor(const std::string& folder, const std::vector<std::string>& words, const char* display = nullptr);
   ~RunningQuor();
   RunningQuor(const RunningQuor&) = delete;
   RunningQuor& operator=(const RunningQuor&) = delete;
@@ -36,6 +36,6 @@ class RunningQuor {
   pid_t child_ = 0;
 };
 
-Outcome run_quor(const std::string& folder, const std::vector<std::string>& words);
+Outcome run_quor(const std::string& folder, const std::vector<std::string>& words, const char* display = nullptr);
 
 }  // namespace quor
