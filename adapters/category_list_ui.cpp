@@ -136,7 +136,7 @@ void UI0402200::print() {
     show(result.Message, quor::BoxIcon::kExclamation, quor::BoxButtons::kOk);
     return;
   }
-  const auto report = application().NewListReport("VALSTYBĖS TARNAUTOJŲ PAREIGYBIŲ KATEGORIJOS");
+  const auto report = application().NewListReport("VALSTYBĖS TARNAUTOJŲ PAREIGYBIŲ KATEGORIJOS", kCategoryType);
   report->AddColumn(kNameColumn, "Pareigybių kategorijos", 0, quor::CellAlignment::kLeft);
   report->AddColumn(kFactorColumn, "Pareiginių algų koeficientai", 0, quor::CellAlignment::kRight);
   const auto rows = result.Value.record_set();

@@ -5,6 +5,7 @@
 
 #include "frame/catalogue.h"
 #include "frame/contract/quor_object_ui.h"
+#include "frame/object_types.h"
 
 namespace velmora {
 
@@ -143,7 +144,7 @@ void PreviewForm::place_on_desk_top() {
 
 void PreviewForm::print() {
   const auto company = application_.CompanyRecord();
-  const auto report = application_.NewListReport(catalogue::null_to_text(company->field("Name")));
+  const auto report = application_.NewListReport(catalogue::null_to_text(company->field("Name")), kEngineType);
   for (const std::string& line : {caption(), month_text(last_day()), listed_.department_name}) report->AddHeading(line);
   report->SetMargins(kFirstMargin, kSecondMargin);
   for (std::size_t column = 0; column < columns_.size(); ++column) {

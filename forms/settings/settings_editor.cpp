@@ -74,7 +74,7 @@ void frmOfficeEmployeeSettings::arrange() {
 }
 
 void frmOfficeEmployeeSettings::opening() {
-  catalogue::query_rights(application_, rights_, kGroupKey);
+  catalogue::query_rights(application_, rights_, kSettingsType);
   title_ = application_.Title();
   fill();
 }

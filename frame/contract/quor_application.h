@@ -53,7 +53,7 @@ class QuorApplication {
   virtual bool HasRight(UserRight right, const std::string& object_type, std::int32_t flag) = 0;
 
   // The data object of a key or an identity, read; null when there is no such record or no such type, and after a
-  // failure to read it, which the user has been shown.
+  // failure to read it, which the user has been shown. Throws Error when the user may not view objects of the type.
   virtual std::shared_ptr<QuorObjectUIO> GetQuorObjectUIO(const std::string& identity) = 0;
 
   // The object UI of a type; null for a type that nobody has.
@@ -65,8 +65,9 @@ class QuorApplication {
   // A standard data object for a class of the plug-in to forward to: it keeps records of that type.
   virtual std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO(const std::string& object_type) = 0;
   virtual std::shared_ptr<ObjectRegistry> NewObjectRegistry() = 0;
-  // An empty report under that title.
-  virtual std::shared_ptr<ListReport> NewListReport(const std::string& title) = 0;
+  // An empty report under that title, about objects of the type: who may not print them is refused when it is shown,
+  // by an Error.
+  virtual std::shared_ptr<ListReport> NewListReport(const std::string& title, const std::string& object_type) = 0;
 
   // Loads the form, lets the user act until it asks to be closed, and unloads it. The form stays its opener's.
   virtual void show_modal(Form& form) = 0;

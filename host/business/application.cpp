@@ -9,9 +9,12 @@
 #include "host/business/main_bo.h"
 #include "host/business/object_codes.h"
 #include "host/business/object_lists.h"
+#include "host/business/record_types.h"
 #include "host/business/rights.h"
 #include "host/business/row_copy.h"
 #include "host/business/standard_object_uio.h"
+#include "host/business/user_rights.h"
+#include "platform/data/error.h"
 #include "platform/toolkit/form.h"
 
 namespace quor {
@@ -65,6 +68,7 @@ std::shared_ptr<Object> Application::create(const std::string& class_id) {
 }
 
 std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& object_type) {
+  require_view(object_type);
   const auto type = registrations_.types.find(object_type);
   if (type == registrations_.types.end()) throw PluginError("Objekto tipo „" + object_type + "“ niekas neregistravo.");
   const std::string class_id = type->second.class_id("UIO", object_type);
@@ -84,6 +88,7 @@ std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& 
   // A type whose plug-in brings no data class of its own is served by the standard object.
   if (!object && registered) object = NewStandardObjectUIO(object_type);
   if (!object) return nullptr;
+  require_view(object_type);
   object->OIDR(key);
   const SaveStatus status = object->Read();
   if (!status.Failed) return object;
@@ -119,8 +124,12 @@ std::shared_ptr<QuorObjectUIO> Application::NewStandardObjectUIO(const std::stri
 
 std::shared_ptr<ObjectRegistry> Application::NewObjectRegistry() { return std::make_shared<Registry>(registrations_); }
 
-std::shared_ptr<ListReport> Application::NewListReport(const std::string& title) {
-  return std::make_shared<ReportToFill>(title, [this](std::shared_ptr<const ReportData> report) {
+std::shared_ptr<ListReport> Application::NewListReport(const std::string& title, const std::string& object_type) {
+  return std::make_shared<ReportToFill>(title, [this, object_type](std::shared_ptr<const ReportData> report) {
+    if (reports_on_paper_) {
+      require_right(UserRight::kPrint, object_type,
+                    std::string("spausdinti ") + viewed_plural(object_type) + " sąrašų");
+    }
     shown_report_ = std::move(report);
     if (report_listener_) report_listener_(*shown_report_);
   });
@@ -179,8 +188,38 @@ std::string Application::choose_object(Recordset& list, const std::string& /*cur
   return "";
 }
 
+// ---- what the user may do
+
 bool Application::HasRight(UserRight right, const std::string& object_type, std::int32_t /*flag*/) {
-  return has_right(company_, options_.user, right, deciding_components(registrations_, object_type));
+  if (for_program_ > 0 && right == UserRight::kView) return true;
+  const RecordType* const type = record_type(object_type);
+  const std::string asked = type == nullptr ? object_type : std::string(type->rights_of);
+  return has_right(company_, options_.user, right, deciding_components(registrations_, asked));
+}
+
+void Application::require_right(UserRight right, const std::string& object_type, const std::string& what) {
+  if (HasRight(right, object_type, 0)) return;
+  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, options_.user, what));
+}
+
+void Application::require_view(const std::string& object_type) {
+  if (const std::string text = view_refusal(object_type); !text.empty()) throw Error(ErrorKind::kObjectMissing, text);
+}
+
+void Application::require_view(const std::string& object_type, const std::string& what) {
+  if (may_view(*this, viewed_with(object_type))) return;
+  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, options_.user, what));
+}
+
+std::string Application::view_refusal(const std::string& object_type) {
+  if (may_view(*this, viewed_with(object_type))) return "";
+  return refusal_text(company_, options_.user, std::string("peržiūrėti ") + viewed_plural(object_type));
+}
+
+void Application::require_administrator(const std::string& what) {
+  if (may_administer(company_, options_.user)) return;
+  throw Error(ErrorKind::kObjectMissing,
+              refusal_text(company_, options_.user, what + ": tai leidžiama tik administratoriui"));
 }
 
 // ---- forms and the desk top

@@ -72,6 +72,29 @@ class Application : public QuorApplication {
   // What a type's objects are called, for headings; the code itself for an unknown type.
   std::string type_caption(const std::string& object_type) const;
 
+  // The guards of what is served to the user: each throws Error with a text that names what he may not ("skaičiuoti
+  // darbo užmokesčio"), before anything is done. In a company without users everybody may everything.
+  void require_right(UserRight right, const std::string& object_type, const std::string& what);
+  void require_view(const std::string& object_type);  // see viewed_with
+  void require_view(const std::string& object_type, const std::string& what);
+  void require_administrator(const std::string& what);
+
+  // The text with which require_view refuses; "" when the type may be viewed.
+  std::string view_refusal(const std::string& object_type);
+
+  // While it lives, the program looks for itself and not for the user: everything may be viewed. For work that the
+  // user may start, and that would half fail on records that he may not see.
+  class ForProgram {
+   public:
+    explicit ForProgram(Application& application) : application_(application) { ++application_.for_program_; }
+    ForProgram(const ForProgram&) = delete;
+    ForProgram& operator=(const ForProgram&) = delete;
+    ~ForProgram() { --application_.for_program_; }
+
+   private:
+    Application& application_;
+  };
+
   // Every box shown so far, and who else is told of each.
   const std::vector<ShownBox>& shown_boxes() const { return shown_boxes_; }
   void on_box(std::function<void(const ShownBox&)> listener) { box_listener_ = std::move(listener); }
@@ -81,6 +104,8 @@ class Application : public QuorApplication {
   // Told of every report that is shown; and the last one, null before the first.
   void on_report(std::function<void(const ReportData&)> listener) { report_listener_ = std::move(listener); }
   const std::shared_ptr<const ReportData>& shown_report() const { return shown_report_; }
+  // Reports go to the screen from now on: what may be viewed needs no right to print.
+  void read_reports_on_screen() { reports_on_paper_ = false; }
   // What is chosen from now on where nobody is there to choose.
   void set_pick(std::string pick) { options_.pick = std::move(pick); }
   // The keys on the user's desk top, in order.
@@ -101,7 +126,7 @@ class Application : public QuorApplication {
   std::shared_ptr<QuorMainBO> NewMainBO() override;
   std::shared_ptr<QuorObjectUIO> NewStandardObjectUIO(const std::string& object_type) override;
   std::shared_ptr<ObjectRegistry> NewObjectRegistry() override;
-  std::shared_ptr<ListReport> NewListReport(const std::string& title) override;
+  std::shared_ptr<ListReport> NewListReport(const std::string& title, const std::string& object_type) override;
   void show_modal(Form& form) override;
   void run_pending_events() override {}  // nothing waits without windows
   [[nodiscard]] std::shared_ptr<Object> hourglass() override;
@@ -136,6 +161,8 @@ class Application : public QuorApplication {
   std::shared_ptr<const ReportData> shown_report_;
   OpenObjects open_objects_;
   int busy_ = 0;
+  int for_program_ = 0;  // open scopes
+  bool reports_on_paper_ = true;
   std::map<std::string, std::shared_ptr<QuorObjectUI>> object_uis_;  // by type, once asked for
 };
 

@@ -20,25 +20,32 @@ namespace {
 struct Request {
   std::string_view name;
   std::shared_ptr<Recordset> (*answer)(Company& company, ParameterText& parameter);
+  ViewedWith viewed_with;
 };
 
 constexpr Request kRequests[] = {
-    {"GetCategoryPreview", requests::category_preview},
-    {"GetDepartments", requests::departments},
-    {"GetEmployees", requests::employees},
-    {"GetIndications", requests::indications},
-    {"GetOfficeEmployeeCategory", requests::office_employee_category},
-    {"GetOfficeEmployeeExperience", requests::office_employee_experience},
-    {"GetOfficeEmployeeExtraCharges", requests::office_employee_extra_charges},
-    {"GetOfficeEmployeePreview", requests::office_employee_preview},
-    {"GetOfficeEmployeeSettings", requests::office_employee_settings},
-    {"GetOfficeEmployeeSurcharge", requests::office_employee_surcharge},
-    {"GetPersonalExtraCharges", requests::personal_extra_charges},
-    {"GetSalaryCodes", requests::salary_codes},
-    {"GetSalaryConstants", requests::salary_constants},
-    {"GetSalaryExtraRow", requests::salary_extra_row},
-    {"GetSalaryExtraRowByID", requests::salary_extra_row_by_id},
+    {"GetCategoryPreview", requests::category_preview, {kCategoryType}},
+    {"GetDepartments", requests::departments, {kDepartmentType, kEmployeeType, kSalaryExtensionType}},
+    {"GetEmployees", requests::employees, {kEmployeeType, kSalaryExtensionType}},
+    {"GetIndications", requests::indications, {kSettingsType, kSalaryExtensionType}},
+    {"GetOfficeEmployeeCategory", requests::office_employee_category, {kCategoryType, kSalaryExtensionType}},
+    {"GetOfficeEmployeeExperience", requests::office_employee_experience, {kEmployeeType, kSalaryExtensionType}},
+    {"GetOfficeEmployeeExtraCharges",
+     requests::office_employee_extra_charges,
+     {kPersonalChargeType, kSalaryExtensionType}},
+    {"GetOfficeEmployeePreview", requests::office_employee_preview, {kSalaryExtensionType}},
+    {"GetOfficeEmployeeSettings", requests::office_employee_settings, {kSettingsType, kSalaryExtensionType}},
+    {"GetOfficeEmployeeSurcharge", requests::office_employee_surcharge, {kSalaryExtensionType}},
+    {"GetPersonalExtraCharges", requests::personal_extra_charges, {kPersonalChargeType, kSalaryExtensionType}},
+    {"GetSalaryCodes", requests::salary_codes, {kPersonalChargeType, kSettingsType, kSalaryExtensionType}},
+    {"GetSalaryConstants", requests::salary_constants, {kConstantType, kSettingsType, kSalaryExtensionType}},
+    {"GetSalaryExtraRow", requests::salary_extra_row, {kSalaryExtensionType}},
+    {"GetSalaryExtraRowByID", requests::salary_extra_row_by_id, {kSalaryExtensionType}},
 };
+
+static_assert(std::all_of(std::begin(kRequests), std::end(kRequests),
+                          [](const Request& request) { return !request.viewed_with.front().empty(); }),
+              "somebody must be asked who may view what a request answers");
 
 const Request* find(std::string_view name) {
   const auto* found = std::find_if(std::begin(kRequests), std::end(kRequests),
@@ -76,6 +83,7 @@ MethodResult MainBO::RunMethod(const std::string& name, const std::string& param
   const Request* request = find(name);
   if (request == nullptr) return failure("Nėra užklausos „" + name + "“.");
   try {
+    if (const std::string text = view_refusal(request->viewed_with); !text.empty()) return failure(text);
     ParameterText reader(parameter);
     return {.Code = 0, .Message = {}, .Value = request->answer(company_, reader)};
   } catch (const Error& error) {
@@ -88,6 +96,11 @@ MethodResult MainBO::RunMethod(const std::string& name, const std::string& param
 std::shared_ptr<Recordset> MainBO::GetQuorObjectList(const std::string& parameter, const std::string& filter,
                                                      const std::string& order) {
   try {
+    const std::string object_type = listed_type(parameter);
+    if (const std::string text = view_refusal(viewed_with(object_type)); !text.empty()) {
+      show(text);
+      return nullptr;
+    }
     if (!order.empty()) throw Error(ErrorKind::kTypeMismatch, "Sąrašo rikiuoti pagal „" + order + "“ negalima.");
     const auto list = object_list(company_, parameter, application_.Today());
     if (!filter.empty()) list->Filter(filter);
@@ -115,7 +128,7 @@ SaveStatus MainBO::SaveRecordset(const std::string& name, Recordset& rows) {
   if (set == nullptr) return refused("Duomenų „" + name + "“ čia įrašyti negalima.");
   try {
     if (!application_.HasRight(UserRight::kWrite, set->object_type, 0)) {
-      return refused(std::string("Neturite teisės keisti ") + set->plural + ".");
+      return refused(refusal_text(company_, user_, std::string("keisti ") + set->plural));
     }
     // What is being typed is part of the save, wherever the cursor stands.
     if (!rows.Bof() && !rows.Eof()) rows.Update();
@@ -125,6 +138,12 @@ SaveStatus MainBO::SaveRecordset(const std::string& name, Recordset& rows) {
   } catch (const StoreError& error) {
     return refused(error.what());
   }
+}
+
+// Why the user may not view what is of these types; "" when he may.
+std::string MainBO::view_refusal(const ViewedWith& types) {
+  if (may_view(application_, types)) return "";
+  return refusal_text(company_, user_, std::string("peržiūrėti ") + viewed_plural(types.front()));
 }
 
 void MainBO::show(const std::string& text) {

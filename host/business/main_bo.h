@@ -1,4 +1,5 @@
-// The host's business object: named record-set requests, lists and deletion over one company.
+// The host's business object: named record-set requests, lists and deletion over one company. What the user may not
+// view is refused, a request as one that fails, a list with a box.
 #pragma once
 
 #include <memory>
@@ -6,6 +7,7 @@
 
 #include "frame/contract/quor_application.h"
 #include "host/business/company.h"
+#include "host/business/rights.h"
 
 namespace quor {
 
@@ -30,6 +32,7 @@ class MainBO : public QuorMainBO {
   static bool knows(const std::string& name);
 
  private:
+  std::string view_refusal(const ViewedWith& types);
   void show(const std::string& text);
 
   QuorApplication& application_;

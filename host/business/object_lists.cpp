@@ -160,6 +160,8 @@ std::string listed_caption(const std::string& object_type) {
   return type == nullptr ? "" : type->caption;
 }
 
+std::string listed_type(const std::string& parameter) { return parse(parameter).object_type; }
+
 std::shared_ptr<Recordset> object_list(Company& company, const std::string& parameter, Date today) {
   const ListParameter asked = parse(parameter);
   const ListedType* const type = find(asked.object_type);

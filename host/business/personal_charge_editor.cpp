@@ -77,6 +77,7 @@ std::string PersonalChargeEditor::subject() const {
 
 void PersonalChargeEditor::opening() {
   stored_ = false;
+  cmdWrite.set_enabled(application_.HasRight(UserRight::kWrite, kPersonalChargeType, 0));
   lvwKind.clear();
   for (const char* kind : {"Pastovia suma", "Procentu", "Už tarnybos stažą (procentas pagal skalę)"}) {
     lvwKind.add_row(kind);

@@ -196,18 +196,19 @@ Answer positions_in_force(Company& company, Date first, Date last, std::int32_t 
   const Tariffs tariffs(company.database());
   std::vector<Variant> values = {first, last};
   const std::string of_department = and_of_department(company, department, ":p2", values);
-  const auto positions = company.database().read(
-      "SELECT e.id, e.name, p.category_id, p.constant_type_id, p.share, p.date_to"
-      " FROM positions p JOIN employees e ON e.id = p.employee_id"
-      " WHERE p.date_from <= :p1 AND (p.date_to IS NULL OR p.date_to >= :p0)" +
-          of_department + " ORDER BY e.sort_key, e.id, p.date_from, p.id",
-      {{"UserID", FieldType::kInt32},
-       {"Preview", FieldType::kText},
-       {"Category", FieldType::kInt32},
-       {"Constant", FieldType::kInt32},
-       {"Share", FieldType::kDouble},
-       {"DateTo", FieldType::kDate}},
-      values);
+  const auto positions =
+      company.database().read("SELECT e.id, e.name, p.category_id, p.constant_type_id, " + readable_number("p.share") +
+                                  ", " + readable_date("p.date_to") +
+                                  " FROM positions p JOIN employees e ON e.id = p.employee_id"
+                                  " WHERE p.date_from <= :p1 AND (p.date_to IS NULL OR p.date_to >= :p0)" +
+                                  of_department + " ORDER BY e.sort_key, e.id, p.date_from, p.id",
+                              {{"UserID", FieldType::kInt32},
+                               {"Preview", FieldType::kText},
+                               {"Category", FieldType::kInt32},
+                               {"Constant", FieldType::kInt32},
+                               {"Share", FieldType::kDouble},
+                               {"DateTo", FieldType::kDate}},
+                              values);
   PreviewColumns preview(static_cast<std::size_t>(positions->RecordCount()));
   for (const FieldHandle user{0}, name{1}, category{2}, constant{3}, share{4}, to{5}; !positions->Eof();
        positions->MoveNext()) {

@@ -1,6 +1,10 @@
 #include "host/business/rights.h"
 
 #include <algorithm>
+#include <iterator>
+
+#include "host/business/object_codes.h"
+#include "host/business/object_lists.h"
 
 namespace quor {
 
@@ -40,6 +44,27 @@ bool holds(const RegisteredGroup& group, const std::string& asked) {
   return group.key == asked || std::count(group.objects.begin(), group.objects.end(), asked) > 0;
 }
 
+struct Viewed {
+  ViewedWith with;  // the type itself first
+  const char* plural;
+};
+
+constexpr Viewed kViewed[] = {
+    {{kDepartmentType, kEmployeeType, kSalaryExtensionType}, "padalinių"},
+    {{kEmployeeType, kSalaryExtensionType}, "darbuotojų"},
+    {{kPersonalChargeType, kSalaryExtensionType}, "darbuotojų priedų"},
+    {{kConstantType, kSettingsType, kSalaryExtensionType}, "darbo užmokesčio konstantų"},
+    {{kSalaryExtensionType}, "darbo užmokesčio"},
+    {{kCategoryType}, "pareigybių kategorijų"},
+    {{kSettingsType}, "valstybės tarnautojų nustatymų"},
+};
+
+const Viewed* find_viewed(std::string_view object_type) {
+  const auto* const found = std::find_if(std::begin(kViewed), std::end(kViewed),
+                                         [&](const Viewed& viewed) { return viewed.with.front() == object_type; });
+  return found == std::end(kViewed) ? nullptr : found;
+}
+
 }  // namespace
 
 std::vector<std::string> deciding_components(const Registrations& registrations, const std::string& asked) {
@@ -50,6 +75,7 @@ std::vector<std::string> deciding_components(const Registrations& registrations,
   for (const auto& layout : registrations.layouts) {
     for (const auto& group : layout->groups) {
       if (!holds(*group, asked)) continue;
+      if (group->key == asked && !group->object_type.empty()) components.insert(components.begin(), group->object_type);
       add(group->key);
       add(layout->key);
       add(library_key(*layout));
@@ -65,6 +91,38 @@ std::vector<std::string> deciding_components(const Registrations& registrations,
     break;
   }
   return components;
+}
+
+std::vector<SecurityComponent> host_components() {
+  std::vector<SecurityComponent> components;
+  for (const char* type : {kEmployeeType, kDepartmentType, kConstantType}) {
+    components.push_back({.ParentKey = "", .Key = type, .Caption = listed_caption(type), .Kind = kLayoutComponent});
+  }
+  return components;
+}
+
+std::string refusal_text(Company& company, const std::string& user, const std::string& what) {
+  std::string text = "Neturite teisės " + what + ".";
+  if (grants_of(company, user)->RecordCount() == 0) text += " Naudotojo „" + user + "“ įmonėje nėra.";
+  return text;
+}
+
+ViewedWith viewed_with(std::string_view object_type) {
+  const Viewed* const viewed = find_viewed(object_type);
+  return viewed == nullptr ? ViewedWith{object_type} : viewed->with;
+}
+
+bool may_view(QuorApplication& application, const ViewedWith& types) {
+  const auto views = [&](std::string_view type) {
+    return application.HasRight(UserRight::kView, std::string(type), 0);
+  };
+  return views(types.front()) || std::any_of(types.begin() + 1, types.end(),
+                                             [&](std::string_view type) { return !type.empty() && views(type); });
+}
+
+const char* viewed_plural(std::string_view object_type) {
+  const Viewed* const viewed = find_viewed(object_type);
+  return viewed == nullptr ? "tokių duomenų" : viewed->plural;
 }
 
 bool has_right(Company& company, const std::string& user, UserRight right, const std::vector<std::string>& components) {

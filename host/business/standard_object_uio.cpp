@@ -5,6 +5,7 @@
 #include "host/business/guid.h"
 #include "host/business/object_codes.h"
 #include "host/business/record_checks.h"
+#include "host/business/rights.h"
 #include "host/business/stored_columns.h"
 #include "host/business/tariff_gaps.h"
 #include "host/store/record_guard.h"
@@ -54,11 +55,13 @@ SaveStatus StandardObjectUIO::Read() {
   if (type_ == nullptr) return failed("Nežinomas objekto tipas: „" + object_type_ + "“.");
   try {
     if (is_new_key(oidr_) && !type_->read_only) {
+      if (const std::string text = refusal_to_begin(); !text.empty()) return failed(text);
       make_new_record();
       preview_.clear();
     } else if (!oidr_.starts_with(object_type_)) {
       return failed("Įrašas „" + oidr_ + "“ kito tipo: laukiama „" + object_type_ + "“.");
     } else {
+      if (const std::string text = refusal_to_view(); !text.empty()) return failed(text);
       const auto id = id_of_key(oidr_);
       if (!id || !read_record(*id)) return {.Failed = true, .ErrorText = "Įrašo „" + oidr_ + "“ nėra.", .Gone = true};
     }
@@ -117,9 +120,31 @@ std::string StandardObjectUIO::refusal() const {
   if (type_->read_only) {
     return std::string("Čia ") + type_->plural + " keisti negalima: tokius įrašus tvarko kita programos dalis.";
   }
-  const UserRight right = id_ ? UserRight::kWrite : UserRight::kCreate;
-  if (application_.HasRight(right, std::string(type_->rights_of), 0)) return "";
-  return std::string("Neturite teisės ") + (id_ ? "keisti " : "kurti ") + type_->plural + ".";
+  if (!id_) return refusal_to_create();
+  return may(UserRight::kWrite) ? "" : refused("keisti");
+}
+
+// A new record is begun by whoever may store it: he is told before he has typed. An object of the salary extension
+// without a record is its engine, which computes from what the user may view.
+std::string StandardObjectUIO::refusal_to_begin() const {
+  return object_type_ == kSalaryExtensionType ? refusal_to_view() : refusal_to_create();
+}
+
+// The editors' write buttons ask for the right to write, a new record's too.
+std::string StandardObjectUIO::refusal_to_create() const {
+  if (!may(UserRight::kCreate)) return refused("kurti");
+  return may(UserRight::kWrite) ? "" : refused("keisti");
+}
+
+std::string StandardObjectUIO::refusal_to_view() const {
+  if (may_view(application_, viewed_with(object_type_))) return "";
+  return refusal_text(company_, user_, std::string("peržiūrėti ") + viewed_plural(object_type_));
+}
+
+bool StandardObjectUIO::may(UserRight right) const { return application_.HasRight(right, object_type_, 0); }
+
+std::string StandardObjectUIO::refused(const char* verb) const {
+  return refusal_text(company_, user_, std::string(verb) + " " + type_->plural);
 }
 
 void StandardObjectUIO::make_new_record() {

@@ -39,6 +39,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   std::shared_ptr<Recordset> RsFields() override { return record_; }
   MethodResult Properties(const std::string& name, const std::string& parameter) override;
   MethodResult Methods(const std::string& name, const Parameters& parameters) override;
+  // Refuses a stored record when the user lacks the right to view it, a new one when he may not store it.
   SaveStatus Read() override;
   // Refuses, naming the field, what a company may not hold (value_ranges.h) in what was changed since it was read, and
   // a version of the settings at whose date one of its tariffs has no value. Also refuses when the user lacks the right
@@ -60,6 +61,11 @@ class StandardObjectUIO : public QuorObjectUIO {
  private:
   bool is_read() const;  // the record is the one that OIDR names
   std::string refusal() const;
+  std::string refusal_to_begin() const;
+  std::string refusal_to_create() const;
+  std::string refusal_to_view() const;
+  bool may(UserRight right) const;
+  std::string refused(const char* verb) const;
   void make_new_record();
   bool read_record(std::int32_t id);
   std::shared_ptr<Recordset> child_rows() const;

@@ -1,6 +1,5 @@
 #include "host/business/user_rights.h"
 
-#include <algorithm>
 #include <set>
 
 #include "platform/data/error.h"
@@ -16,18 +15,18 @@ const std::vector<FieldInfo> kFields = {{"Name", FieldType::kText},      {"Admin
 constexpr FieldHandle kName{0}, kAdministrator{1}, kComponent{2};
 constexpr std::size_t kFirstRight = 3;
 
-void require_sound(const std::vector<CompanyUser>& users) {
+void require_each_once(const std::vector<CompanyUser>& users) {
   std::set<std::string> names;
   for (const CompanyUser& user : users) {
-    if (user.name.empty()) throw Error(ErrorKind::kInvalidNull, "Naudotojas neturi vardo.");
     if (!names.insert(user.name).second) {
       throw Error(ErrorKind::kAlreadyOpen, "Naudotojas „" + user.name + "“ įrašytas du kartus.");
     }
   }
-  const auto administers = [](const CompanyUser& user) { return user.administrator; };
-  if (!users.empty() && std::none_of(users.begin(), users.end(), administers)) {
-    throw Error(ErrorKind::kObjectMissing, "Bent vienas naudotojas turi būti administratorius.");
-  }
+}
+
+bool is_there(Database& database, const char* from_where, const std::vector<Variant>& values = {}) {
+  return database.read(std::string("SELECT id FROM ") + from_where + " LIMIT 1", {{"ID", FieldType::kInt32}}, values)
+             ->RecordCount() > 0;
 }
 
 void insert_rights(Database& database, std::int32_t id, const CompanyUser& user) {
@@ -43,8 +42,9 @@ void insert_rights(Database& database, std::int32_t id, const CompanyUser& user)
 
 }  // namespace
 
-std::vector<CompanyUser> company_users(Company& company) {
-  const auto rows = company.database().read(
+std::vector<CompanyUser> company_users(Application& application) {
+  application.require_administrator("tvarkyti naudotojų ir jų teisių");
+  const auto rows = application.company().database().read(
       "SELECT u.name, u.administrator, r.component, r.can_view, r.can_create, r.can_delete, r.can_print, r.can_write"
       " FROM users u LEFT JOIN rights r ON r.user_id = u.id ORDER BY u.name, u.id, r.component",
       kFields);
@@ -59,9 +59,10 @@ std::vector<CompanyUser> company_users(Company& company) {
   return users;
 }
 
-void store_company_users(Company& company, const std::vector<CompanyUser>& users) {
-  require_sound(users);
-  Database& database = company.database();
+void store_company_users(Application& application, const std::vector<CompanyUser>& users) {
+  application.require_administrator("tvarkyti naudotojų ir jų teisių");
+  require_each_once(users);
+  Database& database = application.company().database();
   Transaction transaction(database, Writes::kOther);
   database.execute("DELETE FROM rights");
   database.execute("DELETE FROM users");
@@ -71,14 +72,23 @@ void store_company_users(Company& company, const std::vector<CompanyUser>& users
                      {id, user.name, user.administrator ? 1 : 0});
     insert_rights(database, id, user);
   }
+  require_administrator_among_users(database);
   transaction.commit();
-  company.forget();
+  application.company().forget();
+}
+
+void require_administrator_among_users(Database& database) {
+  if (is_there(database, "users WHERE name = ''")) {
+    throw Error(ErrorKind::kInvalidNull, "Naudotojas neturi vardo.");
+  }
+  if (is_there(database, "users") && !is_there(database, "users WHERE administrator <> 0")) {
+    throw Error(ErrorKind::kObjectMissing, "Bent vienas naudotojas turi būti administratorius.");
+  }
 }
 
 bool may_administer(Company& company, const std::string& user) {
-  const std::vector<CompanyUser> users = company_users(company);
-  return users.empty() || std::any_of(users.begin(), users.end(),
-                                      [&](const CompanyUser& each) { return each.name == user && each.administrator; });
+  Database& database = company.database();
+  return !is_there(database, "users") || is_there(database, "users WHERE name = :p0 AND administrator <> 0", {user});
 }
 
 }  // namespace quor

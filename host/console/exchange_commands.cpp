@@ -37,14 +37,15 @@ ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::
   if (table == nullptr && !style) {
     throw UsageError("su --all formatas „" + options.format + "“ netinka: yra csv, csv-semicolon");
   }
-  const auto database = Database::open(options.company);
+  Session session(options);
+  Application& application = session.application();
   if (table != nullptr && style) {
-    out << export_table(*database, *table, *style);
+    out << export_table(application, *table, *style);
   } else if (table != nullptr) {
-    const auto rows = table_rows(*database, *table);
+    const auto rows = table_rows(application, *table);
     write_rows(*rows, all_fields(*rows), options.format, out);
   } else {
-    export_company(*database, command.folder, *style);
+    export_company(application, command.folder, *style);
     out << "Įrašytos visos lentelės: „" << command.folder << "“.\n";
   }
   return ExitStatus::kDone;
@@ -62,10 +63,10 @@ std::vector<std::string> files_read(const ImportCommand& command) {
 
 ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::ostream& out) {
   const auto sources = sources_of(command);
-  const auto database = Database::open(options.company);
+  Session session(options);
   try {
     const IntoClosed into_closed = command.into_closed ? IntoClosed::kAgreed : IntoClosed::kRefused;
-    for (const ImportedTable& done : import_tables(*database, sources, user_of(options), into_closed)) {
+    for (const ImportedTable& done : import_tables(session.application(), sources, into_closed)) {
       for (const ImportFault& odd : done.warnings) std::cerr << "įspėjimas: " << line_of(odd) << '\n';
       out << done.source.file << ": naujų " << done.added << ", pakeistų " << done.changed << ", nepakitusių "
           << done.unchanged << ".\n";

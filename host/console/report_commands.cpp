@@ -31,6 +31,7 @@ struct Listed {
 };
 constexpr Listed kPreviews[] = {{"salary", "2"}, {"supplements", "3"}};
 constexpr char kPrintCategories[] = "6";
+constexpr char kPdf[] = "pdf";
 
 std::string preview_entry(const std::string& kind) {
   const auto* found =
@@ -129,7 +130,7 @@ bool to_terminal(const CommonOptions& options) {
 
 // Several reports: tables one below the other, CSV lines under one head, JSON a report a line, PDF page behind page.
 void write_reports(const Reports& reports, const CommonOptions& options, Application& application, std::ostream& out) {
-  if (options.format == "pdf") {
+  if (options.format == kPdf) {
     out << report_pdf(reports, application.Today(), application.Title());
     return;
   }
@@ -147,7 +148,7 @@ void write_reports(const Reports& reports, const CommonOptions& options, Applica
 }
 
 void check_output(const CommonOptions& options) {
-  if (options.format == "pdf" && options.output.empty()) {
+  if (options.format == kPdf && options.output.empty()) {
     throw UsageError("PDF rašomas į failą: nurodykite --output FAILAS");
   }
 }
@@ -160,6 +161,7 @@ ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std:
   const Month month = month_of(command.month);
   Session session(options);
   Application& application = session.application();
+  if (options.format != kPdf) application.read_reports_on_screen();
   if (command.department) require_department(application.company(), *command.department);
   const std::string state = month_state_line(month_state(application, month));
   if (!state.empty()) std::cerr << state << '\n';
@@ -173,6 +175,7 @@ ExitStatus run(const PrintCommand& command, const CommonOptions& options, std::o
   if (command.what != "categories") throw UsageError("nežinomas sąrašas „" + command.what + "“: yra categories");
   Session session(options);
   Application& application = session.application();
+  application.require_view(kCategoryType);
   click_categories(application, kPrintCategories);
   if (!application.shown_report()) throw std::runtime_error("Įskiepis kategorijų sąrašo neparodė.");
   write_reports({application.shown_report()}, options, application, out);

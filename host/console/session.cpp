@@ -19,7 +19,7 @@ std::optional<Date> today_of(const CommonOptions& options) {
 Session::Session(const CommonOptions& options, const std::string& pick) {
   ApplicationOptions application_options;
   application_options.pick = pick;
-  application_options.user = user_of(options);
+  if (!options.user.empty()) application_options.user = options.user;
   application_options.today = today_of(options);
   company_ = std::make_unique<Company>(Database::open(options.company));
   application_ = std::make_unique<Application>(*company_, application_options);
@@ -29,10 +29,6 @@ Session::Session(const CommonOptions& options, const std::string& pick) {
     std::cerr << "[" << icon_name(box.icon) << "] " << box.title << ": " << text << '\n';
   });
   application_->load_plugin(options.plugin);
-}
-
-std::string user_of(const CommonOptions& options) {
-  return options.user.empty() ? ApplicationOptions().user : options.user;
 }
 
 Month month_of(const std::string& word) {

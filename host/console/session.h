@@ -31,9 +31,6 @@ class Session {
 // The day that replaces today, if the options name one; throws UsageError.
 std::optional<Date> today_of(const CommonOptions& options);
 
-// Who acts: the user that the options name, or the program's own.
-std::string user_of(const CommonOptions& options);
-
 // The month that a word of the call names; throws UsageError.
 Month month_of(const std::string& word);
 

@@ -30,12 +30,15 @@ void DeskTopPane::refresh() {
   for (const std::string& key : application_.desk_top()) {
     const std::string object_type = key.substr(0, kTypeCodeLength);
     const QString type = QString::fromStdString(application_.type_caption(object_type));
-    const auto [list, is_new] = lists.try_emplace(object_type);
-    if (is_new) list->second = list_of_type(application_, object_type);
-    QString name = type;  // all that is known of what cannot be read
-    if (list->second) {
-      name = name_in(*list->second, key);
-      if (name.isEmpty()) name = type + " (panaikinta)";
+    QString name = type;
+    if (!application_.view_refusal(object_type).empty()) {
+      name += " (neturite teisės)";
+    } else {
+      const auto [list, is_new] = lists.try_emplace(object_type);
+      if (is_new) list->second = list_of_type(application_, object_type);
+      const QString listed = list->second ? name_in(*list->second, key) : QString();
+      // The type is all that is known of what cannot be read.
+      if (list->second) name = listed.isEmpty() ? type + " (panaikinta)" : listed;
     }
     auto* const item = new QListWidgetItem(object_icon(application_, object_type), name, this);
     item->setData(Qt::UserRole, QString::fromStdString(key));

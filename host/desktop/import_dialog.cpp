@@ -78,10 +78,8 @@ void ImportDialog::import_file() {
   faults_->clear();
   faults_->setVisible(false);
   state_->setText("Neįkelta.");
-  Company& company = application_.company();
   try {
-    for (const ImportedTable& done :
-         import_tables(company.database(), {{table, file_->text().toStdString()}}, application_.user())) {
+    for (const ImportedTable& done : import_tables(application_, {{table, file_->text().toStdString()}})) {
       state_->setText(QString("Įkelta. Naujų: %1, pakeistų: %2, nepakitusių: %3.")
                           .arg(done.added)
                           .arg(done.changed)
@@ -89,7 +87,6 @@ void ImportDialog::import_file() {
                       (done.warnings.empty() ? "" : QString(" Įspėjimų: %1.").arg(done.warnings.size())));
       list(done.warnings);
     }
-    company.forget();
   } catch (const ImportRefused& refused) {
     state_->setText(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
     list(refused.faults());

@@ -268,7 +268,6 @@ void MainWindow::import_file() {
 
 void MainWindow::administer_rights() {
   act([this] {
-    RightsDialog::require_administrator(application_);
     RightsDialog dialog(application_, this);
     const FreePointer pointer;
     dialog.exec();

@@ -12,6 +12,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "host/business/object_lists.h"
 #include "host/desktop/header_widths.h"
 #include "host/desktop/object_picker.h"
 #include "host/desktop/registered_icons.h"
@@ -22,6 +23,13 @@ namespace {
 
 constexpr int kRowsMeasured = 200;
 constexpr int kWidestColumn = 420;
+
+std::shared_ptr<Recordset> no_objects() {
+  auto list = std::make_shared<Recordset>();
+  list->Fields().Append(kKeyField, FieldType::kText);
+  list->Open();
+  return list;
+}
 
 // Numbers by their value, all else in Lithuanian order.
 class SortedRows : public QSortFilterProxyModel {
@@ -124,9 +132,11 @@ void ObjectListPane::set_up_view(const QString& name) {
 // ---- the list
 
 void ObjectListPane::refresh() {
-  const auto ui = application_.GetQuorObjectUI(object_type_);
-  const auto list = ui ? ui->GetQuorObjectList(object_type_, "", "") : nullptr;
-  if (!list) return;
+  refusal_ = application_.view_refusal(object_type_);
+  const auto ui = refusal_.empty() ? application_.GetQuorObjectUI(object_type_) : nullptr;
+  auto list = ui ? ui->GetQuorObjectList(object_type_, "", "") : nullptr;
+  if (!list && refusal_.empty() && model_ != nullptr) return;  // what was shown stays
+  if (!list) list = no_objects();
   const std::string key = current();
   PickModel* const before = model_;
   model_ = new PickModel(*list, this);
@@ -145,6 +155,7 @@ void ObjectListPane::search(const QString& text) {
 }
 
 void ObjectListPane::show_count() {
+  if (!refusal_.empty()) return count_->setText(QString::fromStdString(refusal_));
   const int shown = model_->rowCount(), all = model_->all_rows();
   count_->setText(shown == all ? QString("Iš viso: %1").arg(all) : QString("Rasta: %1 iš %2").arg(shown).arg(all));
 }

@@ -21,7 +21,7 @@ class ObjectListPane : public QWidget {
   ObjectListPane(DesktopApplication& application, const std::string& object_type, QWidget* parent);
 
   const std::string& object_type() const { return object_type_; }
-  // Reads the list again; the user stays on his object.
+  // Reads the list again; the user stays on his object. A list that he may not view is empty and says so beside it.
   void refresh();
   // Stands on the object, when what is searched for shows it.
   void stand_on(const std::string& key);
@@ -48,6 +48,7 @@ class ObjectListPane : public QWidget {
 
   DesktopApplication& application_;
   const std::string object_type_;
+  std::string refusal_;  // why the list may not be viewed; "" when it may
   PickModel* model_ = nullptr;
   QSortFilterProxyModel* sorted_;
   QLineEdit* search_;

@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-#include "platform/data/error.h"
+#include "host/business/rights.h"
 
 namespace quor {
 
@@ -22,16 +22,10 @@ std::string component_of(const QTreeWidgetItem& item) { return item.data(0, Qt::
 
 }  // namespace
 
-void RightsDialog::require_administrator(DesktopApplication& application) {
-  if (may_administer(application.company(), application.user())) return;
-  throw Error(ErrorKind::kObjectMissing,
-              "Naudotojas „" + application.user() + "“ nėra administratorius: teisių keisti negali.");
-}
-
 RightsDialog::RightsDialog(DesktopApplication& application, QWidget* parent)
     : QDialog(parent),
       application_(application),
-      users_(company_users(application.company())),
+      users_(company_users(application)),
       list_(new QListWidget(this)),
       administrator_(new QCheckBox("&Administratorius: viskas leidžiama", this)),
       rights_(new QTreeWidget(this)) {
@@ -63,8 +57,9 @@ void RightsDialog::add_components() {
   rights_->setHeaderLabels({"Dalis", "Peržiūrėti", "Kurti", "Naikinti", "Spausdinti", "Keisti"});
   rights_->setRootIsDecorated(false);
   const auto header = std::dynamic_pointer_cast<QuorHeaderSecurity>(application_.create(kSecurityHeader));
-  if (!header) return;
-  for (const SecurityComponent& component : header->GetComponentList()) {
+  std::vector<SecurityComponent> components = header ? header->GetComponentList() : std::vector<SecurityComponent>();
+  for (const SecurityComponent& component : host_components()) components.push_back(component);
+  for (const SecurityComponent& component : components) {
     auto* const item = new QTreeWidgetItem(rights_, {QString::fromStdString(component.Caption)});
     item->setData(0, Qt::UserRole, QString::fromStdString(component.Key));
     item->setToolTip(0, QString::fromStdString(component.Key));
@@ -154,7 +149,7 @@ void RightsDialog::take_check(QTreeWidgetItem* item, int column) {
 }
 
 void RightsDialog::store() {
-  store_company_users(application_.company(), users_);
+  store_company_users(application_, users_);
   accept();
 }
 

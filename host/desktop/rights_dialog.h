@@ -1,4 +1,5 @@
-// The administration of users: who they are, and the five rights of each on the components that the plug-ins list.
+// The administration of users: who they are, and the five rights of each on the components that the plug-ins list and
+// on the host's own object types.
 #pragma once
 
 #include <QDialog>
@@ -17,10 +18,8 @@ namespace quor {
 
 class RightsDialog : public QDialog {
  public:
-  // Throws Error when the application's user is no administrator.
-  static void require_administrator(DesktopApplication& application);
-
-  // Reads users and components; throws StoreError. The application outlives the dialog.
+  // Reads users and components; throws StoreError, and Error when the application's user is no administrator. The
+  // application outlives the dialog.
   RightsDialog(DesktopApplication& application, QWidget* parent);
 
  private:

@@ -7,6 +7,7 @@
 #include "host/exchange/cell_values.h"
 #include "host/exchange/csv.h"
 #include "host/exchange/stored_rows.h"
+#include "host/exchange/table_rights.h"
 #include "host/exchange/time_codes.h"
 #include "host/store/addresses.h"
 #include "host/store/whole_file.h"
@@ -32,10 +33,11 @@ class CodeTexts {
   std::unordered_map<std::int32_t, std::string> texts_;
 };
 
-void write_tables(Database& database, const files::path& folder, const CsvStyle& style) {
+void write_tables(Application& application, const files::path& folder, const CsvStyle& style) {
+  Database& database = application.company().database();
   const std::int64_t begun_at = database.change_count();
   for (const ExchangedTable& table : exchanged_tables())
-    write_whole_file(folder / (std::string(table.name) + ".csv"), export_table(database, table, style));
+    write_whole_file(folder / (std::string(table.name) + ".csv"), export_table(application, table, style));
   if (database.change_count() != begun_at)
     throw std::runtime_error("tuo metu įmonės duomenis keitė kitas vartotojas, bandykite dar kartą");
 }
@@ -58,7 +60,9 @@ FieldType shown_type(CellType type) {
 
 }  // namespace
 
-std::string export_table(Database& database, const ExchangedTable& table, const CsvStyle& style) {
+std::string export_table(Application& application, const ExchangedTable& table, const CsvStyle& style) {
+  require_export_right(application, table);
+  Database& database = application.company().database();
   std::string csv(csv_start(style));
   CodeTexts codes(database);
   const auto end_cell = [&](std::size_t at) {
@@ -88,7 +92,9 @@ std::string export_table(Database& database, const ExchangedTable& table, const 
   return csv;
 }
 
-std::shared_ptr<Recordset> table_rows(Database& database, const ExchangedTable& table) {
+std::shared_ptr<Recordset> table_rows(Application& application, const ExchangedTable& table) {
+  require_export_right(application, table);
+  Database& database = application.company().database();
   auto rows = std::make_shared<Recordset>();
   CodeTexts codes(database);
   for (const ExchangedColumn& column : table.columns)
@@ -111,14 +117,15 @@ std::shared_ptr<Recordset> table_rows(Database& database, const ExchangedTable& 
   return rows;
 }
 
-void export_company(Database& database, const std::string& folder, const CsvStyle& style) {
+void export_company(Application& application, const std::string& folder, const CsvStyle& style) {
+  for (const ExchangedTable& table : exchanged_tables()) require_export_right(application, table);
   std::error_code error;
   const bool made = files::create_directory(folder, error);
   if (error || (!made && !files::is_empty(folder, error)) || error)
     throw std::runtime_error("aplankas turi būti naujas arba tuščias: „" + shown_address(folder) + "“");
   if (made) files::permissions(folder, files::perms::owner_all, error);
   try {
-    write_tables(database, folder, style);
+    write_tables(application, folder, style);
   } catch (...) {
     for (const ExchangedTable& table : exchanged_tables())
       files::remove(files::path(folder) / (std::string(table.name) + ".csv"), error);

@@ -5,9 +5,11 @@
 #include <map>
 
 #include "host/business/closed_reach.h"
+#include "host/business/user_rights.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/import_check.h"
 #include "host/exchange/import_write.h"
+#include "host/exchange/table_rights.h"
 #include "host/exchange/written_check.h"
 
 namespace quor {
@@ -81,8 +83,10 @@ void faults_of_reach(WatchedPlan& watched, const std::vector<TableFile>& files, 
 ImportRefused::ImportRefused(std::vector<ImportFault> faults, bool into_closed)
     : std::runtime_error(text_of(faults)), faults_(std::move(faults)), into_closed_(into_closed) {}
 
-std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources, const std::string& user,
+std::vector<ImportedTable> import_tables(Application& application, std::vector<ImportSource> sources,
                                          IntoClosed into_closed) {
+  for (const ImportSource& source : sources) require_import_right(application, *source.table);
+  Database& database = application.company().database();
   // The order of the tables is that of their references.
   std::sort(sources.begin(), sources.end(), [](const auto& a, const auto& b) { return a.table < b.table; });
   std::vector<ImportFault> faults;
@@ -101,8 +105,10 @@ std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportS
   WrittenCheck written(database, files);
   std::vector<ImportedTable> done;
   bool anything = false;
+  const bool brings_users =
+      std::any_of(files.begin(), files.end(), [](const TableFile& file) { return file.table->name == "users"; });
   for (std::size_t at = 0; at < plans.size(); ++at) {
-    write_plan(database, plans[at], user);
+    write_plan(database, plans[at], application.user());
     done.push_back({sources[at], plans[at].added.size(), plans[at].changed.size(), plans[at].unchanged});
     anything = anything || done.back().added + done.back().changed > 0;
   }
@@ -110,7 +116,10 @@ std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportS
   refuse(faults, files);
   for (WatchedPlan& each : watched) faults_of_reach(each, files, faults);
   refuse(faults, files, /*into_closed=*/true);
-  if (anything) transaction.commit();
+  if (!anything) return done;
+  if (brings_users) require_administrator_among_users(database);
+  transaction.commit();
+  application.company().forget();
   return done;
 }
 

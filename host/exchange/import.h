@@ -13,8 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/business/application.h"
 #include "host/exchange/import_file.h"
-#include "host/store/database.h"
 
 namespace quor {
 
@@ -49,9 +49,10 @@ class ImportRefused : public std::runtime_error {
 enum class IntoClosed { kRefused, kAgreed };
 
 // Imports the files, one a table, in one transaction; files that refer to each other may come in any order. When
-// nothing differs nothing is committed. `user` is kept with the records that change. Throws ImportRefused, StoreError,
-// or std::runtime_error for a file that cannot be read; nothing is written then.
-std::vector<ImportedTable> import_tables(Database& database, std::vector<ImportSource> sources, const std::string& user,
+// nothing differs nothing is committed. The user is kept with the records that change. Throws Error when the user may
+// not bring in one of the tables (see table_rights.h) or when the users would be left without an administrator,
+// ImportRefused, StoreError, or std::runtime_error for a file that cannot be read; nothing is written then.
+std::vector<ImportedTable> import_tables(Application& application, std::vector<ImportSource> sources,
                                          IntoClosed into_closed = IntoClosed::kRefused);
 
 // The files TABLE.csv of a folder. Throws std::runtime_error when there are none, or other CSV files beside them.

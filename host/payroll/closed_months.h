@@ -29,11 +29,13 @@ class MonthNotReady : public std::runtime_error {
 
 // Closes the month as the application's user. Calculates it first without storing; what that finds and the closing are
 // of one state of the company. With `despite`, the reason why the month is closed as it stands, nothing is calculated.
-// Throws MonthNotReady; quor::Error when it is closed already or the reason is blank, too long or of several lines;
-// StoreError, also when others write again and again meanwhile; what the calculation throws. It stays open then.
+// Throws MonthNotReady; quor::Error when the user is no administrator, when it is closed already or the reason is
+// blank, too long or of several lines; StoreError, also when others write again and again meanwhile; what the
+// calculation throws. It stays open then.
 void close_month(Application& application, const Month& month, const std::optional<std::string>& despite = {});
 
-// Opens it again as the application's user. Throws quor::Error when it is not closed, or for the reason as above.
+// Opens it again as the application's user. Throws quor::Error when the user is no administrator, when it is not
+// closed, or for the reason as above.
 void reopen_month(Application& application, const Month& month, const std::string& reason);
 
 struct MonthClosing {

@@ -37,7 +37,7 @@ class MonthTaker {
 
 // Answers false when it was cancelled: the people until then are taken. Throws StoreError, also when the inputs were
 // changed during each of three attempts (kChangedElsewhere); PluginError; quor::Error for an unknown department; and
-// whatever the taker throws.
+// whatever the taker throws. Asks for no right: what the month is made of is read for the program.
 bool calculate_people(Application& application, const Month& month, const MonthRunOptions& options, MonthTaker& taker);
 
 }  // namespace quor

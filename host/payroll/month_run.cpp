@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "host/business/object_codes.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/whole_run.h"
 #include "platform/data/column.h"
@@ -107,8 +108,7 @@ class Storing : public MonthTaker {
   }
   bool take_end() override {
     if (!note(remove_ended(database_, month_, department_, result_.inputs))) return false;
-    if (!department_) note_whole_run(database_, month_, result_.inputs);
-    return true;
+    return department_ || note_whole_run(database_, month_, result_.inputs);
   }
 
   MonthRun result(bool cancelled) {
@@ -139,9 +139,13 @@ class Storing : public MonthTaker {
 }  // namespace
 
 MonthRun calculate_month(Application& application, const Month& month, const MonthRunOptions& options) {
+  application.require_right(UserRight::kWrite, kSalaryExtensionType, "skaičiuoti darbo užmokesčio");
+  const bool may_see = application.HasRight(UserRight::kView, kSalaryExtensionType, 0);
   Storing storing(application, month, options.department);
   const bool whole = calculate_people(application, month, options, storing);
-  return storing.result(!whole);
+  MonthRun run = storing.result(!whole);
+  if (!may_see) run.rows = Recordset::from_columns({kRowFields.begin(), kRowFields.end()});
+  return run;
 }
 
 }  // namespace quor

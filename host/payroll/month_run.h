@@ -24,9 +24,10 @@ struct MonthRun {
   std::shared_ptr<Recordset> rows;
 };
 
-// Throws StoreError, also when what pay follows from is changed again and again meanwhile; PluginError; and quor::Error
-// when the month is closed or the department is unknown. Whatever stops it, each person's document is either whole, of
-// one state of the inputs, or as it was.
+// Needs the right to write the salary extension, no other: what the month is made of is read for the program. Who may
+// not view it, too, gets no rows. Throws StoreError, also when what pay follows from is changed again and again
+// meanwhile; PluginError; and quor::Error when the right is missing, the month is closed or the department is unknown.
+// Whatever stops it, each person's document is either whole, of one state of the inputs, or as it was.
 MonthRun calculate_month(Application& application, const Month& month, const MonthRunOptions& options);
 
 }  // namespace quor

@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "host/business/object_codes.h"
 #include "host/payroll/month_comparison.h"
 #include "host/payroll/whole_run.h"
 #include "platform/data/error.h"
@@ -74,6 +75,7 @@ std::string faults_text(const std::vector<StateFault>& faults) {
 }  // namespace
 
 MonthState month_state(Application& application, const Month& month) {
+  application.require_view(kSalaryExtensionType);
   Company& company = application.company();
   Database& database = company.database();
   company.refresh();

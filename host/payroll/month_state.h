@@ -31,7 +31,8 @@ struct MonthState {
 };
 
 // Cheap while a calculation of everybody holds and of a closed month. Otherwise the month is calculated without
-// storing, once for each state of the company: the answer is remembered beside it. Throws StoreError, PluginError.
+// storing, once for each state of the company: the answer is remembered beside it. Throws StoreError, PluginError, and
+// Error when the user may not view the salary extension.
 MonthState month_state(Application& application, const Month& month);
 
 // One line for the user, "2008.01: po skaičiavimo pakeista duomenų (3 žmonių)"; "" for an open month of today's data

@@ -17,15 +17,16 @@ WholeRun whole_run(Database& database, const Month& month) {
   return run->int32({0}) != 0 ? WholeRun::kOfToday : WholeRun::kEarlier;
 }
 
-void note_whole_run(Database& database, const Month& month, std::int64_t inputs) {
-  if (whole_run(database, month) == WholeRun::kOfToday) return;
+bool note_whole_run(Database& database, const Month& month, std::int64_t inputs) {
+  if (whole_run(database, month) == WholeRun::kOfToday) return true;
   Transaction transaction(database, Writes::kOther);
-  if (database.pay_inputs_count() != inputs) return;
+  if (database.pay_inputs_count() != inputs) return false;
   database.execute(
       "INSERT INTO month_runs (month, pay_inputs) SELECT :p0, value FROM counters WHERE name = 'pay_inputs'"
       " ON CONFLICT (month) DO UPDATE SET pay_inputs = excluded.pay_inputs",
       {month.first_day()});
   transaction.commit();
+  return true;
 }
 
 bool was_calculated(Database& database, const Month& month) {

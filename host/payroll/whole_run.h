@@ -28,8 +28,8 @@ enum class WholeRun {
 WholeRun whole_run(Database& database, const Month& month);
 
 // Remembers that everybody's documents are of the count `inputs` (see Database::pay_inputs_count), unless that is past.
-// Writes nothing when it is known. Throws StoreError.
-void note_whole_run(Database& database, const Month& month, std::int64_t inputs);
+// Writes nothing when it is known. Answers false when it is past. Throws StoreError.
+[[nodiscard]] bool note_whole_run(Database& database, const Month& month, std::int64_t inputs);
 
 // Whether anybody was calculated, if only in a department, or by a program that remembered no runs. Throws StoreError.
 bool was_calculated(Database& database, const Month& month);

@@ -161,6 +161,7 @@ TEST_F(SettingsMenuTest, AStoredVersionIsOpenedAndANewOneMade) {
 
 TEST_F(SettingsMenuTest, AReadThatFailsIsToldOnceByItsOwnText) {
   const std::string employee = "O0400100" + std::to_string(company_.given_employee("Pirmoji"));
+  application_.HasRight(quor::UserRight::kView, "O0400100", 0);  // what rights there are is known by now
   company_.fail_statements();
   EXPECT_EQ(edited(click("0", key_)), "nothing");
   EXPECT_EQ(application_.GetQuorObjectUIO(employee), nullptr);

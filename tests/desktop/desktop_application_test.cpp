@@ -138,7 +138,7 @@ TEST_F(DesktopApplicationTest, AModalFormIsShownUntilItIsClosedAndAsksBeforeType
 }
 
 TEST_F(DesktopApplicationTest, AReportIsPreviewedAndKept) {
-  const auto report = application_.NewListReport("Įmonė");
+  const auto report = application_.NewListReport("Įmonė", "O0402200");
   for (const char* line : {" Tarnautojų sąrašas", "2008.02", "Ūkio / IT skyrius"}) report->AddHeading(line);
   report->AddColumn("A", "Pavadinimas", 6, CellAlignment::kLeft);
   report->AddColumn("B", "Suma", 2, CellAlignment::kRight);

@@ -225,7 +225,7 @@ TEST_F(MainWindowTest, WhatIsNotWrittenIsAskedAboutAndADeletedObjectIsGone) {
 
 TEST_F(MainWindowTest, ARightThatTheUserLacksIsRefused) {
   company_.given_category("A lygis", {});
-  store_company_users(company_.company(),
+  store_company_users(company_.application(),
                       {{"vadovė", true}, {"jonas", false, {{"COfficeEmployees", {true, false, false, true, false}}}}});
   open("jonas");
   window_->list()->focus_list();
@@ -240,10 +240,13 @@ TEST_F(MainWindowTest, ARightThatTheUserLacksIsRefused) {
   EXPECT_EQ(shown(), "A lygis");
   come_back();
   NextWindows boxes({[](QWidget& error) {
-    EXPECT_EQ(told(error), "Naudotojas „jonas“ nėra administratorius: teisių keisti negali.");
+    EXPECT_EQ(told(error), "Neturite teisės tvarkyti naudotojų ir jų teisių: tai leidžiama tik administratoriui.");
     press(Qt::Key_Return);
   }});
   press(Qt::Key_U, Qt::ControlModifier);
+  window_->show_type("O0400100");
+  EXPECT_NE(told(*window_->list()).find("Neturite teisės peržiūrėti darbuotojų."), std::string::npos);
+  EXPECT_EQ(shown(), "");
 }
 
 TEST_F(MainWindowTest, ARecordThatIsGoneIsToldAndNothingOpens) {
@@ -259,37 +262,6 @@ TEST_F(MainWindowTest, ARecordThatIsGoneIsToldAndNothingOpens) {
   }});
   press(Qt::Key_Return);
   EXPECT_EQ(tabs(), "Valstybės tarnautojų nustatymai");
-}
-
-TEST(UserRights, AreStoredTogetherOrNotAtAll) {
-  TestCompany company;
-  struct Case {
-    std::vector<CompanyUser> users;
-    const char* refused;
-  };
-  const Case cases[] = {
-      {{{"ona"}}, "Bent vienas naudotojas turi būti administratorius."},
-      {{{"ona", true}, {""}}, "Naudotojas neturi vardo."},
-      {{{"ona", true}, {"ona"}}, "Naudotojas „ona“ įrašytas du kartus."},
-      {{{"ona", true}, {"jonas", false, {{"CA", {false, true, false, false, true}}}}}, ""},
-      {{}, ""},
-  };
-  for (const Case& c : cases) {
-    std::string refused;
-    try {
-      store_company_users(company.company(), c.users);
-    } catch (const Error& error) {
-      refused = error.what();
-    }
-    EXPECT_EQ(refused, c.refused);
-    const auto stored = company_users(company.company());
-    EXPECT_EQ(stored.size(), *c.refused == 0 ? c.users.size() : 0U);
-    if (stored.size() == 2) {
-      EXPECT_EQ(stored[0].rights.at("CA"), (GrantedRights{false, true, false, false, true}));
-      EXPECT_TRUE(may_administer(company.company(), "ona"));
-      EXPECT_FALSE(may_administer(company.company(), "jonas"));
-    }
-  }
 }
 
 // The sample company, as a new user meets it.

@@ -107,7 +107,7 @@ void take_dialogs(DesktopApplication& application, MainWindow& window, Pictures&
   month.show();
   QTest::keyClick(&month, Qt::Key_Return);
   pictures.take(month, "month_dialog");
-  store_company_users(application.company(),
+  store_company_users(application,
                       {{"ona", true}, {"petras", false, {{"COfficeEmployees", {true, true, false, true, true}}}}});
   RightsDialog rights(application, &window);
   rights.show();

@@ -34,6 +34,12 @@ class CategoryEditor : public testing::TestWithParam<quor::Backend> {
     open("O0402200" + std::to_string(company_.given_category("A lygis", {{"2005.01.01", 9.7}, {"2007.01.01", 10.1}})));
   }
 
+  // On the type and on its group's key, which nobody has registered here.
+  void given_rights(const char* letters) {
+    const std::int32_t user = company_.given_user("testuotoja");
+    for (const char* component : {"O0402200", "COfficeEmployees"}) company_.given_rights(user, component, letters);
+  }
+
   // The user of the row dialog, from its opening to its closing.
   using Dialog = frmOfficeEmployeeCategoryRow;
   void in_the_dialog(std::function<void(Dialog&)> acts) {
@@ -211,10 +217,19 @@ TEST_P(CategoryEditor, ACancelledDialogChangesNothingAndHidesNothing) {
 }
 
 TEST_P(CategoryEditor, WithoutTheRightToWriteNothingIsWritten) {
-  company_.given_rights(company_.given_user("testuotoja"), "COfficeEmployees", "vcdp");
+  given_rights("vcdp");
   open_stored();
   type_and_leave(editor_->txtName, "Kita");
   EXPECT_EQ(buttons(), "cancel new");
+}
+
+TEST_P(CategoryEditor, WhoMayNotCreateIsToldBeforeTyping) {
+  given_rights("vdpw");
+  open_stored();
+  EXPECT_EQ(quor::error_text([&] { editor_->SSCNew.click(); }), "Neturite teisės kurti pareigybių kategorijų.");
+  type_and_leave(editor_->txtName, "Kita");
+  editor_->cmdWrite.click();
+  EXPECT_EQ(stored().substr(0, 4), "Kita") << "the category that was open still is";
 }
 
 TEST_P(CategoryEditor, TheFactorBoxTakesWhatCanBecomeANumber) {

@@ -282,10 +282,20 @@ TEST_P(SettingsEditor, ALimitThatDoesNotConvertLeavesTheRecordAsItIs) {
 }
 
 TEST_P(SettingsEditor, WithoutTheRightToWriteNothingIsWritten) {
-  company_.given_rights(company_.given_user("testuotoja"), "COfficeEmployees", "vcdp");
+  // What is granted on the group is not the settings': they are in none.
+  const std::int32_t user = company_.given_user("testuotoja");
+  company_.given_rights(user, "COfficeEmployees", "vcdpw");
+  company_.given_rights(user, "O0402300", "vcdp");
   open(given_version());
   editor_->lvwTimeCodes.check(0);
   EXPECT_EQ(enabled(), "cancel");
+  company_.database().execute("UPDATE rights SET can_write = 1 - can_write");
+  company_.company().forget();
+  open(editor_->QuorObjectUIO->OIDR());
+  editor_->lvwTimeCodes.check(0);
+  EXPECT_EQ(enabled(), "write cancel");
+  editor_->cmdWrite.click();
+  EXPECT_TRUE(application_.boxes().empty());
 }
 
 TEST_P(SettingsEditor, ARequestThatFailsIsToldAndFillsNothing) {

@@ -39,7 +39,7 @@ class CsvImport : public testing::TestWithParam<Backend> {
       files.push_back({find_exchanged_table(source.table), folder_.path(std::string(source.table) + ".csv")});
       std::ofstream(files.back().file, std::ios::binary) << source.text;
     }
-    return import_tables(*database_, files, "testuotoja");
+    return import_tables(application_, files);
   }
 
   // The faults of the import, a line each, files named without their folder; "" when there are none. Warnings as
@@ -60,16 +60,19 @@ class CsvImport : public testing::TestWithParam<Backend> {
     }
   }
 
-  std::string exported(const char* table) { return export_table(*database_, *find_exchanged_table(table)); }
+  std::string exported(const char* table) { return export_table(application_, *find_exchanged_table(table)); }
   std::string everything() {
-    std::string all = std::to_string(database_->change_count()) + "\n";
-    for (const ExchangedTable& table : exchanged_tables()) all += export_table(*database_, table);
+    std::string all = std::to_string(database().change_count()) + "\n";
+    for (const ExchangedTable& table : exchanged_tables()) all += export_table(application_, table);
     return all;
   }
 
+  Database& database() { return company_.database(); }
+
   TemporaryFolder folder_;
   std::unique_ptr<CompanyPlace> place_ = GetParam().make_place();
-  std::unique_ptr<Database> database_ = Database::create(place_->address());
+  Company company_{Database::create(place_->address())};
+  Application application_{company_, {.user = "testuotoja"}};
 };
 INSTANTIATE_TEST_SUITE_P(On, CsvImport, testing::ValuesIn(backends()),
                          [](const auto& each) { return each.param.name; });
@@ -273,6 +276,7 @@ std::string spelled_out(std::string value) {
 }
 
 TEST_P(CsvImport, HoldsEveryColumnToItsRange) {
+  database().execute("DELETE FROM closed_months");
   bring({{"categories", "id,guid,name\n1,A,a\n"}, {"settings", "id,guid,date_from\n1,S,2005-01-01\n"}});
   for (const auto& c : text_table(kRanges)) {
     ASSERT_EQ(c.size(), 6U) << c[0] << c[2];
@@ -322,6 +326,7 @@ TEST_P(CsvImport, TellsOddHoursAndTakesThemRefusesWhatNoMonthHolds) {
 }
 
 TEST_P(CsvImport, LeavesNoVersionOfTheSettingsWithoutTheValueOfATariff) {
+  database().execute("DELETE FROM closed_months");
   const std::string
       settings = "id,guid,date_from,base_month_tariff_id,base_hour_tariff_id\n",
       values = "id,constant_type_id,date_from,value\n",
@@ -351,7 +356,7 @@ TEST_P(CsvImport, LeavesNoVersionOfTheSettingsWithoutTheValueOfATariff) {
     EXPECT_EQ(faults_of(files), step.faults);
   }
   // Where there was none before, others' values still come in.
-  database_->execute("UPDATE settings SET date_from = 1");
+  database().execute("UPDATE settings SET date_from = 1");
   EXPECT_EQ(faults_of({{"constant_values", values + "7,1,2010-01-01,150\n"}}), "");
 }
 
@@ -382,15 +387,15 @@ TEST_P(CsvImport, ReadsWhatPeopleAndTablesWrite) {
     EXPECT_EQ(faults_of({{"worked_time", c.text}}), "");
     EXPECT_EQ(exported("worked_time"),
               "employee_id,date,time_code,hours\r\n1,2007-12,FD,160\r\n1,2008-01-15,FD,8\r\n" + c.rows);
-    database_->execute("DELETE FROM worked_time WHERE employee_id = 2");
+    database().execute("DELETE FROM worked_time WHERE employee_id = 2");
   }
 }
 
 TEST_P(CsvImport, ChangesWhatDiffersAddsWhatIsNewAndLeavesTheRest) {
   const auto one = [&](const std::string& sql) {
-    return null_to_text(database_->read(sql, {{"Text", FieldType::kText}})->field("Text"));
+    return null_to_text(database().read(sql, {{"Text", FieldType::kText}})->field("Text"));
   };
-  database_->execute("UPDATE employees SET changed_by = 'kitas', row_version = 7");
+  database().execute("UPDATE employees SET changed_by = 'kitas', row_version = 7");
   const auto done = bring({{"employees", "name,id,department_id\nŽilinas,1,1\nČepienė,2,1\nAras,9,2\n"}});
   ASSERT_EQ(done.size(), 1U);
   EXPECT_EQ(std::vector({done[0].added, done[0].changed, done[0].unchanged}), std::vector<std::size_t>({1, 1, 1}));
@@ -401,20 +406,20 @@ TEST_P(CsvImport, ChangesWhatDiffersAddsWhatIsNewAndLeavesTheRest) {
   };
   EXPECT_EQ(guard("1") + ", " + guard("2") + ", " + guard("9"), "7 kitas, 8 testuotoja, 1 testuotoja");
   EXPECT_EQ(one("SELECT sort_key FROM employees WHERE id = 2"), lithuanian_sort_key("Čepienė"));
-  EXPECT_EQ(database_->reserve_ids("employees"), 10);
-  EXPECT_EQ(database_->reserve_ids("constant_types"), 3);
+  EXPECT_EQ(database().reserve_ids("employees"), 10);
+  EXPECT_EQ(database().reserve_ids("constant_types"), 3);
 
   // A day's hours are replaced, the month's stay apart; a value taken away is taken away.
   bring({{"worked_time", kTime + "1,2008-01-15,1,6\n1,2008-01,FD,5\n"},
          {"employees", "id,department_id,name,usr_acc_date\n1,1,Žilinas,\n"}});
   EXPECT_EQ(exported("worked_time"),
             "employee_id,date,time_code,hours\r\n1,2007-12,FD,160\r\n1,2008-01-15,FD,6\r\n1,2008-01,FD,5\r\n");
-  EXPECT_EQ(count(*database_, "employees WHERE usr_acc_date IS NULL"), 3);
+  EXPECT_EQ(count(database(), "employees WHERE usr_acc_date IS NULL"), 3);
 }
 
 TEST_P(CsvImport, RowsThatComeInAreAChangeOfTheRecordTheyArePartOf) {
   const auto versions = [&] {
-    const auto rows = database_->read("SELECT row_version, changed_by FROM categories ORDER BY id",
+    const auto rows = database().read("SELECT row_version, changed_by FROM categories ORDER BY id",
                                       {{"Version", FieldType::kInt32}, {"User", FieldType::kText}});
     std::string text;
     for (; !rows->Eof(); rows->MoveNext()) {
@@ -424,7 +429,7 @@ TEST_P(CsvImport, RowsThatComeInAreAChangeOfTheRecordTheyArePartOf) {
   };
   const std::string header = "id,guid,category_id,factor\n";
   bring({{"categories", "id,guid,name\n1,A,a\n2,B,b\n3,C,c\n"}});
-  database_->execute("UPDATE categories SET changed_by = 'ona'");
+  database().execute("UPDATE categories SET changed_by = 'ona'");
   const std::pair<std::string, const char*> steps[] = {
       {"1,R1,1,5\n2,R2,2,6\n", "2t 2t 1o "},  // new rows
       {"1,R1,1,5\n2,R2,2,6\n", "2t 2t 1o "},  // nothing differs
@@ -441,7 +446,7 @@ TEST_P(CsvImport, CommitsNothingWhenNothingDiffers) {
   const std::string before = everything();
   std::vector<Source> same;
   for (const ExchangedTable& table : exchanged_tables())
-    same.push_back({table.name.data(), export_table(*database_, table)});
+    same.push_back({table.name.data(), export_table(application_, table)});
   for (const ImportedTable& done : bring(same)) EXPECT_EQ(done.added + done.changed, 0U) << done.source.file;
   EXPECT_EQ(everything(), before);
 }
@@ -452,7 +457,7 @@ TEST_P(CsvImport, TakesFilesThatReferToEachOtherInAnyOrder) {
                        {"indications", "id,indication_code,code_id,code,code_name\n2,WorkTime,2,NN,b\n"},
                        {"departments", kDepartments + "12,13,C\n11,12,B\n13,2,D\n"}}),
             "");
-  EXPECT_EQ(count(*database_, "worked_time WHERE time_code_id = 2 AND employee_id = 5"), 1);
+  EXPECT_EQ(count(database(), "worked_time WHERE time_code_id = 2 AND employee_id = 5"), 1);
   std::string chain = kDepartments;  // deeper than a batch, each below the one after it
   for (std::int32_t n = 100; n < 700; ++n)
     chain += std::to_string(n) + "," + std::to_string(n == 699 ? 2 : n + 1) + ",X\n";
@@ -475,11 +480,11 @@ TEST_P(CsvImport, IsWholeOrNotThereAtAllWhateverFails) {
   for (; !done; ++at) {
     SCOPED_TRACE(at);
     ASSERT_LT(at, 100U);
-    database_->set_fault([last = database_->statements() + at](std::uint64_t number) {
+    database().set_fault([last = database().statements() + at](std::uint64_t number) {
       if (number == last) throw StoreError(StoreFault::kFailed, "nutrūko");
     });
     done = !refusal_of([&] { bring(kSources); }).fault;
-    database_->set_fault(nullptr);
+    database().set_fault(nullptr);
     EXPECT_EQ(everything() == before, !done);
   }
   EXPECT_GT(at, 20U);
@@ -490,9 +495,9 @@ TEST_P(CsvImport, NeedsStatementsByTheBatchNotByTheRow) {
     std::string text = kTime;
     for (int row = 0; row < rows; ++row)
       text += "1," + date_text(add_days(Date::from_ymd(year, 1, 1), row)) + ",FD," + hours + "\n";
-    const std::uint64_t before = database_->statements();
+    const std::uint64_t before = database().statements();
     bring({{"worked_time", text}});
-    return database_->statements() - before;
+    return database().statements() - before;
   };
   const auto few = statements(2010, 10, "1");
   constexpr std::uint64_t kBatches = 3000 / 33 + 1;  // 33 rows of six values a statement, or more

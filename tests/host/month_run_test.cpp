@@ -364,11 +364,7 @@ TEST_P(MonthRunTest, AFailedStatementStopsTheRunAndLeavesEachDocumentWholeOrAsIt
   touch();
   Database& database = company_.database();
   const auto statements_before = database.statements();
-  std::uint64_t reading_ends = 0;
-  calculate("2008-01", {.cancelled = [&] {
-              if (reading_ends == 0) reading_ends = database.statements() - statements_before;
-              return false;
-            }});
+  calculate();
   const auto statements = database.statements() - statements_before;
   ASSERT_GT(statements, 20U);
   const auto with_charge = stored_pay();
@@ -380,8 +376,6 @@ TEST_P(MonthRunTest, AFailedStatementStopsTheRunAndLeavesEachDocumentWholeOrAsIt
 
   int as_it_was = 0;
   for (std::uint64_t n = 1; n <= statements; ++n) {
-    // What fails at the end of the reading, before the look whether the month is closed, breaks the connection.
-    if (n + 1 == reading_ends || n + 2 == reading_ends) continue;
     touch();
     const auto failing = database.statements() + n;
     database.set_fault([failing](std::uint64_t statement) {
@@ -389,6 +383,7 @@ TEST_P(MonthRunTest, AFailedStatementStopsTheRunAndLeavesEachDocumentWholeOrAsIt
     });
     error_text([&] { EXPECT_EQ(calculate().faults.size(), 0U) << "statement " << n; });
     company_.heal();
+    company_.company().refresh();  // what fails at the end of the reading breaks the connection
     const auto now = stored_pay();
     EXPECT_TRUE(now == without_charge || now == with_charge) << "statement " << n << " of " << statements;
     as_it_was += now == without_charge ? 1 : 0;

@@ -231,7 +231,7 @@ TEST_P(MonthTable, AnImpossibleValueIsTheFaultOfWhoseItIs) {
        kTime},
       {"worked_time SET hours = 745 WHERE day IS NULL", "mėnesio valandos 745 (turi būti nuo 0 iki 744)", kTime},
       {"worked_time SET hours = -1 WHERE day IS NULL", "mėnesio valandos -1 (turi būti nuo 0 iki 744)", kTime},
-      {"extra_charges SET sum_a = -0.01", "priedo suma -0,01 (turi būti daugiau kaip 0 iki 1000000)", kCharge},
+      {"extra_charges SET sum_a = -0.01", "priedo suma -0,01 (turi būti nuo 0 iki 1000000)", kCharge},
       {"extra_charges SET percentage = 1001", "priedo procentas 1001 (turi būti nuo 0 iki 1000)", kCharge},
       {"extra_charges SET date_to = 9999999",
        "priedo pabaiga ne kalendoriaus diena (turi būti nuo 1900.01.01 iki 2999.12.31)", kCharge},

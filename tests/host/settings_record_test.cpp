@@ -194,14 +194,18 @@ TEST_P(SettingsRecordTest, TheRightsOfTheUserHoldWhateverTheEditorLets) {
   const auto save = [&](const char* key, const char* letters) {
     company_.database().execute("DELETE FROM rights");
     company_.given_rights(user, kSettingsType, letters);
-    auto& object = object_of("testuotoja", key);
-    if (object.OIDR() != kKey) object.Fields()["GUID"].Value(object.GetGUID());
-    return object.Save(0, "").ErrorText;
+    const auto object = company_.application().NewStandardObjectUIO(kSettingsType);
+    object->OIDR(key);
+    if (const SaveStatus read = object->Read(); read.Failed) return "read: " + read.ErrorText;
+    if (object->OIDR() != kKey) object->Fields()["GUID"].Value(object->GetGUID());
+    return object->Save(0, "").ErrorText;
   };
   EXPECT_EQ(save(kKey, "vcdp"), "Neturite teisės keisti valstybės tarnautojų nustatymų.");
-  EXPECT_EQ(save(kKey, "w"), "");
-  EXPECT_EQ(save("", "vdpw"), "Neturite teisės kurti valstybės tarnautojų nustatymų.");
-  EXPECT_EQ(save("", "c"), "");
+  EXPECT_EQ(save(kKey, "vw"), "");
+  EXPECT_EQ(save(kKey, "cdpw"), "read: Neturite teisės peržiūrėti valstybės tarnautojų nustatymų.");
+  EXPECT_EQ(save("", "vdpw"), "read: Neturite teisės kurti valstybės tarnautojų nustatymų.");
+  EXPECT_EQ(save("", "vcdp"), "read: Neturite teisės keisti valstybės tarnautojų nustatymų.");
+  EXPECT_EQ(save("", "cw"), "");
 }
 
 }  // namespace

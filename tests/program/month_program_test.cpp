@@ -48,7 +48,7 @@ class MonthProgramTest : public testing::TestWithParam<Backend> {
   void remove_documents() {
     const auto database = Database::open(place_->address());
     Transaction transaction(*database);
-    for (const char* table : {"salary_rows", "time_rows", "documents"}) {
+    for (const char* table : {"salary_rows", "time_rows", "document_positions", "documents"}) {
       database->execute(std::string("DELETE FROM ") + table);
     }
     transaction.commit();

@@ -152,7 +152,7 @@ TEST_F(PreviewProgramTest, ABoxThatTellsOfAFailureFailsTheCommand) {
   given_month();
   {
     const auto database = Database::open(folder_.path("sample.quor"));
-    Transaction transaction(*database);
+    Transaction transaction(*database, Writes::kOther);
     database->execute("DROP TABLE extra_charges");
     transaction.commit();
   }

@@ -192,12 +192,12 @@ TEST_F(ProgramTest, RecordSetsAndTheMonthComeInThreeFormats) {
        "               7               5          63,00         0,00           0,00  1260,00  \n"
        "Žilinas          A lygis, \"13\"                  9,70       130,00     0,5          630,00        630,00"
        "               0               0           0,00         0,00           0,00   630,00  \n",
-       "Apskaičiuota žmonių: 2 iš 2; pakeista dokumentų: 2; klaidų: 0.\n"},
+       "Apskaičiuota žmonių: 2 iš 2; pakeista dokumentų: 2; klaidų: 0; viršija ribą: 0.\n"},
       {{"month", "2008-02", "--department", "2", "--format", "csv"},
        "\"Pavardė, vardas\",Pareigybių kategorija,Koeficientas,Bazinė alga,Etatas,Pareiginė alga,Mėnesio alga,"
        "Tarnybos metai,Stažo priedo %,Stažo priedas,Priedų suma,Priemokų suma,Iš viso,Patikra\r\n"
        "Čepaitė,\"A lygis, \"\"13\"\"\",9.7,130,1,1260,1260,7,5,63,0,0,1260,\r\n",
-       "Apskaičiuota žmonių: 1 iš 1; pakeista dokumentų: 0; klaidų: 0.\n"},
+       "Apskaičiuota žmonių: 1 iš 1; pakeista dokumentų: 0; klaidų: 0; viršija ribą: 0.\n"},
   };
   for (const Case& c : cases) {
     const Outcome run = quor(c.words);
