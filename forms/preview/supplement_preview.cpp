@@ -150,6 +150,7 @@ void frmOfficeEmployeeExtraChargePreview::count_service(ListedPerson& person, st
   }
 }
 
+// Informs: the list is made all the same.
 void frmOfficeEmployeeExtraChargePreview::tell_faults(const std::vector<std::string>& faults) {
   constexpr std::size_t kNamed = 10;
   if (faults.empty()) return;
@@ -158,7 +159,7 @@ void frmOfficeEmployeeExtraChargePreview::tell_faults(const std::vector<std::str
   if (faults.size() > kNamed) {
     text += std::string(quor::kLineBreak) + "Ir dar: " + std::to_string(faults.size() - kNamed) + ".";
   }
-  application().MessageBox(text, quor::BoxIcon::kExclamation, quor::BoxButtons::kOk, application().Title());
+  application().MessageBox(text, quor::BoxIcon::kInformation, quor::BoxButtons::kOk, application().Title());
 }
 
 void frmOfficeEmployeeExtraChargePreview::gather_services(ByPerson<RecordedService>& services) const {

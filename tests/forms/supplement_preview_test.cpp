@@ -152,7 +152,7 @@ TEST_F(SupplementPreview, AServiceThatIsNoneIsToldOfItsPersonAlone) {
   company_.given_service(two_, day("2001.01.01"), 40000, 3);
   for (const auto person : {one_, two_}) given_charge(person, "2007.01.01", "2999.12.31", kNull, kNull, "O0402000");
   EXPECT_EQ(filled(), "1;Adomas;9;A;1260;5%;63,00 | 2;Benas; ;A;1260;0%;0,00 |  ; ; ;A;1260; ; ");
-  EXPECT_EQ(application_.boxes(), std::vector<std::string>{"exclamation, ok, Testas: Benas: Netinkamas įrašytas "
+  EXPECT_EQ(application_.boxes(), std::vector<std::string>{"information, ok, Testas: Benas: Netinkamas įrašytas "
                                                            "tarnybos stažas: metai 40000, mėnesiai 3."});
 }
 
