@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-#include "host/desktop/pointer.h"
+#include "host/desktop/message_box.h"
 #include "host/exchange/import.h"
 
 namespace quor {
@@ -78,14 +78,22 @@ void ImportDialog::import_file() {
   faults_->clear();
   faults_->setVisible(false);
   state_->setText("Neįkelta.");
-  try {
-    for (const ImportedTable& done : import_tables(application_, {{table, file_->text().toStdString()}})) {
+  const auto bring_in = [&](IntoClosed into_closed) {
+    for (const ImportedTable& done : import_tables(application_, {{table, file_->text().toStdString()}}, into_closed)) {
       state_->setText(QString("Įkelta. Naujų: %1, pakeistų: %2, nepakitusių: %3.")
                           .arg(done.added)
                           .arg(done.changed)
                           .arg(done.unchanged) +
                       (done.warnings.empty() ? "" : QString(" Įspėjimų: %1.").arg(done.warnings.size())));
       list(done.warnings);
+    }
+  };
+  try {
+    try {
+      bring_in(IntoClosed::kRefused);
+    } catch (const ImportRefused& refused) {
+      if (!refused.into_closed() || !agrees(refused)) throw;
+      bring_in(IntoClosed::kAgreed);
     }
   } catch (const ImportRefused& refused) {
     state_->setText(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
@@ -94,8 +102,22 @@ void ImportDialog::import_file() {
 }
 
 void ImportDialog::list(const std::vector<ImportFault>& lines) {
+  faults_->clear();
   for (const ImportFault& line : lines) faults_->appendPlainText(QString::fromStdString(line_of(line)));
   faults_->setVisible(!lines.empty());
+}
+
+// The list may be long: it stands in the dialog behind the question.
+bool ImportDialog::agrees(const ImportRefused& refused) {
+  list(refused.faults());
+  const QString text = QString(
+                           "Uždarytus mėnesius siekia failo eilučių: %1. Uždaryti dokumentai nesikeis. "
+                           "Ar tikrai įkelti?")
+                           .arg(refused.faults().size());
+  const bool agreed =
+      show_message_box(this, text, BoxIcon::kQuestion, BoxButtons::kYesNo, windowTitle()) == BoxAnswer::kYes;
+  if (agreed) list({});
+  return agreed;
 }
 
 }  // namespace quor

@@ -15,6 +15,8 @@ class QPushButton;
 
 namespace quor {
 
+class ImportRefused;
+
 class ImportDialog : public QDialog {
  public:
   // The application outlives the dialog.
@@ -26,6 +28,7 @@ class ImportDialog : public QDialog {
  private:
   void import_file();
   void list(const std::vector<ImportFault>& lines);
+  bool agrees(const ImportRefused& refused);
 
   DesktopApplication& application_;
   QComboBox* table_;

@@ -14,6 +14,7 @@
 #include "host/desktop/pointer.h"
 #include "host/desktop/rights_dialog.h"
 #include "host/payroll/latest_month.h"
+#include "host/payroll/month_state.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -51,6 +52,10 @@ MainWindow::MainWindow(DesktopApplication& application)
   add_panes();
   add_menus();
   listen();
+  tabs_->say_of_months([this](const Month& month) {
+    const HourglassPointer hourglass;
+    return month_state_line(month_state(application_, month));
+  });
   act([this] {
     desk_top_->refresh();
     show_status();
@@ -180,11 +185,13 @@ void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_des
   if (!menu->isEmpty()) menu.release()->popup(at);
 }
 
-// The entry that opens an object says that it puts it on the desk top, too.
+// The entry that opens an object says that it puts it on the desk top, too: of a company that may only be read, it
+// opens it.
 void MainWindow::choose(const MenuPlace& place, const std::string& entry) {
   act([&] {
     click(place, entry);
     if (entry != kOpenEntry || place.object.empty() || object_name(application_, place.object).isEmpty()) return;
+    if (!application_.company().database().may_write()) return;
     application_.place_on_desk_top(place.object, nullptr);
   });
 }
@@ -246,7 +253,8 @@ void MainWindow::show_status() {
   user_->setText("Naudotojas: " + QString::fromStdString(application_.user()));
   const auto latest = latest_month(application_.company().database());
   month_->setText("Mėnuo: " + QString::fromStdString(latest.value_or(Month::of(application_.Today())).text()));
-  setWindowTitle(company_->text().isEmpty() ? QString::fromStdString(application_.Title()) : company_->text());
+  const QString title = company_->text().isEmpty() ? QString::fromStdString(application_.Title()) : company_->text();
+  setWindowTitle(application_.company().database().may_write() ? title : title + " (tik skaitymui)");
 }
 
 void MainWindow::calculate_month() {

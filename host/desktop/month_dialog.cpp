@@ -19,11 +19,12 @@ namespace {
 constexpr int kPause = 50;  // ms between two looks at what the user does
 
 QString summary(const MonthRun& run) {
-  return QString("%1Apskaičiuota žmonių: %2 iš %3; pakeista dokumentų: %4; klaidų: %5.")
+  return QString("%1Apskaičiuota žmonių: %2 iš %3; pakeista dokumentų: %4; viršija ribą: %5; klaidų: %6.")
       .arg(run.cancelled ? "Nutraukta. " : "")
       .arg(run.done)
       .arg(run.all)
       .arg(run.changed)
+      .arg(run.over_limit)
       .arg(run.faults.size());
 }
 

@@ -272,6 +272,9 @@ class SampleWindowTest : public MainWindowTest {
 
 TEST_F(SampleWindowTest, AMonthIsCalculatedAndItsPreviewIsOneCommandAwayWithRedCells) {
   open();
+  press(Qt::Key_1, Qt::ControlModifier);
+  press(Qt::Key_F5);
+  EXPECT_NE(told(*window_).find("2008.01: neapskaičiuotas"), std::string::npos) << told(*window_);
   {
     NextWindows dialogs({[](QWidget& dialog) {
       press(Qt::Key_Return);
@@ -282,6 +285,7 @@ TEST_F(SampleWindowTest, AMonthIsCalculatedAndItsPreviewIsOneCommandAwayWithRedC
     press(Qt::Key_M, Qt::ControlModifier);
   }
   EXPECT_NE(told(*window_).find("Mėnuo: 2008.01"), std::string::npos) << told(*window_);
+  EXPECT_EQ(told(*window_).find("2008.01: "), std::string::npos) << "nothing to say any more";
   come_back();
   press(Qt::Key_1, Qt::ControlModifier);
   EXPECT_EQ(tabs(), "Pareigybių kategorijos | Valstybės tarnautojų sąrašas");
