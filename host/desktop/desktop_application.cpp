@@ -42,7 +42,7 @@ void DesktopApplication::show_modal(Form& form) {
       FormDialog dialog(
           form, edge_, [this, &form] { return may_close(form); }, edge_.window());
       const QString subject = form.subject().empty() ? QString() : object_name(*this, form.subject());
-      if (!subject.isEmpty()) dialog.setWindowTitle(dialog.windowTitle() + ": " + subject);
+      if (!subject.isEmpty()) dialog.name_subject(subject);
       dialog.exec();
     }
   } catch (...) {

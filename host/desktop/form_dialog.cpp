@@ -8,6 +8,7 @@ namespace quor {
 namespace {
 
 constexpr int kNarrowest = 320;
+constexpr int kBesideTitle = 220;  // the program's name, the icon and the buttons of a title bar
 
 QString size_setting(const Form& form) {
   return "sizes/" + QString::fromStdString(form.caption()).replace('/', '_').replace('\\', '_');
@@ -34,6 +35,11 @@ FormDialog::FormDialog(Form& form, Edge& edge, std::function<bool()> may_close, 
 FormDialog::~FormDialog() {
   form_.on_close_request(nullptr);
   QSettings().setValue(size_setting(form_), size());
+}
+
+void FormDialog::name_subject(const QString& subject) {
+  setWindowTitle(windowTitle() + ": " + subject);
+  setMinimumWidth(qMax(kNarrowest, fontMetrics().horizontalAdvance(windowTitle()) + kBesideTitle));
 }
 
 void FormDialog::reject() {

@@ -14,6 +14,8 @@ class FormDialog : public QDialog {
   ~FormDialog() override;
 
   FormView& view() { return *view_; }
+  // Names in the title, which then has room, what the form is about.
+  void name_subject(const QString& subject);
 
   // The close box, and Esc where no button takes it: the form hears of it and decides.
   void reject() override;
