@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTreeWidget>
 
 #include "host/business/rights.h"
@@ -82,6 +83,7 @@ void RightsDialog::add_buttons() {
   connect(add, &QPushButton::clicked, this, [this] { ask_new_user(); });
   connect(remove, &QPushButton::clicked, this, [this] { remove_user(); });
   connect(store_button, &QPushButton::clicked, this, [this] { application_.edge().act(this, [this] { store(); }); });
+  connect(new QShortcut(Qt::CTRL | Qt::Key_S, this), &QShortcut::activated, store_button, &QPushButton::click);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
