@@ -65,9 +65,10 @@ void note(Database& database, const Month& month, bool closed, const std::string
 void store_closing(Database& database, const Month& month, const std::string& user, const std::string& reason) {
   const std::string at = change_time();
   database.execute(
-      "INSERT INTO closed_months (month, closed_by, closed_at, settings_guid) VALUES (:p0, :p1, :p2,"
+      "INSERT INTO closed_months (month, closed_by, closed_at, settings_guid, pay_inputs) VALUES (:p0, :p1, :p2,"
       " (SELECT d.settings_guid FROM documents d WHERE d.month = :p0 AND NOT EXISTS (SELECT 1 FROM documents o"
-      " WHERE o.month = :p0 AND o.settings_guid IS NULL) ORDER BY d.id DESC LIMIT 1))",
+      " WHERE o.month = :p0 AND o.settings_guid IS NULL) ORDER BY d.id DESC LIMIT 1),"
+      " (SELECT value FROM counters WHERE name = 'pay_inputs'))",
       {month.first_day(), user, at});
   note(database, month, true, user, at, reason);
 }

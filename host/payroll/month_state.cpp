@@ -37,13 +37,16 @@ std::vector<StateFault> stored_faults(Database& database, const Month& month) {
   return faults;
 }
 
+// Records know the minute of their change: those of the closing's own minute count once anything was written after it.
 std::int32_t recorded_since(Database& database, const Month& month, const std::string& at) {
   const auto count = database.read(
       "SELECT COUNT(*) FROM documents d WHERE d.month = :p0 AND (EXISTS (SELECT 1 FROM experience x"
-      " WHERE x.employee_id = d.employee_id AND x.changed_at > :p2) OR EXISTS (SELECT 1 FROM extra_charges c"
-      " WHERE c.employee_id = d.employee_id AND c.changed_at > :p2"
+      " WHERE x.employee_id = d.employee_id AND x.changed_at >= :p2) OR EXISTS (SELECT 1 FROM extra_charges c"
+      " WHERE c.employee_id = d.employee_id AND c.changed_at >= :p2"
       " AND (((c.date_from IS NULL OR c.date_from <= :p1) AND (c.date_to IS NULL OR c.date_to >= :p0))"
-      " OR EXISTS (SELECT 1 FROM salary_rows r WHERE r.document_id = d.id AND r.personal_extra_charge_id = c.id))))",
+      " OR EXISTS (SELECT 1 FROM salary_rows r WHERE r.document_id = d.id AND r.personal_extra_charge_id = c.id))))"
+      " AND NOT EXISTS (SELECT 1 FROM closed_months m JOIN counters k ON k.name = 'pay_inputs' AND"
+      " k.value = m.pay_inputs WHERE m.month = :p0)",
       {{"Count", FieldType::kInt32}}, {month.first_day(), month.last_day(), at});
   return count->int32({0});
 }

@@ -24,7 +24,7 @@ struct MonthState {
   std::int32_t uncalculated = 0;        // people without a document while nobody has calculated the month as a whole
   std::int32_t changed = 0;             // people whose documents a calculation would write, add or remove
   std::vector<StateFault> faults = {};  // in alphabetical order
-  // Of a closed month: people whose service or charges were recorded anew after the closing, to the minute. Lists that
+  // Of a closed month: people whose service or charges were recorded anew since the closing's minute. Lists that
   // ask for these without a date show what is recorded now.
   std::int32_t recorded_since = 0;
   std::string unknown = {};  // why it cannot be said whether data have changed; "" when it can

@@ -134,6 +134,9 @@ TEST_P(ClosedMonths, AClosedMonthIsShownAsItWasPaid) {
   const std::string paid = shown();
   EXPECT_EQ(paid.substr(0, paid.find(" / ")), "1;Adomas;A lygis;9,7;130;1260 | 2;Benas;A lygis;9,7;130;1260");
   ASSERT_EQ(closing(), "no error");
+  company_.database().execute("UPDATE experience SET changed_at = (SELECT closed_at FROM closed_months)");
+  EXPECT_EQ(line().find("stažas"), std::string::npos) << "recorded before, in the same minute";
+  company_.database().execute("UPDATE experience SET changed_at = NULL");
   EXPECT_EQ(shown(), paid);
   for (const char* change : {"UPDATE category_rows SET factor = 10", "UPDATE categories SET name = 'C'",
                              "UPDATE constant_values SET value = 140",
@@ -145,9 +148,9 @@ TEST_P(ClosedMonths, AClosedMonthIsShownAsItWasPaid) {
     EXPECT_EQ(shown(), paid) << change;
   }
   EXPECT_EQ(company_.get("OfficeEmployeePreview", "'2008.02.29',0"), "1;Adomas;C;10;140;1400") << "an open month";
+  // Service is asked for without a date: what is recorded after the closing is told.
   EXPECT_EQ(line().find("stažas"), std::string::npos);
-  // These are asked for without a date.
-  given("UPDATE experience SET changed_at = '2999.01.01 00:00'");
+  given("UPDATE experience SET changed_at = (SELECT closed_at FROM closed_months)");
   EXPECT_NE(line().find("; po uždarymo iš naujo įrašytas stažas ar priedai (1 žmogaus): jie rodomi dabartiniai"),
             std::string::npos);
   reopen_month(company_.application(), month_, "klaida");

@@ -38,6 +38,8 @@ CREATE TABLE document_settings (
 -- The document_settings that a closed month is shown by; null: its documents keep too little, and it is shown by what
 -- is in force.
 ALTER TABLE closed_months ADD COLUMN settings_guid TEXT;
+-- At which count of the pay's inputs it was closed; null when that is not known.
+ALTER TABLE closed_months ADD COLUMN pay_inputs BIGINT;
 
 -- Every closing (1) and reopening (0) of a month, in order.
 CREATE TABLE month_closings (
