@@ -131,8 +131,10 @@ std::map<std::int32_t, ClosedReach::Pieces> ClosedReach::read() {
     binds.emplace_back(record_);
   }
   const auto rows = database_.read(sql + " ORDER BY " + dated_->order, fields, binds);
+  // An old row may hold what is no day of the calendar: then the nearest one that has a day before and after it.
   const auto bound = [&](FieldHandle field, double open) {
-    return Date::from_serial(rows->is_null(field) ? open : rows->number(field));
+    return Date::from_serial(
+        std::clamp(rows->is_null(field) ? open : rows->number(field), Date::kMinSerial + 1.0, Date::kMaxSerial - 1.0));
   };
   std::map<std::int32_t, Pieces> pieces;
   for (const FieldHandle id{0}, owner{1}, employee{2}, from{3}, to{4}; !rows->Eof(); rows->MoveNext()) {

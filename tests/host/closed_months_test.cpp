@@ -209,6 +209,8 @@ TEST_P(ClosedMonths, AWriteReachesIntoTheMonthsOnWhoseDaysSomethingElseHolds) {
       {"positions", "UPDATE positions SET date_to = 39538 WHERE id = 2", ""},
       {"positions", "UPDATE positions SET date_to = 39537 WHERE id = 2", "2: 2008.03 "},
       {"positions", "UPDATE positions SET share = 0.5, date_from = 39478 WHERE id = 2", "2: 2008.01, 2008.03 "},
+      {"positions", "UPDATE positions SET date_to = 9999999 WHERE id = 2", ""},  // no day: never
+      {"positions", "UPDATE positions SET date_to = -9999999 WHERE id = 2", "2: 2008.01, 2008.03 "},
       {"extra_charges", "UPDATE extra_charges SET comment = 'a'", ""},
       {"extra_charges", "UPDATE extra_charges SET sum_a = 11", "1: 2008.01 "},
       {"extra_charges", "UPDATE extra_charges SET date_to = 39479 WHERE id = 1", ""},
