@@ -117,30 +117,6 @@ class MonthRunTest : public testing::TestWithParam<Backend> {
   std::int32_t category_ = 0, department_ = 0, positions_ = 0, times_ = 0;
 };
 
-TEST_P(MonthRunTest, PayFollowsShareWorkedTimeAndCharges) {
-  const auto whole = given_person("Adomas");
-  company_.given_service(whole, day("2005.01.31"), 3, 11);  // 6 whole years: 5 %
-  company_.given_charge(whole, kNull, kNull, kNull);
-  company_.database().execute("UPDATE extra_charges SET salary_extra_oid = 'O0402000', percentage = 99");
-  const auto two = given_person("Benas", 0.5);
-  given_position(two, 0.25);
-  company_.given_charge(two, day("2008.01.31"), kNull, 100.0);
-  company_.given_charge(two, day("2008.02.01"), kNull, 70.0);  // not yet
-  const auto half = given_person("Celina");
-  given_time(half, 1, 92);                     // of 184 hours
-  given_time(half, 2, 10, day("2008.01.15"));  // 10 * 0,8 * 9,7
-  given_time(half, 3, 8, day("2008.01.16"));   // no surcharge
-  given_person("Daiva", 1.0, "2008.01.16");    // 12 of 23 working days
-  given_person("Edita", 1.0, "2005.01.01", day("2008.01.15"));
-
-  EXPECT_EQ(pay(calculate()),
-            "Adomas;1260;63;0; | Benas;630;100;0; | ;315;;; | Celina;630;0;77,6; | Daiva;657,39;0;0; | "
-            "Edita;602,61;0;0;");
-  EXPECT_EQ(rows_in("documents"), 5);
-  EXPECT_EQ(rows_in("time_rows"), 8);  // Benas has two, Celina three
-  EXPECT_EQ(rows_in("salary_rows"), 9);
-}
-
 TEST_P(MonthRunTest, TheRowsAreCheckedAgainstTheLimits) {
   struct Case {
     const char* name;
