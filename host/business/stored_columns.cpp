@@ -26,6 +26,18 @@ constexpr StoredColumn kFrom{"date_from", "galioja nuo"};
 constexpr StoredColumn kTo{"date_to", "galioja iki"};
 constexpr StoredColumn kMonth{"month", "mėnuo"};
 
+// Of the settings and their scale; documents keep the same.
+constexpr StoredColumn kMonthTariff{"base_month_tariff_id", "bazinė mėnesinė alga", &kStoredIdOrNone};
+constexpr StoredColumn kHourTariff{"base_hour_tariff_id", "bazinė valandinė alga", &kStoredIdOrNone};
+constexpr StoredColumn kSurchargeCodes{"personal_time_code_id_list", "priemokų laiko kodai", nullptr,
+                                       TextForm::kTimeCodeList};
+constexpr StoredColumn kExtraLimit{"extra_charge_percentage", "priedų riba", &kPercentage};
+constexpr StoredColumn kSurchargeLimit{"surcharge_percentage", "priemokų riba", &kPercentage};
+constexpr StoredColumn kTotalLimit{"total_charge_percentage", "bendra priedų ir priemokų riba", &kPercentage};
+constexpr StoredColumn kStepFrom{"year_from", "stažas nuo", &kScaleYear};
+constexpr StoredColumn kStepTo{"year_to", "stažas iki", &kScaleYear};
+constexpr StoredColumn kStepPercentage{"percentage", "priedo procentas", &kPercentage};
+
 constexpr NumberRange kSumType{0, 2};
 constexpr NumberRange kPaidSum{0, 1e12};  // above it cents are lost
 
@@ -56,23 +68,10 @@ std::vector<StoredTable> people_and_tariffs() {
        {kId, kGuid, {"category_id", "kategorija", &kStoredId}, kFrom, {"factor", "koeficientas", &kFactor}}},
       {"settings",
        "Valstybės tarnautojų nustatymai",
-       {kId,
-        kGuid,
-        kFrom,
-        {"base_month_tariff_id", "bazinė mėnesinė alga", &kStoredIdOrNone},
-        {"base_hour_tariff_id", "bazinė valandinė alga", &kStoredIdOrNone},
-        {"personal_time_code_id_list", "priemokų laiko kodai", nullptr, TextForm::kTimeCodeList},
-        {"extra_charge_percentage", "priedų riba", &kPercentage},
-        {"surcharge_percentage", "priemokų riba", &kPercentage},
-        {"total_charge_percentage", "bendra priedų ir priemokų riba", &kPercentage}}},
+       {kId, kGuid, kFrom, kMonthTariff, kHourTariff, kSurchargeCodes, kExtraLimit, kSurchargeLimit, kTotalLimit}},
       {"settings_rows",
        "Tarnybos stažo skalė",
-       {kId,
-        kGuid,
-        {"settings_id", "nustatymai", &kStoredId},
-        {"year_from", "stažas nuo", &kScaleYear},
-        {"year_to", "stažas iki", &kScaleYear},
-        {"percentage", "priedo procentas", &kPercentage}}},
+       {kId, kGuid, {"settings_id", "nustatymai", &kStoredId}, kStepFrom, kStepTo, kStepPercentage}},
       {"experience",
        "Tarnybos stažas",
        {kId,
@@ -170,16 +169,16 @@ std::vector<StoredTable> users_and_months() {
         {"settings_id", "nustatymai", &kStoredId},
         {"settings_guid", "nustatymų GUID"},
         kFrom,
-        {"base_month_tariff_id", "bazinė mėnesinė alga", &kStoredIdOrNone},
-        {"base_hour_tariff_id", "bazinė valandinė alga", &kStoredIdOrNone},
-        {"personal_time_code_id_list", "priemokų laiko kodai", nullptr, TextForm::kTimeCodeList},
-        {"extra_charge_percentage", "priedų riba", &kPercentage},
-        {"surcharge_percentage", "priemokų riba", &kPercentage},
-        {"total_charge_percentage", "bendra priedų ir priemokų riba", &kPercentage},
+        kMonthTariff,
+        kHourTariff,
+        kSurchargeCodes,
+        kExtraLimit,
+        kSurchargeLimit,
+        kTotalLimit,
         {"row_guid", "skalės eilutės GUID"},
-        {"year_from", "stažas nuo", &kScaleYear},
-        {"year_to", "stažas iki", &kScaleYear},
-        {"percentage", "priedo procentas", &kPercentage}}},
+        kStepFrom,
+        kStepTo,
+        kStepPercentage}},
       {"month_faults",
        "Skaičiavimo klaidos",
        {kEmployee, kMonth, {"reason", "priežastis", nullptr, TextForm::kProgramsOwn}}},
