@@ -7,12 +7,12 @@
 #include <iterator>
 #include <string_view>
 
-#include "host/business/object_codes.h"
 #include "host/console/exchange_commands.h"
 #include "host/console/json_values.h"
 #include "host/console/session.h"
 #include "host/sample/sample_company.h"
 #include "host/store/addresses.h"
+#include "host/store/object_codes.h"
 
 namespace quor {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "host/business/company.h"
+#include "host/company/company.h"
 #include "host/report/report_pages.h"
 
 namespace quor {

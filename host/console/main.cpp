@@ -6,7 +6,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "host/business/plugin_library.h"
+#include "host/application/plugin_library.h"
 #include "host/console/commands.h"
 #include "host/console/desktop_command.h"
 #include "host/console/exchange_commands.h"

@@ -8,14 +8,14 @@
 #include <iterator>
 #include <unistd.h>
 
-#include "host/business/departments.h"
-#include "host/business/object_codes.h"
+#include "host/company/departments.h"
 #include "host/console/department_lists.h"
 #include "host/console/session.h"
 #include "host/payroll/month.h"
 #include "host/payroll/month_state.h"
 #include "host/report/report_pdf.h"
 #include "host/report/report_text.h"
+#include "host/store/object_codes.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/form.h"

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <iostream>
 
-#include "host/business/main_bo.h"
+#include "host/application/main_bo.h"
 #include "host/console/json_values.h"
+#include "host/editors/personal_charge_editor.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -19,6 +20,7 @@ std::optional<Date> today_of(const CommonOptions& options) {
 Session::Session(const CommonOptions& options, const std::string& pick) {
   ApplicationOptions application_options;
   application_options.pick = pick;
+  application_options.edit_charge = edit_personal_charge;
   if (!options.user.empty()) application_options.user = options.user;
   application_options.today = today_of(options);
   company_ = std::make_unique<Company>(Database::open(options.company));

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/console/commands.h"
 #include "host/payroll/month.h"
 #include "host/report/record_text.h"

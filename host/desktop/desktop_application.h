@@ -6,7 +6,7 @@
 #include <functional>
 #include <memory>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/desktop/edge.h"
 
 namespace quor {

@@ -5,8 +5,8 @@
 #include <QStyle>
 #include <algorithm>
 
-#include "host/business/object_codes.h"
 #include "host/desktop/registered_icons.h"
+#include "host/store/object_codes.h"
 
 namespace quor {
 

@@ -12,10 +12,10 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include "host/business/object_lists.h"
 #include "host/desktop/header_widths.h"
 #include "host/desktop/object_picker.h"
 #include "host/desktop/registered_icons.h"
+#include "host/requests/object_lists.h"
 
 namespace quor {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "host/business/object_lists.h"
 #include "host/desktop/mnemonics.h"
+#include "host/requests/object_lists.h"
 
 namespace quor {
 

@@ -12,9 +12,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "host/business/object_lists.h"
 #include "host/desktop/header_widths.h"
 #include "host/desktop/row_delegate.h"
+#include "host/requests/object_lists.h"
 
 namespace quor {
 

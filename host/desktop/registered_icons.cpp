@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <QStyle>
 
-#include "host/business/object_codes.h"
+#include "host/store/object_codes.h"
 
 namespace quor {
 

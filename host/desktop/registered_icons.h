@@ -4,7 +4,7 @@
 #include <QIcon>
 #include <string>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 
 namespace quor {
 

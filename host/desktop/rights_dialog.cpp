@@ -10,7 +10,7 @@
 #include <QShortcut>
 #include <QTreeWidget>
 
-#include "host/business/rights.h"
+#include "host/company/rights.h"
 
 namespace quor {
 

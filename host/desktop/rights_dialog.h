@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "frame/contract/quor_header_security.h"
-#include "host/business/user_rights.h"
+#include "host/application/user_rights.h"
 #include "host/desktop/desktop_application.h"
 
 class QCheckBox;

@@ -9,6 +9,7 @@
 #include "host/desktop/first_start.h"
 #include "host/desktop/main_window.h"
 #include "host/desktop/pointer.h"
+#include "host/editors/personal_charge_editor.h"
 #include "host/store/addresses.h"
 
 namespace quor {
@@ -91,8 +92,10 @@ bool run_desktop(const DesktopOptions& options) {
     auto database = open_company(options, edge);
     if (!database) return;
     Company company(std::move(database));
-    DesktopApplication application(company, {.title = "Quor", .user = user_name(options), .today = options.today},
-                                   edge);
+    DesktopApplication application(
+        company,
+        {.title = "Quor", .user = user_name(options), .today = options.today, .edit_charge = edit_personal_charge},
+        edge);
     application.load_plugin(options.plugin);
     MainWindow window(application);
     window.show();

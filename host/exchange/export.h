@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/exchange/tables.h"
 #include "host/text/csv_cells.h"
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <map>
 
-#include "host/business/closed_reach.h"
-#include "host/business/user_rights.h"
+#include "host/company/closed_reach.h"
+#include "host/company/rights.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/import_check.h"
 #include "host/exchange/import_write.h"

@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/exchange/import_file.h"
 
 namespace quor {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "host/business/row_rules.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/stored_rows.h"
+#include "host/store/row_rules.h"
 
 namespace quor {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "host/business/object_codes.h"
+#include "host/store/object_codes.h"
 
 namespace quor {
 

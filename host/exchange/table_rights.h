@@ -1,7 +1,7 @@
 // Who may take a table out of a company and bring it in.
 #pragma once
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/exchange/tables.h"
 
 namespace quor {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/business/stored_columns.h"
+#include "host/store/stored_columns.h"
 
 namespace quor {
 

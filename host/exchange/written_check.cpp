@@ -4,10 +4,10 @@
 #include <set>
 #include <tuple>
 
-#include "host/business/parameter_text.h"
-#include "host/business/working_days.h"
+#include "host/company/working_days.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/time_codes.h"
+#include "host/requests/parameter_text.h"
 #include "host/store/value_ranges.h"
 #include "platform/data/number_text.h"
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/business/tariff_gaps.h"
+#include "host/company/tariff_gaps.h"
 #include "host/exchange/import_file.h"
 #include "host/store/database.h"
 

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/payroll/month.h"
 
 namespace quor {

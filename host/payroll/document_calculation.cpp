@@ -4,12 +4,12 @@
 #include <charconv>
 #include <map>
 
-#include "host/business/guid.h"
-#include "host/business/object_codes.h"
-#include "host/business/parameter_text.h"
-#include "host/business/requests.h"
-#include "host/business/salary_document.h"
+#include "host/company/guid.h"
+#include "host/objects/salary_document.h"
 #include "host/payroll/value_faults.h"
+#include "host/requests/parameter_text.h"
+#include "host/requests/requests.h"
+#include "host/store/object_codes.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
 #include "platform/data/number_text.h"

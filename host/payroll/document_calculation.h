@@ -4,7 +4,7 @@
 #include <memory>
 #include <set>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/payroll/document_settings.h"
 #include "host/payroll/month_document.h"
 #include "host/payroll/month_inputs.h"

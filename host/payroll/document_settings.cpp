@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "host/business/guid.h"
+#include "host/company/guid.h"
 #include "platform/data/column.h"
 
 namespace quor {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/business/departments.h"
+#include "host/company/departments.h"
 #include "host/payroll/closed_months.h"
 #include "platform/data/column.h"
 

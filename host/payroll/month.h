@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "host/business/working_days.h"
+#include "host/company/working_days.h"
 #include "platform/data/date.h"
 
 namespace quor {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <optional>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/payroll/document_calculation.h"
 #include "host/payroll/document_store.h"
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/business/departments.h"
+#include "host/company/departments.h"
 #include "host/payroll/month_settings.h"
 #include "host/payroll/value_faults.h"
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "host/business/company.h"
+#include "host/company/company.h"
 #include "host/payroll/month.h"
 
 namespace quor {

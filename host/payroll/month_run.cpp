@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "host/business/object_codes.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/whole_run.h"
+#include "host/store/object_codes.h"
 #include "platform/data/column.h"
 #include "platform/data/number_text.h"
 

@@ -1,8 +1,8 @@
 #include "host/payroll/month_settings.h"
 
-#include "host/business/in_force.h"
-#include "host/business/parameter_text.h"
+#include "host/company/in_force.h"
 #include "host/payroll/value_faults.h"
+#include "host/requests/parameter_text.h"
 #include "platform/data/error.h"
 
 namespace quor {

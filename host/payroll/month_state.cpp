@@ -5,9 +5,9 @@
 #include <set>
 #include <utility>
 
-#include "host/business/object_codes.h"
 #include "host/payroll/month_comparison.h"
 #include "host/payroll/whole_run.h"
+#include "host/store/object_codes.h"
 #include "platform/data/error.h"
 
 namespace quor {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/document_store.h"
 

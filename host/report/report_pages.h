@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "host/business/list_report.h"
+#include "host/application/printed_list.h"
 #include "platform/data/date.h"
 
 class QPagedPaintDevice;

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/business/list_report.h"
+#include "host/application/printed_list.h"
 #include "host/text/csv_cells.h"
 
 namespace quor {

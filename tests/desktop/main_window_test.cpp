@@ -7,11 +7,11 @@
 #include <QTreeView>
 #include <gtest/gtest.h>
 
-#include "host/business/object_codes.h"
-#include "host/business/user_rights.h"
+#include "host/application/user_rights.h"
 #include "host/desktop/first_start.h"
 #include "host/desktop/form_dialog.h"
 #include "host/sample/sample_company.h"
+#include "host/store/object_codes.h"
 #include "platform/data/error.h"
 #include "platform/toolkit/text_box.h"
 #include "tests/desktop/window_acts.h"

@@ -8,7 +8,6 @@
 #include <QTreeView>
 #include <cstdio>
 
-#include "host/business/object_codes.h"
 #include "host/desktop/desktop_process.h"
 #include "host/desktop/first_start.h"
 #include "host/desktop/import_dialog.h"
@@ -17,6 +16,7 @@
 #include "host/desktop/rights_dialog.h"
 #include "host/payroll/month_run.h"
 #include "host/sample/sample_company.h"
+#include "host/store/object_codes.h"
 
 namespace quor {
 namespace {

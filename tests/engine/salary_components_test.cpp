@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "engine/salary_engine.h"
-#include "host/business/object_codes.h"
-#include "host/business/standard_object_uio.h"
+#include "host/objects/standard_object_uio.h"
+#include "host/store/object_codes.h"
 #include "tests/support/test_company.h"
 
 namespace velmora {

@@ -3,7 +3,7 @@
 #include "forms/personal/extra_charges_editor.h"
 
 #include "engine/salary_engine.h"
-#include "host/business/personal_charge_editor.h"
+#include "host/editors/personal_charge_editor.h"
 #include "tests/forms/personal_company.h"
 
 namespace velmora {

@@ -3,11 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include "host/business/closed_reach.h"
-#include "host/business/object_codes.h"
-#include "host/business/standard_object_uio.h"
+#include "host/company/closed_reach.h"
+#include "host/objects/standard_object_uio.h"
 #include "host/payroll/month_run.h"
 #include "host/payroll/month_state.h"
+#include "host/store/object_codes.h"
 #include "tests/platform/outcome.h"
 #include "tests/support/test_company.h"
 

@@ -1,4 +1,4 @@
-#include "host/business/parameter_text.h"
+#include "host/requests/parameter_text.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "engine/month_salary.h"
-#include "host/business/position_salary.h"
 #include "host/payroll/month_run.h"
+#include "host/requests/position_salary.h"
 #include "host/sample/sample_company.h"
 #include "tests/support/test_company.h"
 

@@ -1,11 +1,11 @@
-#include "host/business/rights.h"
+#include "host/company/rights.h"
 
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 
 #include "frame/contract/quor_object_ui.h"
-#include "host/business/user_rights.h"
+#include "host/application/user_rights.h"
 #include "host/exchange/export.h"
 #include "host/exchange/import.h"
 #include "host/exchange/table_rights.h"

@@ -3,8 +3,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 
-#include "host/business/object_codes.h"
-#include "host/business/standard_object_uio.h"
+#include "host/objects/standard_object_uio.h"
+#include "host/store/object_codes.h"
 #include "tests/support/test_company.h"
 
 namespace quor {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 #include <regex>
 
-#include "host/business/object_codes.h"
-#include "host/business/standard_object_uio.h"
+#include "host/objects/standard_object_uio.h"
+#include "host/store/object_codes.h"
 #include "platform/data/error.h"
 #include "tests/support/test_company.h"
 #include "tests/support/text_table.h"

@@ -1,7 +1,7 @@
 // The store on every database: what is written comes back, and what fails leaves nothing behind.
 #include <gtest/gtest.h>
 
-#include "host/business/company.h"
+#include "host/company/company.h"
 #include "host/store/database.h"
 #include "host/store/sort_key.h"
 #include "platform/data/column.h"

@@ -1,7 +1,7 @@
 #include "tests/support/test_company.h"
 
-#include "host/business/guid.h"
-#include "host/business/main_bo.h"
+#include "host/application/main_bo.h"
+#include "host/company/guid.h"
 #include "host/console/session.h"
 #include "host/store/sort_key.h"
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "frame/contract/quor_object_uio.h"
-#include "host/business/application.h"
+#include "host/application/application.h"
 #include "tests/host/company_place.h"
 #include "tests/platform/recordset_rows.h"
 

@@ -1,0 +1,269 @@
+#include "host/application/application.h"
+
+#include <chrono>
+#include <ctime>
+
+#include "host/application/host_object_ui.h"
+#include "host/application/main_bo.h"
+#include "host/application/user_rights.h"
+#include "host/company/desk_top.h"
+#include "host/company/rights.h"
+#include "host/company/row_copy.h"
+#include "host/objects/employee_object.h"
+#include "host/objects/picked_identity.h"
+#include "host/objects/record_types.h"
+#include "host/objects/standard_object_uio.h"
+#include "host/requests/object_lists.h"
+#include "host/store/object_codes.h"
+#include "platform/data/error.h"
+#include "platform/toolkit/form.h"
+
+namespace quor {
+
+namespace {
+
+// What object UIs receive as the host's shared services: the way to the application.
+struct SharedServices : Object {
+  explicit SharedServices(QuorApplication& host) : application(host) {}
+  QuorApplication& application;
+};
+
+// The types whose data objects the host brings itself; null for any other.
+std::shared_ptr<QuorObjectUIO> host_data_object(QuorApplication& application, Company& company,
+                                                const ApplicationOptions& options, const std::string& object_type) {
+  if (object_type != kEmployeeType) return nullptr;
+  return std::make_shared<EmployeeObject>(application, company, options.user, options.edit_charge);
+}
+
+// Stands on the object; false when the list does not have it.
+bool find_in_list(Recordset& list, const std::string& key) {
+  list.Filter(std::string(kKeyField) + " = '" + doubled_quotes(key) + "'");
+  return list.RecordCount() > 0;
+}
+
+}  // namespace
+
+HeldNotices::HeldNotices(Application& application)
+    : application_(application), outer_(std::exchange(application.held_notices_, &boxes_)) {}
+
+HeldNotices::~HeldNotices() { application_.held_notices_ = outer_; }
+
+Application::Application(Company& company, ApplicationOptions options)
+    : company_(company), options_(std::move(options)) {}
+
+// ---- plug-ins and their objects
+
+void Application::load_plugin(const std::string& file) {
+  plugins_.emplace_back(file);
+  auto header = plugins_.back().create<QuorHeader>("Velmora.DLLHeader", *this);
+  header->DllInicialize();
+  headers_.push_back(std::move(header));
+  object_uis_.clear();  // of a type that it has registered, the UI is its own from now on
+}
+
+std::shared_ptr<Object> Application::create(const std::string& class_id) {
+  for (const PluginLibrary& plugin : plugins_) {
+    if (auto object = plugin.create_object(class_id, *this)) return object;
+  }
+  return nullptr;
+}
+
+std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& object_type) {
+  require_view(object_type);
+  const auto type = registrations_.types.find(object_type);
+  if (type == registrations_.types.end()) throw PluginError("Objekto tipo „" + object_type + "“ niekas neregistravo.");
+  const std::string class_id = type->second.class_id("UIO", object_type);
+  auto object = std::dynamic_pointer_cast<QuorObjectUIO>(create(class_id));
+  if (!object) throw PluginError("Įskiepis neturi klasės „" + class_id + "“.");
+  return object;
+}
+
+std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& identity) {
+  const std::string key = key_of_identity(identity);
+  const std::string object_type = key.substr(0, kTypeCodeLength);
+  const auto type = registrations_.types.find(object_type);
+  const bool registered = type != registrations_.types.end();
+  std::shared_ptr<QuorObjectUIO> object;
+  if (registered) object = std::dynamic_pointer_cast<QuorObjectUIO>(create(type->second.class_id("UIO", object_type)));
+  if (!object) object = host_data_object(*this, company_, options_, object_type);
+  // A type whose plug-in brings no data class of its own is served by the standard object.
+  if (!object && registered) object = NewStandardObjectUIO(object_type);
+  if (!object) return nullptr;
+  require_view(object_type);
+  object->OIDR(key);
+  const SaveStatus status = object->Read();
+  if (!status.Failed) return object;
+  if (!status.Gone) MessageBox(status.ErrorText, BoxIcon::kExclamation, BoxButtons::kOk, Title());
+  return nullptr;
+}
+
+std::shared_ptr<QuorObjectUI> Application::GetQuorObjectUI(const std::string& object_type) {
+  std::shared_ptr<QuorObjectUI>& kept = object_uis_[object_type];
+  if (!kept) kept = new_object_ui(object_type);
+  return kept;
+}
+
+std::shared_ptr<QuorObjectUI> Application::new_object_ui(const std::string& object_type) {
+  const auto type = registrations_.types.find(object_type);
+  const bool registered = type != registrations_.types.end();
+  if (!registered && listed_caption(object_type).empty()) return nullptr;
+  std::shared_ptr<QuorObjectUI> ui;
+  if (registered) ui = std::dynamic_pointer_cast<QuorObjectUI>(create(type->second.class_id("UI", object_type)));
+  if (!ui) ui = std::make_shared<HostObjectUI>(*this);
+  ui->BO(NewMainBO());
+  ui->QuorS(std::make_shared<SharedServices>(*this));
+  return ui;
+}
+
+std::shared_ptr<QuorMainBO> Application::NewMainBO() {
+  return std::make_shared<MainBO>(*this, company_, options_.user);
+}
+
+std::shared_ptr<QuorObjectUIO> Application::NewStandardObjectUIO(const std::string& object_type) {
+  return std::make_shared<StandardObjectUIO>(*this, company_, options_.user, object_type);
+}
+
+std::shared_ptr<ObjectRegistry> Application::NewObjectRegistry() { return std::make_shared<Registry>(registrations_); }
+
+std::shared_ptr<ListReport> Application::NewListReport(const std::string& title, const std::string& object_type) {
+  return std::make_shared<ReportToFill>(title, [this, object_type](std::shared_ptr<const ReportData> report) {
+    if (reports_on_paper_) {
+      require_right(UserRight::kPrint, object_type,
+                    std::string("spausdinti ") + viewed_plural(object_type) + " sąrašų");
+    }
+    shown_report_ = std::move(report);
+    if (report_listener_) report_listener_(*shown_report_);
+  });
+}
+
+std::string Application::type_caption(const std::string& object_type) const {
+  const auto type = registrations_.types.find(object_type);
+  if (type != registrations_.types.end()) return type->second.caption;
+  const std::string caption = listed_caption(object_type);
+  return caption.empty() ? object_type : caption;
+}
+
+// ---- what a person would answer
+
+Date Application::Today() const {
+  if (options_.today) return *options_.today;
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+  localtime_r(&now, &local);
+  return Date::from_ymd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+}
+
+// Nobody is there to answer: a notice is taken as read, a question is not agreed to.
+BoxAnswer Application::MessageBox(const std::string& text, BoxIcon icon, BoxButtons buttons, const std::string& title) {
+  if (holds(buttons)) {
+    held_notices_->push_back({text, icon, buttons, title});
+    return BoxAnswer::kOk;
+  }
+  shown_boxes_.push_back({text, icon, buttons, title});
+  if (box_listener_) box_listener_(shown_boxes_.back());
+  switch (buttons) {
+    case BoxButtons::kOk:
+      return BoxAnswer::kOk;
+    case BoxButtons::kOkCancel:
+      return BoxAnswer::kCancel;
+    case BoxButtons::kYesNo:
+      return BoxAnswer::kNo;
+  }
+  return BoxAnswer::kCancel;
+}
+
+PickedObject Application::SelectObject(const std::string& object_type, const std::string& current,
+                                       const std::string& /*mode*/) {
+  const auto list = NewMainBO()->GetQuorObjectList(object_type, "", "");
+  if (!list) return {};
+  const std::string key = choose_object(*list, key_of_identity(current), type_caption(object_type));
+  if (key.empty() || !find_in_list(*list, key)) return {};
+  return {.Identity = picked_identity(company_, key), .Name = std::string(list->text(FieldHandle{kNameColumn}))};
+}
+
+std::string Application::choose_object(Recordset& list, const std::string& /*current*/, const std::string& title) {
+  const std::string key = key_of_identity(options_.pick);
+  if (key.empty() || find_in_list(list, key)) return key;
+  MessageBox("Sąraše „" + title + "“ nėra objekto „" + options_.pick + "“.", BoxIcon::kExclamation, BoxButtons::kOk,
+             Title());
+  return "";
+}
+
+// ---- what the user may do
+
+bool Application::HasRight(UserRight right, const std::string& object_type, std::int32_t /*flag*/) {
+  if (for_program_ > 0 && right == UserRight::kView) return true;
+  const RecordType* const type = record_type(object_type);
+  const std::string asked = type == nullptr ? object_type : std::string(type->rights_of);
+  return has_right(company_, options_.user, right, deciding_components(registrations_, asked));
+}
+
+void Application::require_right(UserRight right, const std::string& object_type, const std::string& what) {
+  if (HasRight(right, object_type, 0)) return;
+  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, options_.user, what));
+}
+
+void Application::require_view(const std::string& object_type) {
+  if (const std::string text = view_refusal(object_type); !text.empty()) throw Error(ErrorKind::kObjectMissing, text);
+}
+
+void Application::require_view(const std::string& object_type, const std::string& what) {
+  if (may_view(*this, viewed_with(object_type))) return;
+  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, options_.user, what));
+}
+
+std::string Application::view_refusal(const std::string& object_type) {
+  if (may_view(*this, viewed_with(object_type))) return "";
+  return refusal_text(company_, options_.user, std::string("peržiūrėti ") + viewed_plural(object_type));
+}
+
+void Application::require_administrator(const std::string& what) {
+  if (may_administer(company_, options_.user)) return;
+  throw Error(ErrorKind::kObjectMissing,
+              refusal_text(company_, options_.user, what + ": tai leidžiama tik administratoriui"));
+}
+
+// ---- forms and the desk top
+
+void Application::show_modal(Form& form) {
+  form.load();
+  try {
+    if (modal_user_ && !form.close_requested()) modal_user_(form);
+    if (!form.close_requested()) form.close_box();
+  } catch (...) {
+    form.unload();
+    throw;
+  }
+  form.unload();
+}
+
+class Application::BusyScope : public Object {
+ public:
+  explicit BusyScope(Application& application) : application_(application) {
+    if (application_.busy_++ == 0) application_.busy_changed(true);
+  }
+  ~BusyScope() override {
+    if (--application_.busy_ == 0) application_.busy_changed(false);
+  }
+
+ private:
+  Application& application_;
+};
+
+std::shared_ptr<Object> Application::hourglass() { return std::make_shared<BusyScope>(*this); }
+
+void Application::place_on_desk_top(const std::string& object, std::shared_ptr<Form> /*editor*/) {
+  put_on_desk_top(company_, options_.user, key_of_identity(object));
+}
+
+std::vector<std::string> Application::desk_top() { return desk_top_of(company_, options_.user); }
+
+void Application::remove_from_desk_top(const std::string& object) {
+  take_off_desk_top(company_, options_.user, object);
+}
+
+std::shared_ptr<Recordset> Application::CompanyRecord() {
+  return company_.database().read("SELECT name FROM company", {{"Name", FieldType::kText}});
+}
+
+}  // namespace quor

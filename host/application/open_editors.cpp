@@ -1,0 +1,74 @@
+#include "host/application/open_editors.h"
+
+#include <algorithm>
+
+#include "frame/contract/quor_object_uio.h"
+#include "platform/data/error.h"
+
+namespace quor {
+
+namespace {
+
+bool is_stored(const std::string& object) { return object.size() > kTypeCodeLength; }
+
+// An editor of a new object whose type is not told may be one of any type.
+bool may_become(const std::string& new_object, const std::string& stored) {
+  return !is_stored(new_object) && stored.starts_with(new_object);
+}
+
+}  // namespace
+
+std::vector<OpenObjects::Entry>::iterator OpenObjects::entry_of(const Form& editor) {
+  return std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.editor == &editor; });
+}
+
+void OpenObjects::enter(const std::string& object, Form& editor) {
+  if (const Form* const other = find(object); other != nullptr && other != &editor) {
+    throw Error(ErrorKind::kAlreadyOpen, "Objektas „" + object + "“ jau atvertas kitame lange.");
+  }
+  leave(editor);
+  entries_.push_back({object, &editor});
+}
+
+void OpenObjects::activate(Form& editor) {
+  const auto entry = entry_of(editor);
+  if (entry != entries_.end()) std::rotate(entry, entry + 1, entries_.end());
+}
+
+void OpenObjects::leave(Form& editor) {
+  const auto entry = entry_of(editor);
+  if (entry != entries_.end()) entries_.erase(entry);
+}
+
+Form* OpenObjects::find(const std::string& object) const {
+  if (!is_stored(object)) return nullptr;
+  const auto found =
+      std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.object == object; });
+  return found == entries_.end() ? nullptr : found->editor;
+}
+
+std::string OpenObjects::object_of(const Form& editor) const {
+  const auto found =
+      std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.editor == &editor; });
+  return found == entries_.end() || !is_stored(found->object) ? "" : found->object;
+}
+
+void OpenObjects::written(QuorObjectUIO& object) {
+  const std::string key = object.OIDR();
+  if (find(key) == nullptr) {
+    const auto acting = std::find_if(entries_.rbegin(), entries_.rend(),
+                                     [&](const Entry& entry) { return may_become(entry.object, key); });
+    if (acting != entries_.rend()) acting->object = key;
+  }
+  for (std::size_t i = 0; i < written_.size(); ++i) written_[i](object);
+}
+
+bool OpenObjects::may_leave(const std::string& object) { return !may_leave_ || may_leave_(object); }
+
+void OpenObjects::left(const std::string& object, Form& editor) {
+  const auto entry = entry_of(editor);
+  if (entry != entries_.end()) entry->object = object.substr(0, kTypeCodeLength);
+  for (std::size_t i = 0; i < left_.size(); ++i) left_[i](object, editor);
+}
+
+}  // namespace quor

@@ -1,0 +1,179 @@
+#include "host/editors/personal_charge_editor.h"
+
+#include <optional>
+
+#include "host/store/database.h"
+#include "host/store/object_codes.h"
+#include "platform/data/number_text.h"
+#include "platform/data/utf8.h"
+
+namespace quor {
+
+namespace {
+
+// The dates that stand for an open bound in what was entered elsewhere.
+const Date kOpenStart = Date::from_ymd(1990, 1, 1);
+const Date kOpenEnd = Date::from_ymd(2999, 12, 31);
+
+constexpr char kNoSalaryCode[] = "0";
+
+std::string bound_text(const Variant& date, Date open) {
+  return date.is_null() || date.to_date() == open ? "" : date_text(date.to_date());
+}
+
+std::string amount_text(double amount) { return amount > 0 ? general_text(amount) : ""; }
+
+bool is_blank(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
+
+// Each reader puts what the box holds into `value` and answers "", or says what is wrong with it.
+
+std::string read_bound(const std::string& text, Variant& value) {
+  value = kNull;
+  if (is_blank(text)) return "";
+  const auto date = try_parse_date(text);
+  if (!date) return "Data „" + text + "“ netinkama: rašykite metus, mėnesį ir dieną, pavyzdžiui, 2008.01.31.";
+  value = date->without_time();
+  return "";
+}
+
+std::string read_sum(const std::string& text, Variant& value) {
+  if (is_blank(text)) return "Neįrašyta priedo suma.";
+  if (!is_numeric(text)) return "Suma „" + text + "“ nėra skaičius.";
+  const double sum = parse_number(text);
+  if (sum <= 0) return "Suma „" + text + "“ turi būti didesnė už nulį.";
+  if (parse_number(fixed_text(sum, 2)) != sum) return "Suma „" + text + "“ nurodyta tiksliau negu centais.";
+  value = sum;
+  return "";
+}
+
+std::string read_percentage(const std::string& text, Variant& value) {
+  if (is_blank(text)) return "Neįrašytas priedo procentas.";
+  if (!is_numeric(text)) return "Procentas „" + text + "“ nėra skaičius.";
+  const double percentage = parse_number(text);
+  if (percentage <= 0) return "Procentas „" + text + "“ turi būti didesnis už nulį.";
+  value = percentage;
+  return "";
+}
+
+}  // namespace
+
+PersonalChargeEditor::PersonalChargeEditor(QuorApplication& application, QuorObjectUIO& charge,
+                                           std::shared_ptr<Recordset> salary_codes)
+    : Form("Darbuotojo priedas"), application_(application), charge_(charge), salary_codes_(std::move(salary_codes)) {
+  lvwKind.on_select = [this] { show_kind(); };
+  for (TextBox* box : {&txtSum, &txtPercentage}) {
+    box->on_enter = [box] { box->select(0, character_count(box->text())); };
+    box->on_key = [](char32_t key) { return key == U'.' ? U',' : key; };
+  }
+  cmdWrite.on_click = [this] { write(); };
+  cmdCancel.on_click = [this] { close(); };
+  set_layout(column({field("Galioja nuo", txtDateFrom), field("Galioja iki", txtDateTo), lvwKind, field("Suma", txtSum),
+                     field("Procentas", txtPercentage), lvwSalaryCodes, field("Pastaba", txtComment),
+                     row({cmdWrite, cmdCancel})}));
+}
+
+std::string PersonalChargeEditor::subject() const {
+  return object_key(kEmployeeType, null_to_int32(charge_.Fields()["PersonalID"].Value()));
+}
+
+void PersonalChargeEditor::opening() {
+  stored_ = false;
+  cmdWrite.set_enabled(application_.HasRight(UserRight::kWrite, kPersonalChargeType, 0));
+  lvwKind.clear();
+  for (const char* kind : {"Pastovia suma", "Procentu", "Už tarnybos stažą (procentas pagal skalę)"}) {
+    lvwKind.add_row(kind);
+  }
+  show_charge();
+  show_kind();
+}
+
+void PersonalChargeEditor::show_kind() {
+  txtSum.set_enabled(kind() == kSum);
+  txtPercentage.set_enabled(kind() == kPercentage);
+}
+
+void PersonalChargeEditor::write() {
+  if (const std::string fault = move_into_fields(); !fault.empty()) return refuse(fault);
+  const SaveStatus status = charge_.Save(0, "");
+  if (status.Failed) return refuse(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText);
+  stored_ = true;
+  close();
+}
+
+// A sum wins over a percentage, and the tie over the charge's own.
+void PersonalChargeEditor::show_charge() {
+  const Fields fields = charge_.Fields();
+  const double sum = null_to_double(fields["SumA"].Value());
+  const bool tied = null_to_text(fields["SalaryExtraOID"].Value()).size() >= kTypeCodeLength;
+  read_kind_ = sum > 0 ? kSum : tied ? kLengthOfService : kPercentage;
+  const double percentage = null_to_double(fields["Percentage"].Value());
+  lvwKind.select_row(read_kind_);
+  txtSum.set_text(amount_text(sum));
+  txtPercentage.set_text(read_kind_ == kPercentage ? amount_text(percentage) : "");
+  txtDateFrom.set_text(bound_text(fields["DateFrom"].Value(), kOpenStart));
+  txtDateTo.set_text(bound_text(fields["DateTo"].Value(), kOpenEnd));
+  txtComment.set_text(null_to_text(fields["Comment"].Value()));
+  show_salary_codes();
+}
+
+void PersonalChargeEditor::show_salary_codes() {
+  const ListView::BulkChange bulk(lvwSalaryCodes);
+  lvwSalaryCodes.clear();
+  const std::int32_t chosen = null_to_int32(charge_.Fields()["SalaryCodeID"].Value());
+  lvwSalaryCodes.add_row("", kNoSalaryCode);
+  lvwSalaryCodes.set_text(0, 1, "Nenurodytas");
+  lvwSalaryCodes.select_row(0);
+  for (; !salary_codes_->Eof(); salary_codes_->MoveNext()) {
+    const std::int32_t id = null_to_int32(salary_codes_->field("ID"));
+    const std::size_t row = lvwSalaryCodes.add_row(null_to_text(salary_codes_->field("Code")), std::to_string(id));
+    lvwSalaryCodes.set_text(row, 1, null_to_text(salary_codes_->field("Name")));
+    if (id == chosen) lvwSalaryCodes.select_row(row);
+  }
+}
+
+PersonalChargeEditor::Kind PersonalChargeEditor::kind() const {
+  return static_cast<Kind>(lvwKind.selected().value_or(read_kind_));
+}
+
+// Everything is read first: what is refused leaves the fields as they are.
+std::string PersonalChargeEditor::move_into_fields() {
+  Variant from, to, sum = kNull, percentage = kNull;
+  std::string fault = read_bound(txtDateFrom.text(), from);
+  if (fault.empty()) fault = read_bound(txtDateTo.text(), to);
+  if (fault.empty() && !from.is_null() && !to.is_null() && to.to_date() < from.to_date()) {
+    fault = "Pabaiga „" + to.to_text() + "“ ankstesnė už pradžią „" + from.to_text() + "“.";
+  }
+  if (fault.empty() && kind() == kSum) fault = read_sum(txtSum.text(), sum);
+  if (fault.empty() && kind() == kPercentage) fault = read_percentage(txtPercentage.text(), percentage);
+  if (!fault.empty()) return fault;
+
+  const Fields fields = charge_.Fields();
+  fields["DateFrom"].Value(from);
+  fields["DateTo"].Value(to);
+  fields["SumA"].Value(sum);
+  fields["Percentage"].Value(percentage);
+  // A tie that names more than the type stays while the charge stays tied.
+  if (kind() != kLengthOfService) {
+    fields["SalaryExtraOID"].Value(kNull);
+  } else if (read_kind_ != kLengthOfService) {
+    fields["SalaryExtraOID"].Value(kSalaryExtensionType);
+  }
+  const std::string& code = lvwSalaryCodes.selected_tag();
+  fields["SalaryCodeID"].Value(code.empty() || code == kNoSalaryCode ? Variant(kNull) : Variant(code));
+  fields["Comment"].Value(txtComment.text().empty() ? Variant(kNull) : Variant(txtComment.text()));
+  return "";
+}
+
+void PersonalChargeEditor::refuse(const std::string& text) {
+  application_.MessageBox(text, BoxIcon::kExclamation, BoxButtons::kOk, application_.Title());
+}
+
+bool edit_personal_charge(QuorApplication& application, QuorObjectUIO& charge) {
+  const MethodResult codes = charge.BO()->RunMethod("GetSalaryCodes", kNoParameter, 0);
+  if (codes.Code != 0) throw StoreError(StoreFault::kFailed, codes.Message);
+  PersonalChargeEditor editor(application, charge, codes.Value.record_set());
+  application.show_modal(editor);
+  return editor.stored();
+}
+
+}  // namespace quor

@@ -1,0 +1,135 @@
+#include "host/objects/experience_store.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "host/company/closed_reach.h"
+#include "host/company/readable_columns.h"
+#include "host/objects/record_checks.h"
+#include "host/store/record_guard.h"
+#include "host/store/stored_columns.h"
+
+namespace quor {
+
+namespace {
+
+constexpr char kTable[] = "experience";
+
+const RecordField kFields[] = {
+    {{"UserID", FieldType::kInt32}, "employee_id", /*required=*/true, /*unique=*/true, /*references=*/"employees"},
+    {{"DateExperience", FieldType::kDate}, "date_experience"},
+    {{"ExperienceYears", FieldType::kInt32}, "experience_years"},
+    {{"ExperienceMonthes", FieldType::kInt32}, "experience_months"}};
+constexpr FieldHandle kEmployee{0};  // of these, which a stored row is read with
+
+std::shared_ptr<Recordset> read_stored(Database& database, const Variant& employee) {
+  std::vector<FieldInfo> fields;
+  for (const RecordField& field : kFields) fields.push_back(field.info);
+  // As the record set shows them, so that a row with a number that nobody can read can be mended.
+  const std::string columns = "employee_id, " + readable_date("date_experience") + ", " +
+                              readable_service("experience_years") + ", " + readable_service("experience_months") +
+                              ", ";
+  for (const char* name : {"id", "row_version"}) fields.push_back({name, FieldType::kInt32});
+  for (const char* name : {"changed_by", "changed_at"}) fields.push_back({name, FieldType::kText});
+  return database.read(
+      "SELECT " + columns + "id, row_version, changed_by, changed_at FROM " + kTable + " WHERE employee_id = :p0",
+      fields, {employee});
+}
+
+class ExperienceStore {
+ public:
+  ExperienceStore(Company& company, const std::string& user, const Recordset& rows)
+      : database_(company.database()), user_(user) {
+    for (const RecordField& field : kFields) handles_.push_back(rows.handle(field.info.name));
+  }
+
+  void store(const RowChange& row) {
+    if (row.state() != RowState::kDeleted) refuse_unfit_values(kTable, kFields, handles_, row);
+    switch (row.state()) {
+      case RowState::kAdded:
+        return insert(row);
+      case RowState::kModified:
+        return update(row);
+      case RowState::kDeleted:
+        database_.execute(std::string("DELETE FROM ") + kTable + " WHERE id = :p0", {id_of_unchanged(row)});
+        return;
+      case RowState::kUnchanged:
+        return;
+    }
+  }
+
+ private:
+  // The stored row that the changed one was read from.
+  std::int32_t id_of_unchanged(const RowChange& row) {
+    const auto stored = read_stored(database_, row.base(handles_[kEmployee.index]));
+    const bool there = stored->RecordCount() > 0;
+    const std::int32_t id = there ? stored->field("id").to_int32() : 0;  // no row has the ID 0
+    bool unchanged = there;
+    for (std::size_t i = 0; unchanged && i < handles_.size(); ++i) {
+      unchanged = same_value(stored->field(FieldHandle{i}), row.base(handles_[i]));
+    }
+    if (!unchanged) throw_changed_elsewhere(database_, kTable, id);
+    return id;
+  }
+
+  void refuse_second_record(const Variant& employee) {
+    const auto stored = read_stored(database_, employee);
+    if (stored->RecordCount() == 0) return;
+    throw StoreError(StoreFault::kChangedElsewhere,
+                     "Darbuotojo Nr. " + employee.to_text() +
+                         " tarnybos stažą jau įrašė kitas vartotojas: " + null_to_text(stored->field("changed_by")) +
+                         ", " + null_to_text(stored->field("changed_at")) + ".");
+  }
+
+  void insert(const RowChange& row) {
+    const Variant employee = row.current(handles_[kEmployee.index]);
+    if (!employee.is_null()) refuse_second_record(employee);
+    const std::int32_t id = database_.reserve_ids(kTable);
+    std::string columns = "id, row_version, changed_by, changed_at";
+    std::string binds = ":p0, :p1, :p2, :p3";
+    std::vector<Variant> values = {id, 1, user_, change_time()};
+    for (std::size_t i = 0; i < handles_.size(); ++i) {
+      columns += std::string(", ") + kFields[i].column;
+      binds += ", :p" + std::to_string(values.size());
+      values.push_back(value_of(row, i, id));
+    }
+    database_.execute(std::string("INSERT INTO ") + kTable + " (" + columns + ") VALUES (" + binds + ")", values);
+  }
+
+  void update(const RowChange& row) {
+    const std::int32_t id = id_of_unchanged(row);
+    std::string assignments = "row_version = row_version + 1, changed_by = :p0, changed_at = :p1";
+    std::vector<Variant> values = {user_, change_time()};
+    for (std::size_t i = 0; i < handles_.size(); ++i) {
+      assignments += std::string(", ") + kFields[i].column + " = :p" + std::to_string(values.size());
+      values.push_back(value_of(row, i, id));
+    }
+    const std::string id_bind = ":p" + std::to_string(values.size());
+    values.push_back(id);
+    database_.execute(std::string("UPDATE ") + kTable + " SET " + assignments + " WHERE id = " + id_bind, values);
+  }
+
+  Variant value_of(const RowChange& row, std::size_t i, std::int32_t id) {
+    return stored_value(database_, kTable, kFields[i], id, row.current(handles_[i]));
+  }
+
+  Database& database_;
+  const std::string& user_;
+  std::vector<FieldHandle> handles_;  // of kFields in the record set
+};
+
+}  // namespace
+
+void store_experience(Company& company, const std::string& user, const Recordset& rows,
+                      const std::vector<Date>& agreed) {
+  ExperienceStore store(company, user, rows);
+  // The one who writes, writes alone: what is compared in here stays so until it is committed.
+  Transaction transaction(company.database());
+  ClosedReach reach(company.database(), kTable);
+  rows.for_each_change([&](const RowChange& row) { store.store(row); });
+  reach.require(agreed);
+  transaction.commit();
+  company.forget();
+}
+
+}  // namespace quor

@@ -1,0 +1,110 @@
+#include "host/objects/object_deletion.h"
+
+#include <vector>
+
+#include "host/company/in_force.h"
+#include "host/objects/record_types.h"
+#include "host/store/object_codes.h"
+#include "host/store/record_guard.h"
+
+namespace quor {
+
+namespace {
+
+// What keeps a record from being deleted: rows of other tables that name it.
+struct Use {
+  const char* object_type;
+  std::string from_where;  // of the rows that use the record with the ID :p0
+  const char* users;       // where it is named, for the user
+};
+
+const std::vector<Use>& uses() {
+  static const std::vector<Use> all = {
+      {kCategoryType, "positions WHERE category_id = :p0", "darbuotojų pareigybėse"},
+      {kSalaryExtensionType, "time_rows WHERE position_id = :p0", "mėnesių dokumentuose"},
+      {kSalaryExtensionType,
+       std::string("extra_charges WHERE salary_extra_oid = '") + kSalaryExtensionType + "' || CAST(:p0 AS TEXT)",
+       "asmeniniuose prieduose"},
+      // What was paid stays known; an open month is calculated again without the charge.
+      {kPersonalChargeType,
+       "closed_months c JOIN documents d ON d.month = c.month JOIN extra_charges e ON e.employee_id = d.employee_id"
+       " JOIN salary_rows r ON r.document_id = d.id AND r.personal_extra_charge_id = e.id WHERE e.id = :p0",
+       "uždarytų mėnesių dokumentuose"},
+  };
+  return all;
+}
+
+[[noreturn]] void refuse(const std::string& text) { throw StoreError(StoreFault::kFailed, text); }
+
+// What the record is called: its name, or its key. Throws when it is gone.
+std::string name_of(Database& database, const RecordType& type, std::int32_t id, const std::string& key) {
+  const RecordField* shown = &type.fields.front();
+  for (const RecordField& field : type.fields) {
+    if (type.name_field != nullptr && field.info.name == type.name_field) shown = &field;
+  }
+  const auto record = database.read(std::string("SELECT ") + shown->column + " FROM " + type.table + " WHERE id = :p0",
+                                    {shown->info}, {id});
+  if (record->RecordCount() == 0) throw_changed_elsewhere(database, type.table, id);
+  const std::string name = type.name_field == nullptr ? "" : null_to_text(record->field(FieldHandle{0}));
+  return name.empty() ? key : name;
+}
+
+void refuse_used(Database& database, const RecordType& type, std::int32_t id, const std::string& name) {
+  for (const Use& use : uses()) {
+    if (use.object_type != type.object_type) continue;
+    const std::int32_t count =
+        database.read("SELECT COUNT(*) FROM " + use.from_where, {{"Count", FieldType::kInt32}}, {id})
+            ->int32(FieldHandle{0});
+    if (count == 0) continue;
+    refuse("Įrašo „" + name + "“ panaikinti negalima: jis nurodytas " + use.users + " (" + std::to_string(count) +
+           ").");
+  }
+}
+
+// Nothing names settings by their ID, but a closed month stands on those in force at its end: previews of it would
+// change.
+void refuse_settings_of_closed_months(Database& database, std::int32_t id, const std::string& name) {
+  const auto months = database.read("SELECT month FROM closed_months ORDER BY month", {{"Month", FieldType::kDate}});
+  for (; !months->Eof(); months->MoveNext()) {
+    const Date month = months->field("Month").to_date();
+    const auto in_force = database.read("SELECT id FROM settings WHERE id = " + id_in_force("settings", "", ":p0"),
+                                        {{"ID", FieldType::kInt32}}, {last_of_month(month)});
+    if (in_force->RecordCount() > 0 && in_force->int32(FieldHandle{0}) == id) {
+      refuse("Įrašo „" + name + "“ panaikinti negalima: pagal jį apskaičiuotas uždarytas mėnuo " +
+             date_text(month).substr(0, 7) + ".");
+    }
+  }
+}
+
+}  // namespace
+
+void delete_object(QuorApplication& application, Company& company, const std::string& identity) {
+  const std::string key = key_of_identity(identity);
+  const std::string code = key.substr(0, kTypeCodeLength);
+  const RecordType* const type = record_type(code);
+  if (type == nullptr || type->read_only) {
+    refuse("Objekto „" + key + "“ čia panaikinti negalima: tokius tvarko kita programos dalis.");
+  }
+  if (!application.HasRight(UserRight::kDelete, std::string(type->rights_of), 0)) {
+    refuse(std::string("Neturite teisės naikinti ") + type->plural + ".");
+  }
+  const auto id = id_of_key(key);
+  if (!id) refuse("Įrašo „" + key + "“ nėra.");
+
+  Database& database = company.database();
+  Transaction transaction(database);
+  const std::string name = name_of(database, *type, *id, key);
+  refuse_used(database, *type, *id, name);
+  if (code == kSettingsType) refuse_settings_of_closed_months(database, *id, name);
+
+  database.execute("DELETE FROM desk_top WHERE object = :p0", {key});
+  if (type->rows) {
+    database.execute(std::string("DELETE FROM ") + type->rows->table + " WHERE " + type->rows->owner_column + " = :p0",
+                     {*id});
+  }
+  database.execute(std::string("DELETE FROM ") + type->table + " WHERE id = :p0", {*id});
+  transaction.commit();
+  company.forget();
+}
+
+}  // namespace quor
