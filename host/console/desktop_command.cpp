@@ -4,7 +4,7 @@
 
 #include "host/console/report_commands.h"
 #include "host/console/session.h"
-#include "host/desktop/run_desktop.h"
+#include "host/desktop/window/run_desktop.h"
 #include "host/payroll/latest_month.h"
 
 namespace quor {

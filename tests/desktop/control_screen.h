@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "host/desktop/form_view.h"
+#include "host/desktop/render/form_view.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/form.h"
 #include "platform/toolkit/list_view.h"

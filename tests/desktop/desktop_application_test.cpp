@@ -1,5 +1,5 @@
 // What the plug-in asks of a person, asked in dialogs; and the category editor in its window, on a real company.
-#include "host/desktop/desktop_application.h"
+#include "host/desktop/answers/desktop_application.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -11,9 +11,9 @@
 #include <QTreeView>
 #include <gtest/gtest.h>
 
-#include "host/desktop/form_dialog.h"
-#include "host/desktop/object_picker.h"
-#include "host/desktop/report_preview.h"
+#include "host/desktop/answers/form_dialog.h"
+#include "host/desktop/answers/object_picker.h"
+#include "host/desktop/answers/report_preview.h"
 #include "platform/toolkit/text_box.h"
 #include "tests/desktop/window_acts.h"
 #include "tests/support/test_company.h"

@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include "host/desktop/desktop_process.h"
+#include "host/desktop/edge/desktop_process.h"
 #include "tests/desktop/window_acts.h"
 
 namespace quor {

@@ -4,8 +4,8 @@
 #include <QPointer>
 #include <QScrollBar>
 
-#include "host/desktop/readable_red.h"
-#include "host/desktop/row_delegate.h"
+#include "host/desktop/render/readable_red.h"
+#include "host/desktop/render/row_delegate.h"
 #include "tests/desktop/control_screen.h"
 
 namespace quor {

@@ -4,7 +4,7 @@
 #include <QDateEdit>
 #include <QShortcut>
 
-#include "host/desktop/mnemonics.h"
+#include "host/desktop/edge/mnemonics.h"
 #include "platform/data/error.h"
 #include "tests/desktop/control_screen.h"
 

@@ -1,4 +1,4 @@
-#include "host/desktop/import_dialog.h"
+#include "host/desktop/window/import_dialog.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,5 +1,5 @@
 // The main window on a real company with the plug-in, driven by mouse and keys.
-#include "host/desktop/main_window.h"
+#include "host/desktop/window/main_window.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "host/application/user_rights.h"
-#include "host/desktop/first_start.h"
-#include "host/desktop/form_dialog.h"
+#include "host/desktop/answers/form_dialog.h"
+#include "host/desktop/window/first_start.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"

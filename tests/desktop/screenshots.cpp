@@ -8,12 +8,12 @@
 #include <QTreeView>
 #include <cstdio>
 
-#include "host/desktop/desktop_process.h"
-#include "host/desktop/first_start.h"
-#include "host/desktop/import_dialog.h"
-#include "host/desktop/main_window.h"
-#include "host/desktop/month_dialog.h"
-#include "host/desktop/rights_dialog.h"
+#include "host/desktop/edge/desktop_process.h"
+#include "host/desktop/window/first_start.h"
+#include "host/desktop/window/import_dialog.h"
+#include "host/desktop/window/main_window.h"
+#include "host/desktop/window/month_dialog.h"
+#include "host/desktop/window/rights_dialog.h"
 #include "host/payroll/month_run.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"

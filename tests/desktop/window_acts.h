@@ -6,8 +6,8 @@
 #include <QTest>
 #include <functional>
 
-#include "host/desktop/edge.h"
-#include "host/desktop/form_view.h"
+#include "host/desktop/edge/edge.h"
+#include "host/desktop/render/form_view.h"
 
 namespace quor {
 

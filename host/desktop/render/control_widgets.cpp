@@ -1,0 +1,101 @@
+#include "host/desktop/render/control_widgets.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+
+#include "host/desktop/edge/mnemonics.h"
+#include "host/desktop/render/date_edit.h"
+#include "host/desktop/render/list_view_widget.h"
+#include "host/desktop/render/text_box_edit.h"
+
+namespace quor {
+
+namespace {
+
+constexpr double kHeadingScale = 1.25;
+
+QString caption_of(const Captioned& control) { return QString::fromStdString(control.caption()); }
+
+void show_state(const Control& control, QWidget& widget) {
+  widget.setEnabled(control.enabled());
+  widget.setVisible(control.visible());
+}
+
+class Maker : public ControlVisitor {
+ public:
+  explicit Maker(const WidgetPlace& place) : place_(place) {}
+  ControlWidget made;
+
+  void visit(TextBox& box) override { make<TextBoxEdit>(box, place_.acts, place_.parent); }
+  void visit(DatePicker& picker) override { make<DateEdit>(picker, place_.acts, place_.parent); }
+  void visit(ListView& list) override {
+    const QString name = place_.form_name + "." + QString::fromStdString(list.name());
+    make<ListViewWidget>(list, place_.acts, name, place_.parent);
+  }
+
+  void visit(CommandButton& button) override {
+    auto* const widget = new QPushButton(place_.parent);
+    widget->setAutoDefault(false);
+    // "..." stands beside what it chooses for.
+    if (button.caption() == "..." || button.caption() == "…")
+      widget->setMaximumWidth(widget->fontMetrics().height() * 2);
+    QObject::connect(widget, &QPushButton::clicked, widget, [&button, press = place_.press] { press(button); });
+    made = {widget, [&button, widget](ControlChange) { show_state(button, *widget); }};
+  }
+
+  void visit(Label& label) override {
+    auto* const widget = new QLabel(place_.parent);
+    widget->setTextFormat(Qt::PlainText);
+    made = {widget, [&label, widget](ControlChange) {
+              show_state(label, *widget);
+              widget->setText(caption_of(label));
+            }};
+  }
+
+  void visit(Panel& panel) override {
+    auto* const widget = new QLabel(place_.parent);
+    widget->setTextFormat(Qt::PlainText);
+    QFont font = widget->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * kHeadingScale);
+    widget->setFont(font);
+    made = {widget, [&panel, widget](ControlChange) {
+              const QString heading = caption_of(panel).trimmed();
+              widget->setText(heading);
+              widget->setEnabled(panel.enabled());
+              widget->setVisible(panel.visible() && !heading.isEmpty());
+            }};
+  }
+
+  // Disabled, it leaves the controls in it as the form has them.
+  void visit(GroupFrame& frame) override {
+    auto* const widget = new QGroupBox(place_.parent);
+    made = {widget, [&frame, widget](ControlChange) {
+              widget->setTitle(without_mnemonic(caption_of(frame)));
+              widget->setVisible(frame.visible());
+            }};
+  }
+
+  void visit(PopupMenu&) override {}
+  void visit(MenuItem&) override {}
+
+ private:
+  template <typename Widget, typename... Arguments>
+  void make(Arguments&&... arguments) {
+    auto* const widget = new Widget(std::forward<Arguments>(arguments)...);
+    made = {widget, [widget](ControlChange change) { widget->show_change(change); }};
+  }
+
+  const WidgetPlace& place_;
+};
+
+}  // namespace
+
+ControlWidget make_control_widget(Control& control, const WidgetPlace& place) {
+  Maker maker(place);
+  control.accept(maker);
+  return std::move(maker.made);
+}
+
+}  // namespace quor

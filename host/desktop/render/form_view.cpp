@@ -1,0 +1,315 @@
+#include "host/desktop/render/form_view.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "host/desktop/edge/mnemonics.h"
+#include "host/desktop/edge/passing_menu.h"
+#include "host/desktop/render/control_widgets.h"
+#include "host/desktop/render/date_edit.h"
+#include "host/desktop/render/form_layout.h"
+#include "host/desktop/render/text_box_edit.h"
+
+namespace quor {
+
+namespace {
+
+struct RoleKey {
+  ButtonRole role;
+  QKeySequence key;
+  bool in_dialogs_only;
+};
+
+const std::vector<RoleKey>& role_keys() {
+  static const std::vector<RoleKey> keys = {
+      {ButtonRole::kAccept, Qt::Key_Enter, true},
+      {ButtonRole::kDismiss, Qt::Key_Escape, true},
+      {ButtonRole::kWrite, Qt::CTRL | Qt::Key_S, false},
+      {ButtonRole::kNew, Qt::CTRL | Qt::Key_N, false},
+      {ButtonRole::kFill, Qt::Key_F5, false},
+      {ButtonRole::kPrint, Qt::CTRL | Qt::Key_P, false},
+  };
+  return keys;
+}
+
+QString key_name(MenuKey key) {
+  switch (key) {
+    case MenuKey::kInsert:
+      return "\tIns";
+    case MenuKey::kEnter:
+      return "\tEnter";
+    case MenuKey::kDelete:
+      return "\tDel";
+    default:
+      return {};
+  }
+}
+
+MenuItem* item_of(const PopupMenu& menu, MenuKey key) {
+  const auto& items = menu.items();
+  const auto found = std::find_if(items.begin(), items.end(), [&](const MenuItem* item) { return item->key() == key; });
+  return found == items.end() ? nullptr : *found;
+}
+
+}  // namespace
+
+FormView::FormView(Form& form, Edge& edge, Place place, QWidget* parent)
+    : QWidget(parent), form_(form), edge_(edge), place_(place) {
+  layout_ =
+      std::make_unique<FormLayout>([this](Control& control, QWidget* inside) { return make_widget(control, inside); });
+  layout_->lay_out(form.layout(), this);
+  watch_menus();
+  add_keys();
+  keep_tab_order();
+  show_labels();
+  show_captions();
+}
+
+FormView::~FormView() { release(); }
+
+void FormView::release() {
+  released_ = true;
+  for (Control* control : form_.controls()) control->observe(nullptr);
+}
+
+// ---- the controls and their widgets
+
+QWidget* FormView::make_widget(Control& control, QWidget* parent) {
+  ControlWidget made = make_control_widget(
+      control, {parent, *this, QString::fromStdString(form_.caption()), [this](CommandButton& b) { press(b); }});
+  made.show(ControlChange::kContent);
+  widgets_.emplace_back(&control, made.widget);
+  shows_[&control] = std::move(made.show);
+  control.observe([this, &control](ControlChange change) { show_change(control, change); });
+  if (auto* const button = dynamic_cast<CommandButton*>(&control)) {
+    buttons_.emplace_back(button, static_cast<QPushButton*>(made.widget));
+  }
+  return made.widget;
+}
+
+void FormView::watch_menus() {
+  for (Control* control : form_.controls()) {
+    auto* const menu = dynamic_cast<PopupMenu*>(control);
+    if (menu == nullptr) continue;
+    menus_.push_back(menu);
+    // The handler that has opened it goes on first.
+    menu->observe([this, menu](ControlChange) {
+      if (menu->is_open() && !menus_unseen_)
+        QMetaObject::invokeMethod(
+            this, [this, menu] { show_menu(*menu); }, Qt::QueuedConnection);
+    });
+  }
+}
+
+void FormView::keep_tab_order() {
+  for (std::size_t i = 1; i < widgets_.size(); ++i) setTabOrder(widgets_[i - 1].second, widgets_[i].second);
+}
+
+QWidget* FormView::widget_of(const Control& control) const {
+  const auto found =
+      std::find_if(widgets_.begin(), widgets_.end(), [&](const auto& each) { return each.first == &control; });
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+void FormView::focus_first() {
+  QWidget* button = nullptr;
+  for (const auto& [control, widget] : widgets_) {
+    if (!widget->isEnabled() || widget->isHidden() || widget->focusPolicy() == Qt::NoFocus) continue;
+    if (dynamic_cast<const CommandButton*>(control) != nullptr) {
+      if (button == nullptr) button = widget;
+      continue;
+    }
+    const auto* const box = dynamic_cast<const TextBox*>(control);
+    if (box != nullptr && box->read_only()) continue;
+    widget->setFocus(Qt::TabFocusReason);
+    return;
+  }
+  if (button != nullptr) button->setFocus(Qt::TabFocusReason);
+}
+
+void FormView::show_change(Control& control, ControlChange change) {
+  shows_[&control](change);
+  if (change == ControlChange::kState) show_labels();
+  if (change == ControlChange::kContent && dynamic_cast<CommandButton*>(&control) != nullptr) show_captions();
+}
+
+void FormView::show_labels() {
+  const auto visible = [](const Control* control) { return control->visible(); };
+  const auto enabled = [](const Control* control) { return control->enabled() && control->visible(); };
+  for (const FieldLabel& label : layout_->labels()) {
+    label.label->setVisible(std::any_of(label.controls.begin(), label.controls.end(), visible));
+    label.label->setEnabled(std::any_of(label.controls.begin(), label.controls.end(), enabled));
+  }
+}
+
+// Buttons come first: what they do is reached most often.
+void FormView::show_captions() {
+  std::vector<QString> captions;
+  for (const auto& [button, widget] : buttons_) captions.push_back(QString::fromStdString(button->caption()));
+  for (const FieldLabel& label : layout_->labels()) captions.push_back(label.text);
+  const std::vector<QString> marked = with_mnemonics(captions);
+  std::size_t next = 0;
+  for (const auto& [button, widget] : buttons_) widget->setText(marked[next++]);
+  for (const FieldLabel& label : layout_->labels()) label.label->setText(marked[next++]);
+}
+
+// ---- the user's acts
+
+bool FormView::run(bool (Edge::*at)(QWidget*, const std::function<void()>&), const std::function<void()>& what) {
+  if (released_) return false;
+  const QPointer<FormView> self(this);
+  ++acts_;
+  (edge_.*at)(this, what);
+  return self && --acts_ == 0 && !released_;
+}
+
+void FormView::act(const std::function<void()>& what) {
+  if (run(&Edge::act, what) && on_acted) on_acted();
+}
+
+void FormView::keystroke(const std::function<void()>& what) {
+  if (run(&Edge::keystroke, what) && on_keystroke) on_keystroke();
+}
+
+void FormView::command(const std::function<void()>& what) {
+  if (acts_ == 0) act(what);
+}
+
+void FormView::add_keys() {
+  for (const RoleKey& each : role_keys()) {
+    if (each.in_dialogs_only && place_ != Place::kDialog) continue;
+    bool used = false;
+    for (const auto& [button, widget] : buttons_) {
+      if (button->role() != each.role) continue;
+      widget->setToolTip(each.key.toString(QKeySequence::NativeText));
+      if (each.role == ButtonRole::kAccept && !used) widget->setDefault(true);
+      used = true;
+    }
+    if (used && !each.in_dialogs_only) add_shortcut(each.key, each.role);
+  }
+  // What a dialog accepts it writes, or hands over to be written.
+  const auto writes = [](const auto& each) { return each.first->role() == ButtonRole::kWrite; };
+  if (place_ == Place::kDialog && std::none_of(buttons_.begin(), buttons_.end(), writes)) {
+    add_shortcut(Qt::CTRL | Qt::Key_S, ButtonRole::kAccept);
+  }
+}
+
+void FormView::add_shortcut(const QKeySequence& key, ButtonRole role) {
+  auto* const shortcut = new QShortcut(key, this);
+  shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(shortcut, &QShortcut::activated, this, [this, role] { press_first(role); });
+}
+
+// What no control has used for itself.
+void FormView::keyPressEvent(QKeyEvent* event) {
+  bool used = false;
+  if (place_ == Place::kDialog && event->key() == Qt::Key_Escape) used = press_first(ButtonRole::kDismiss);
+  if (place_ == Place::kDialog && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    auto* const focused = dynamic_cast<QPushButton*>(QApplication::focusWidget());
+    if (focused != nullptr && isAncestorOf(focused)) {
+      focused->click();
+      used = true;
+    } else {
+      used = press_first(ButtonRole::kAccept);
+    }
+  }
+  if (!used) QWidget::keyPressEvent(event);
+}
+
+CommandButton* FormView::first_button(ButtonRole role) const {
+  for (const auto& [button, widget] : buttons_) {
+    if (button->role() == role && button->enabled() && button->visible()) return button;
+  }
+  return nullptr;
+}
+
+bool FormView::press_first(ButtonRole role) {
+  CommandButton* const button = first_button(role);
+  if (button != nullptr) press(*button);
+  return button != nullptr;
+}
+
+void FormView::press(CommandButton& button) {
+  if (acts_ == 0) finish_and_click(button);
+}
+
+void FormView::write() {
+  if (CommandButton* const button = first_button(ButtonRole::kWrite)) finish_and_click(*button);
+}
+
+// The window's, too, while a question stands before it.
+QWidget* FormView::focused_inside() const {
+  QWidget* const focused = window()->focusWidget();
+  return focused != nullptr && isAncestorOf(focused) ? focused : nullptr;
+}
+
+void FormView::finish_typing() {
+  if (auto* const date = dynamic_cast<DateEdit*>(focused_inside())) date->interpretText();
+}
+
+// A button pressed by a key has not taken the focus: what is typed in the box that has it is finished first.
+void FormView::finish_and_click(CommandButton& button) {
+  const QPointer<FormView> self(this);
+  const QPointer<TextBoxEdit> box(dynamic_cast<TextBoxEdit*>(focused_inside()));
+  const ButtonRole role = button.role();
+  finish_typing();
+  act([&] {
+    if (box) box->leave_box();
+    button.click();
+  });
+  if (box && box->hasFocus()) keystroke([&] { box->enter_box(); });
+  if (self && !released_ && on_pressed) on_pressed(role);
+}
+
+// ---- menus
+
+bool FormView::choose_by_key(ListView& list, MenuKey key) {
+  const bool known =
+      std::any_of(menus_.begin(), menus_.end(), [&](const PopupMenu* menu) { return item_of(*menu, key); });
+  if (!known) return false;
+  if (acts_ > 0) return true;
+  bool has_command = false;
+  act([&] {
+    {
+      const QScopedValueRollback<bool> unseen(menus_unseen_, true);
+      list.right_click(list.selected());
+    }
+    for (PopupMenu* menu : std::vector<PopupMenu*>(menus_)) {
+      if (!menu->is_open()) continue;
+      MenuItem* const item = item_of(*menu, key);
+      has_command = has_command || item != nullptr;
+      if (item != nullptr && item->enabled() && item->visible()) {
+        item->choose();
+      } else {
+        menu->dismiss();
+      }
+    }
+  });
+  return has_command;
+}
+
+// One menu at a time, and none over a dialog of the form.
+void FormView::show_menu(PopupMenu& menu) {
+  if (!menu.is_open() || released_) return;
+  const auto dismiss = [this, &menu] { act([&menu] { menu.dismiss(); }); };
+  if (acts_ > 0 || shown_menu_) {
+    dismiss();
+    return;
+  }
+  auto* const shown = new PassingMenu(this);
+  for (MenuItem* item : menu.items()) {
+    if (!item->visible()) continue;
+    const QString caption = without_mnemonic(QString::fromStdString(item->caption())) + key_name(item->key());
+    shown->add_choice(caption, [this, item] { act([item] { item->choose(); }); })->setEnabled(item->enabled());
+  }
+  shown->on_dismissed(dismiss);
+  shown_menu_ = shown;
+  shown->popup(menu_place_.isNull() ? QCursor::pos() : menu_place_);
+  menu_place_ = {};
+}
+
+}  // namespace quor

@@ -1,0 +1,71 @@
+#include "host/desktop/window/first_start.h"
+
+#include <QCommandLinkButton>
+#include <QDir>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "host/desktop/edge/pointer.h"
+#include "host/sample/sample_company.h"
+#include "host/store/addresses.h"
+
+namespace quor {
+
+FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
+    : edge_(edge), sample_(sample), server_(new QLineEdit(this)) {
+  setWindowTitle("Valstybės tarnautojų darbo užmokestis");
+  auto* const said = new QLabel(reason, this);
+  said->setTextFormat(Qt::PlainText);
+  said->setWordWrap(true);
+  auto* const make = new QCommandLinkButton(
+      "&Sukurti pavyzdinę įmonę",
+      "Trisdešimt išgalvotų darbuotojų: " + QString::fromStdString(shown_address(sample.toStdString())), this);
+  auto* const file = new QCommandLinkButton("&Atverti įmonės failą…", "Įmonė, laikoma viename faile", this);
+  auto* const label = new QLabel("&PostgreSQL adresas", this);
+  label->setBuddy(server_);
+  server_->setPlaceholderText("postgresql://naudotojas@serveris/bazė");
+  auto* const connect_to = new QPushButton("P&risijungti", this);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(label);
+  row->addWidget(server_, 1);
+  row->addWidget(connect_to);
+  auto* const column = new QVBoxLayout(this);
+  column->addWidget(said);
+  column->addWidget(make);
+  column->addWidget(file);
+  column->addLayout(row);
+  for (QPushButton* button : {static_cast<QPushButton*>(file), connect_to}) button->setAutoDefault(false);
+  make->setDefault(true);
+  make->setFocus();
+  setMinimumWidth(560);
+  connect(make, &QPushButton::clicked, this, [this] { edge_.act(this, [this] { make_sample(); }); });
+  connect(file, &QPushButton::clicked, this, [this] { open_file(); });
+  const auto connect_server = [this] {
+    if (!server_->text().isEmpty()) edge_.act(this, [this] { open_company(server_->text().trimmed()); });
+  };
+  connect(connect_to, &QPushButton::clicked, this, connect_server);
+}
+
+void FirstStart::make_sample() {
+  database_ = Database::create(sample_.toStdString(), [](Database& made) { fill_sample_company(made); });
+  address_ = sample_;
+  accept();
+}
+
+void FirstStart::open_file() {
+  const QString path =
+      QFileDialog::getOpenFileName(this, "Įmonės failas", QDir::currentPath(), "Įmonės (*.quor);;Visi failai (*)");
+  if (!path.isEmpty()) edge_.act(this, [&] { open_company(path); });
+}
+
+void FirstStart::open_company(const QString& address) {
+  database_ = Database::open(address.toStdString());
+  address_ = address;
+  accept();
+}
+
+}  // namespace quor

@@ -1,0 +1,297 @@
+#include "host/desktop/window/main_window.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QSettings>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "host/desktop/edge/pointer.h"
+#include "host/desktop/window/import_dialog.h"
+#include "host/desktop/window/month_dialog.h"
+#include "host/desktop/window/rights_dialog.h"
+#include "host/payroll/latest_month.h"
+#include "host/payroll/month_state.h"
+#include "platform/data/error.h"
+
+namespace quor {
+
+namespace {
+
+constexpr char kGeometry[] = "window/geometry", kAcross[] = "window/across", kLeft[] = "window/left";
+constexpr int kMessageTime = 5000;  // ms
+
+QWidget* titled(const QString& title, QWidget* pane) {
+  auto* const box = new QWidget;
+  auto* const column = new QVBoxLayout(box);
+  column->setContentsMargins(4, 4, 4, 4);
+  auto* const label = new QLabel(title, box);
+  label->setBuddy(pane);
+  column->addWidget(label);
+  column->addWidget(pane, 1);
+  return box;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(DesktopApplication& application)
+    : application_(application),
+      left_(new QSplitter(Qt::Vertical)),
+      across_(new QSplitter(Qt::Horizontal)),
+      explorer_(new ExplorerTree(application, nullptr)),
+      desk_top_(new DeskTopPane(application, nullptr)),
+      lists_(new QStackedWidget),
+      tabs_(new EditorTabs(application, lists_, nullptr)),
+      company_(new QLabel),
+      user_(new QLabel),
+      month_(new QLabel) {
+  setWindowTitle(QString::fromStdString(application.Title()));
+  add_panes();
+  add_menus();
+  listen();
+  tabs_->say_of_months([this](const Month& month) {
+    const HourglassPointer hourglass;
+    return month_state_line(month_state(application_, month));
+  });
+  act([this] {
+    desk_top_->refresh();
+    show_status();
+  });
+  explorer_->stand_on("");
+  show_type(explorer_->current_type());
+  if (ObjectListPane* const first = list()) first->focus_list();
+}
+
+MainWindow::~MainWindow() {
+  application_.on_desk_top(nullptr);
+  application_.open_objects().on_may_leave(nullptr);
+}
+
+void MainWindow::add_panes() {
+  left_->addWidget(titled("&Naršyklė", explorer_));
+  left_->addWidget(titled("&Darbo stalas", desk_top_));
+  left_->setStretchFactor(0, 3);
+  left_->setStretchFactor(1, 2);
+  across_->addWidget(left_);
+  across_->addWidget(tabs_);
+  across_->setStretchFactor(1, 1);
+  across_->setSizes({290, 900});
+  across_->setChildrenCollapsible(false);
+  setCentralWidget(across_);
+  for (QLabel* label : {company_, user_, month_}) {
+    label->setTextFormat(Qt::PlainText);
+    label->setContentsMargins(8, 0, 8, 0);
+    statusBar()->addPermanentWidget(label);
+  }
+  // Before the user has given it a size: wide, as the previews are.
+  resize((screen()->availableSize() * 0.9).boundedTo({1700, 950}));
+  const QSettings settings;
+  restoreGeometry(settings.value(kGeometry).toByteArray());
+  across_->restoreState(settings.value(kAcross).toByteArray());
+  left_->restoreState(settings.value(kLeft).toByteArray());
+}
+
+void MainWindow::listen() {
+  const auto choose = [this](const MenuPlace& place, const std::string& entry) { carry_out(place, entry); };
+  explorer_->on_type = [this](const std::string& object_type) { show_type(object_type); };
+  explorer_->on_entry = choose;
+  explorer_->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, false); };
+  desk_top_->on_entry = choose;
+  desk_top_->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, true); };
+  desk_top_->on_remove = [this](const std::string& key) { take_off_desk_top(key); };
+  application_.on_desk_top(
+      [this](const std::string& object, const std::shared_ptr<Form>& editor) { put_on_desk_top(object, editor); });
+  // Whoever has written goes on first: a fault of the lists is not his.
+  const auto later = [this](const std::string& object) {
+    QMetaObject::invokeMethod(
+        this, [this, object_type = object.substr(0, kTypeCodeLength)] { object_changed(object_type); },
+        Qt::QueuedConnection);
+  };
+  OpenObjects& open = application_.open_objects();
+  open.on_written([later, self = QPointer<MainWindow>(this)](QuorObjectUIO& object) {
+    if (self) later(object.OIDR());
+  });
+  open.on_left([later, self = QPointer<MainWindow>(this)](const std::string& object, Form&) {
+    if (self) later(object);
+  });
+  open.on_may_leave([this](const std::string& object) {
+    const Form* const editor = application_.open_objects().find(object);
+    return editor == nullptr || application_.may_close(*editor);
+  });
+}
+
+void MainWindow::act(const std::function<void()>& what) {
+  if (application_.busy() == 0) application_.edge().act(this, what);
+}
+
+// ---- lists
+
+ObjectListPane* MainWindow::list() const { return static_cast<ObjectListPane*>(lists_->currentWidget()); }
+
+void MainWindow::show_type(const std::string& object_type) {
+  act([&] {
+    ObjectListPane*& pane = panes_[object_type];
+    if (pane == nullptr) {
+      auto* const made = new ObjectListPane(application_, object_type, lists_);
+      made->on_entry = [this](const MenuPlace& place, const std::string& entry) { carry_out(place, entry); };
+      made->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, false); };
+      lists_->addWidget(made);
+      pane = made;
+    }
+    lists_->setCurrentWidget(pane);
+    tabs_->setTabText(0, QString::fromStdString(application_.type_caption(object_type)));
+    tabs_->show_lists();
+    explorer_->stand_on(object_type);
+  });
+}
+
+void MainWindow::object_changed(const std::string& object_type) {
+  application_.edge().act(this, [&] {
+    const auto pane = panes_.find(object_type);
+    if (pane != panes_.end() && pane->second != nullptr) pane->second->refresh();
+    desk_top_->refresh();
+    tabs_->show_titles();
+    tabs_->refresh_band();
+  });
+}
+
+void MainWindow::refresh_all() {
+  application_.edge().act(this, [&] {
+    for (const auto& [object_type, pane] : panes_) {
+      if (pane != nullptr) pane->refresh();
+    }
+    desk_top_->refresh();
+    tabs_->show_titles();
+    tabs_->refresh_band();
+    show_status();
+  });
+}
+
+// ---- menus of objects, types and groups
+
+void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top) {
+  auto menu = std::make_unique<PassingMenu>(this);
+  act([&] {
+    add_entries(*menu, menu_of(application_, place), place,
+                [this](const MenuPlace& chosen, const std::string& entry) { choose(chosen, entry); });
+  });
+  if (on_desk_top) {
+    menu->addSeparator();
+    menu->add_choice("Nuimti nuo darbo stalo\tDel", [this, key = place.object] { take_off_desk_top(key); });
+  }
+  if (!menu->isEmpty()) menu.release()->popup(at);
+}
+
+// The entry that opens an object says that it puts it on the desk top, too: of a company that may only be read, it
+// opens it.
+void MainWindow::choose(const MenuPlace& place, const std::string& entry) {
+  act([&] {
+    click(place, entry);
+    if (entry != kOpenEntry || place.object.empty() || object_name(application_, place.object).isEmpty()) return;
+    if (!application_.company().database().may_write()) return;
+    application_.place_on_desk_top(place.object, nullptr);
+  });
+}
+
+void MainWindow::carry_out(const MenuPlace& place, const std::string& entry) {
+  act([&] { click(place, entry); });
+}
+
+void MainWindow::click(const MenuPlace& place, const std::string& entry) {
+  const bool on_group = place.object.empty() && place != place_of_type(place.object_type);
+  const QString opened_by = on_group ? QString::fromStdString(place.object_type + ' ' + entry) : QString();
+  if (entry == kOpenEntry && tabs_->bring_forward(place.object)) return;
+  if (tabs_->bring_forward_opened_by(opened_by)) return;
+  const auto ui = application_.GetQuorObjectUI(place.object_type);
+  if (!ui) throw Error(ErrorKind::kObjectMissing, "Tipo „" + place.object_type + "“ niekas neregistravo.");
+  const ClickResult result = ui->ClickMenu(place.object, entry, place.context, application_.user());
+  switch (result.Action) {
+    case ClickAction::kShowForm:
+      // What opens an object shows it; what else shows a form of a type, makes a new object. A group has none.
+      if (result.EditorForm) {
+        tabs_->open(result.EditorForm,
+                    on_group              ? ""
+                    : entry == kOpenEntry ? place.object
+                                          : place.object_type,
+                    opened_by);
+      }
+      break;
+    case ClickAction::kRemoved:
+      if (Form* const editor = application_.open_objects().find(place.object)) editor->close_box();
+      application_.remove_from_desk_top(place.object);
+      object_changed(place.object_type);
+      break;
+    case ClickAction::kNothing:
+      break;
+  }
+}
+
+// ---- the desk top
+
+void MainWindow::put_on_desk_top(const std::string& object, const std::shared_ptr<Form>& editor) {
+  desk_top_->refresh();
+  if (editor) tabs_->open(editor, object, {});
+  statusBar()->showMessage("Padėta ant darbo stalo: " + object_name(application_, object), kMessageTime);
+}
+
+void MainWindow::take_off_desk_top(const std::string& object) {
+  act([&] {
+    application_.remove_from_desk_top(object);
+    desk_top_->refresh();
+  });
+}
+
+// ---- around
+
+void MainWindow::show_status() {
+  const auto company = application_.CompanyRecord();
+  company_->setText(company->RecordCount() == 0 ? QString()
+                                                : QString::fromStdString(null_to_text(company->field("Name"))));
+  user_->setText("Naudotojas: " + QString::fromStdString(application_.user()));
+  const auto latest = latest_month(application_.company().database());
+  month_->setText("Mėnuo: " + QString::fromStdString(latest.value_or(Month::of(application_.Today())).text()));
+  const QString title = company_->text().isEmpty() ? QString::fromStdString(application_.Title()) : company_->text();
+  setWindowTitle(application_.company().database().may_write() ? title : title + " (tik skaitymui)");
+}
+
+void MainWindow::calculate_month() {
+  act([this] {
+    const auto latest = latest_month(application_.company().database());
+    const FreePointer pointer;
+    MonthDialog(application_, latest.value_or(Month::of(application_.Today())), this).exec();
+  });
+  refresh_all();
+}
+
+void MainWindow::import_file() {
+  act([this] {
+    const FreePointer pointer;
+    ImportDialog(application_, this).exec();
+  });
+  refresh_all();
+}
+
+void MainWindow::administer_rights() {
+  act([this] {
+    RightsDialog dialog(application_, this);
+    const FreePointer pointer;
+    dialog.exec();
+  });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (application_.busy() > 0 || !tabs_->close_all()) {
+    event->ignore();
+    return;
+  }
+  QSettings settings;
+  settings.setValue(kGeometry, saveGeometry());
+  settings.setValue(kAcross, across_->saveState());
+  settings.setValue(kLeft, left_->saveState());
+  QMainWindow::closeEvent(event);
+}
+
+}  // namespace quor

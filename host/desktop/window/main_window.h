@@ -1,0 +1,79 @@
+// The program's window: the explorer and the desk top at the left, the list of the chosen type and the open forms in
+// the middle, menus, tools and the status line around them.
+//
+// What is done with an object is never decided here: the type's UI names the entries of every menu and carries them
+// out.
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+
+#include "host/desktop/window/desk_top_pane.h"
+#include "host/desktop/window/editor_tabs.h"
+#include "host/desktop/window/explorer_tree.h"
+#include "host/desktop/window/object_list_pane.h"
+
+class QLabel;
+class QSplitter;
+class QStackedWidget;
+class QToolBar;
+
+namespace quor {
+
+class MainWindow : public QMainWindow {
+ public:
+  // The application's plug-ins are loaded; it outlives the window.
+  explicit MainWindow(DesktopApplication& application);
+  ~MainWindow() override;
+
+  EditorTabs& tabs() { return *tabs_; }
+  DeskTopPane& desk_top() { return *desk_top_; }
+  ExplorerTree& explorer() { return *explorer_; }
+  // The list in front; null before the first one was read.
+  ObjectListPane* list() const;
+
+  // Shows the list of a type.
+  void show_type(const std::string& object_type);
+  // Carries out an entry of a menu as the type's UI decides.
+  void carry_out(const MenuPlace& place, const std::string& entry);
+  // What the company holds may have changed: every list, the desk top and the status line are read again.
+  void refresh_all();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  // Runs at the edge; nothing while a form is at work.
+  void act(const std::function<void()>& what);
+  void add_panes();
+  void add_menus();
+  void add_company_menu();
+  void add_group_commands(QMenu& menu, QToolBar& tools);
+  void add_window_menu();
+  void listen();
+
+  void show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top);
+  void choose(const MenuPlace& place, const std::string& entry);
+  void click(const MenuPlace& place, const std::string& entry);
+  void put_on_desk_top(const std::string& object, const std::shared_ptr<Form>& editor);
+  void take_off_desk_top(const std::string& object);
+  void object_changed(const std::string& object_type);
+  void show_status();
+  void calculate_month();
+  void import_file();
+  void administer_rights();
+
+  DesktopApplication& application_;
+  QSplitter* left_;
+  QSplitter* across_;
+  ExplorerTree* explorer_;
+  DeskTopPane* desk_top_;
+  QStackedWidget* lists_;
+  EditorTabs* tabs_;
+  std::map<std::string, ObjectListPane*> panes_;  // by type, once shown
+  QLabel* company_;
+  QLabel* user_;
+  QLabel* month_;
+};
+
+}  // namespace quor

@@ -1,0 +1,69 @@
+// The menu bar and the tools of the main window.
+#include <QMenuBar>
+#include <QToolBar>
+
+#include "host/desktop/edge/mnemonics.h"
+#include "host/desktop/window/main_window.h"
+#include "host/desktop/window/registered_icons.h"
+
+namespace quor {
+
+void MainWindow::add_menus() {
+  auto* const tools = addToolBar("Įrankiai");
+  tools->setObjectName("tools");
+  tools->setMovable(false);
+  tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  add_company_menu();
+  add_group_commands(*menuBar()->addMenu("&Peržiūros"), *tools);
+  QMenu& month = *menuBar()->addMenu("&Mėnuo");
+  QAction* const calculate =
+      month.addAction("&Apskaičiuoti…", QKeySequence(Qt::CTRL | Qt::Key_M), this, [this] { calculate_month(); });
+  tools->addSeparator();
+  QAction* const calculate_tool = tools->addAction("Apskaičiuoti mėnesį");
+  calculate_tool->setToolTip("Apskaičiuoti mėnesį (Ctrl+M)");
+  connect(calculate_tool, &QAction::triggered, calculate, &QAction::trigger);
+  add_window_menu();
+}
+
+void MainWindow::add_company_menu() {
+  QMenu& menu = *menuBar()->addMenu("Į&monė");
+  menu.addAction("&Importuoti CSV failą…", QKeySequence(Qt::CTRL | Qt::Key_I), this, [this] { import_file(); });
+  menu.addAction("&Naudotojai ir teisės…", QKeySequence(Qt::CTRL | Qt::Key_U), this, [this] { administer_rights(); });
+  menu.addSeparator();
+  menu.addAction("&Baigti", QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
+}
+
+// What the groups' menus offer, always in sight.
+void MainWindow::add_group_commands(QMenu& menu, QToolBar& tools) {
+  int number = 0;
+  for (const auto& layout : application_.registrations().layouts) {
+    for (const auto& group : layout->groups) {
+      const MenuPlace place = place_of_group(application_, group->object_type);
+      for (const MenuEntry& entry : menu_of(application_, place)) {
+        if (entry.Caption == "-") continue;
+        const QString caption = QString::fromStdString(entry.Caption);
+        auto* const command =
+            new QAction(group_command_icon(application_.registrations()), without_mnemonic(caption), this);
+        if (++number <= 9) command->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number)));
+        command->setToolTip(caption + " (" + command->shortcut().toString(QKeySequence::NativeText) + ")");
+        connect(command, &QAction::triggered, this, [this, place, id = entry.Identifier] { carry_out(place, id); });
+        menu.addAction(command);
+        tools.addAction(command);
+      }
+    }
+  }
+}
+
+void MainWindow::add_window_menu() {
+  QMenu& menu = *menuBar()->addMenu("&Langas");
+  menu.addAction("&Sąrašas", QKeySequence(Qt::CTRL | Qt::Key_L), this, [this] {
+    tabs_->show_lists();
+    if (list() != nullptr) list()->focus_list();
+  });
+  menu.addAction("Už&verti kortelę", QKeySequence(Qt::CTRL | Qt::Key_W), this,
+                 [this] { tabs_->close_tab(tabs_->currentIndex()); });
+  menu.addAction("Užverti &visas korteles", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this,
+                 [this] { tabs_->close_all(); });
+}
+
+}  // namespace quor
