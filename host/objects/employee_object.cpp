@@ -27,7 +27,6 @@ MethodResult EmployeeObject::Methods(const std::string& name, const Parameters& 
 }
 
 bool EmployeeObject::edit_charge(std::int32_t employee, const std::string& guid) {
-  if (!edit_charge_) throw StoreError(StoreFault::kFailed, "Priedo redagavimo lango čia nėra.");
   StandardObjectUIO charge(application(), company(), user(), kPersonalChargeType);
   charge.OIDR(guid.empty() ? kPersonalChargeType : charge_key(employee, guid));
   if (const SaveStatus status = charge.Read(); status.Failed) throw StoreError(StoreFault::kFailed, status.ErrorText);
@@ -35,6 +34,7 @@ bool EmployeeObject::edit_charge(std::int32_t employee, const std::string& guid)
     charge.Fields()["GUID"].Value(charge.GetGUID());
     charge.Fields()["PersonalID"].Value(employee);
   }
+  if (!edit_charge_) throw StoreError(StoreFault::kFailed, "Priedo redagavimo lango čia nėra.");
   return edit_charge_(application(), charge);
 }
 

@@ -3,7 +3,7 @@
 #include "adapters/category_object.h"
 #include "adapters/settings_object.h"
 #include "adapters/tarification_object.h"
-#include "tests/engine/recording_object.h"
+#include "tests/support/recording_object.h"
 
 namespace velmora {
 namespace {

@@ -9,7 +9,7 @@
 #include "engine/salary_engine.h"
 #include "forms/settings/settings_editor.h"
 #include "platform/toolkit/form.h"
-#include "tests/engine/recording_object.h"
+#include "tests/support/recording_object.h"
 
 namespace velmora {
 namespace {

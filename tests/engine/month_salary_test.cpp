@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/platform/outcome.h"
+#include "tests/support/outcome.h"
 
 namespace velmora {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/engine/recording_object.h"
+#include "tests/support/recording_object.h"
 
 namespace velmora {
 namespace {

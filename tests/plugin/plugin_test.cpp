@@ -6,7 +6,7 @@
 
 #include "frame/contract/quor_header_security.h"
 #include "frame/contract/quor_object_ui.h"
-#include "tests/host/company_place.h"
+#include "tests/support/company_place.h"
 #include "tests/support/test_company.h"
 
 namespace quor {

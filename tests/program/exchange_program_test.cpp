@@ -2,8 +2,8 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "tests/host/company_place.h"
-#include "tests/program/running.h"
+#include "tests/support/company_place.h"
+#include "tests/support/running.h"
 
 namespace quor {
 namespace {

@@ -7,7 +7,7 @@
 #include <thread>
 
 #include "platform/data/number_text.h"
-#include "tests/program/running.h"
+#include "tests/support/running.h"
 #include "tests/support/test_company.h"
 
 namespace quor {

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <gtest/gtest.h>
 
-#include "tests/program/running.h"
+#include "tests/support/running.h"
 #include "tests/support/test_company.h"
 
 namespace quor {

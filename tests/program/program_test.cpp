@@ -6,8 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "tests/host/company_place.h"
-#include "tests/program/running.h"
+#include "tests/support/company_place.h"
+#include "tests/support/running.h"
 #include "tests/support/test_company.h"
 
 namespace quor {

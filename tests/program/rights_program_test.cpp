@@ -2,7 +2,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-#include "tests/program/running.h"
+#include "tests/support/running.h"
 
 namespace quor {
 namespace {

@@ -13,8 +13,9 @@
 
 #include "frame/contract/quor_object_uio.h"
 #include "host/application/application.h"
-#include "tests/host/company_place.h"
-#include "tests/platform/recordset_rows.h"
+#include "host/editors/personal_charge_editor.h"
+#include "tests/support/company_place.h"
+#include "tests/support/recordset_rows.h"
 
 namespace quor {
 
@@ -112,7 +113,10 @@ class TestCompany {
   std::unique_ptr<CompanyPlace> place_;  // none in memory
   Company company_;
   TestApplication application_{company_,
-                               {.title = "Testas", .user = "testuotoja", .today = Date::from_ymd(2008, 1, 31)}};
+                               {.title = "Testas",
+                                .user = "testuotoja",
+                                .today = Date::from_ymd(2008, 1, 31),
+                                .edit_charge = edit_personal_charge}};
 };
 
 // The last day of January 2008 and others, short to write.

@@ -1,0 +1,205 @@
+#include "platform/data/date.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <limits>
+
+#include "tests/support/outcome.h"
+
+namespace quor {
+namespace {
+
+struct DayCase {
+  int year, month, day;
+  double serial;
+  const char* text;
+};
+const DayCase kDays[] = {
+    {1899, 12, 30, 0.0, "1899.12.30"},       {1899, 12, 29, -1.0, "1899.12.29"},
+    {1899, 12, 31, 1.0, "1899.12.31"},       {1900, 1, 1, 2.0, "1900.01.01"},
+    {1900, 2, 28, 60.0, "1900.02.28"},       {1900, 3, 1, 61.0, "1900.03.01"},
+    {1990, 1, 1, 32874.0, "1990.01.01"},     {2000, 2, 29, 36585.0, "2000.02.29"},
+    {2005, 1, 31, 38383.0, "2005.01.31"},    {2008, 1, 31, 39478.0, "2008.01.31"},
+    {2008, 2, 29, 39507.0, "2008.02.29"},    {2008, 3, 1, 39508.0, "2008.03.01"},
+    {2999, 12, 31, 401768.0, "2999.12.31"},  {100, 1, 1, -657434.0, "0100.01.01"},
+    {9999, 12, 31, 2958465.0, "9999.12.31"},
+};
+
+TEST(Date, SerialsAndTexts) {
+  for (const DayCase& c : kDays) {
+    SCOPED_TRACE(c.text);
+    const Date date = Date::from_ymd(c.year, c.month, c.day);
+    EXPECT_EQ(date.serial(), c.serial);
+    EXPECT_EQ(date_text(date), c.text);
+    EXPECT_EQ(parse_date(c.text), date);
+  }
+}
+
+TEST(Date, TheTimeOfDayCountsForwardFromMidnightOnBothSidesOfTheZeroDate) {
+  struct Case {
+    double serial;
+    const char* text;
+    double without_time;
+    double next_day;
+  };
+  const Case cases[] = {
+      {39478.75, "2008.01.31", 39478.0, 39479.75},
+      {0.25, "1899.12.30", 0.0, 1.25},
+      {-0.25, "1899.12.30", 0.0, 1.25},
+      {-1.25, "1899.12.29", -1.0, 0.25},
+      {-2.75, "1899.12.28", -2.0, -1.75},
+      {-657434.5, "0100.01.01", -657434.0, -657433.5},
+      {-1.0, "1899.12.29", -1.0, 0.0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.serial);
+    const Date date = Date::from_serial(c.serial);
+    EXPECT_EQ(date_text(date), c.text);
+    EXPECT_EQ(date.without_time().serial(), c.without_time);
+    EXPECT_FALSE(std::signbit(date.without_time().serial()) && c.without_time == 0.0);
+    EXPECT_EQ(add_days(date, 1).serial(), c.next_day);
+  }
+  EXPECT_LT(Date::from_serial(39478.0), Date::from_serial(39478.75));
+  EXPECT_NE(Date::from_serial(39478.0), Date::from_serial(39478.75));
+}
+
+TEST(Date, TheRangeEndsWithTheLastDaysTimes) {
+  EXPECT_EQ(outcome([] { return Date::from_serial(2958465.75); }), "2958465.75");
+  EXPECT_EQ(outcome([] { return Date::from_serial(2958466.0); }), "Overflow");
+  EXPECT_EQ(outcome([] { return Date::from_serial(-657434.75); }), "-657434.75");
+  EXPECT_EQ(outcome([] { return Date::from_serial(-657435.0); }), "Overflow");
+  EXPECT_EQ(outcome([] { return Date::from_serial(std::nan("")); }), "Overflow");
+  EXPECT_EQ(outcome([] { return Date::from_serial(std::numeric_limits<double>::infinity()); }), "Overflow");
+  EXPECT_EQ(outcome([] { return add_days(Date::from_ymd(9999, 12, 31), 1); }), "Overflow");
+  EXPECT_EQ(outcome([] { return add_days(Date(), -2147483647); }), "Overflow");
+}
+
+TEST(Date, OnlyDaysOfTheCalendarAreDays) {
+  struct Case {
+    int year, month, day;
+    const char* expected;
+  };
+  const Case cases[] = {
+      {1900, 2, 29, "TypeMismatch"},   {2000, 2, 29, "36585"},        {2008, 2, 29, "39507"},
+      {2008, 2, 30, "TypeMismatch"},   {2007, 2, 28, "39141"},        {2007, 2, 29, "TypeMismatch"},
+      {2100, 2, 28, "73109"},          {2100, 3, 1, "73110"},         {2100, 2, 29, "TypeMismatch"},
+      {2008, 4, 31, "TypeMismatch"},   {2008, 0, 1, "TypeMismatch"},  {2008, 13, 1, "TypeMismatch"},
+      {2008, 1, 0, "TypeMismatch"},    {2008, 1, 32, "TypeMismatch"}, {2008, 257, 1, "TypeMismatch"},
+      {2008, 1, -255, "TypeMismatch"}, {99, 12, 31, "TypeMismatch"},  {10000, 1, 1, "TypeMismatch"},
+      {67544, 1, 1, "TypeMismatch"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.year << '-' << c.month << '-' << c.day);
+    EXPECT_EQ(outcome([&] { return Date::from_ymd(c.year, c.month, c.day); }), c.expected);
+  }
+}
+
+TEST(Date, TextAsDate) {
+  struct Case {
+    const char* text;
+    const char* serial;  // by outcome()
+  };
+  const Case cases[] = {
+      {"2008.3.01", "39508"},
+      {"2008.03.1", "39508"},
+      {"2008-01-31", "39478"},
+      {"2008/1/31", "39478"},
+      {"  2008.01.31  ", "39478"},
+      {"2008.01.31 6:00", "39478.25"},
+      {"2008-1-31 18:00:00", "39478.75"},
+      {"2008.01.31   00:00", "39478"},
+      {"2008-3-1 9:45", "39508.40625"},
+      {"2008.03.01 00:00:27", "39508.0003125"},
+      {"1899.12.29 06:00", "-1.25"},
+      {"1899.12.30 06:00", "0.25"},
+      {"2008.02.29", "39507"},
+      {"2008.02.30", "TypeMismatch"},
+      {"2008.13.01", "TypeMismatch"},
+      {"2008.00.01", "TypeMismatch"},
+      {"", "TypeMismatch"},
+      {" ", "TypeMismatch"},
+      {"2008.01-31", "TypeMismatch"},
+      {"2008/01.31", "TypeMismatch"},
+      {"2008,01,31", "TypeMismatch"},
+      {"2008 01 31", "TypeMismatch"},
+      {"08.01.31", "TypeMismatch"},
+      {"31.01.2008", "TypeMismatch"},
+      {"02008.01.31", "TypeMismatch"},
+      {"0099.12.31", "TypeMismatch"},
+      {"2008.001.31", "TypeMismatch"},
+      {"2008.01.031", "TypeMismatch"},
+      {"2008.01.", "TypeMismatch"},
+      {"2008.01", "TypeMismatch"},
+      {"2008..31", "TypeMismatch"},
+      {"2008. 01.31", "TypeMismatch"},
+      {"2008.01.31.", "TypeMismatch"},
+      {"2008.01.31x", "TypeMismatch"},
+      {"39478", "TypeMismatch"},
+      {"2008.01.31 23:59", "39478.999305555553"},
+      {"2008.01.31 24:00", "TypeMismatch"},
+      {"2008.01.31 6:60", "TypeMismatch"},
+      {"2008.01.31 6:00:60", "TypeMismatch"},
+      {"2008.01.31 6:0", "TypeMismatch"},
+      {"2008.01.31 6:00:0", "TypeMismatch"},
+      {"2008.01.31 6", "TypeMismatch"},
+      {"2008.01.31 006:00", "TypeMismatch"},
+      {"2008.01.316:00", "TypeMismatch"},
+      {"2008.01.31 6:00:00.5", "TypeMismatch"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(outcome([&] { return parse_date(c.text); }), c.serial);
+    EXPECT_EQ(try_parse_date(c.text).has_value(), std::string(c.serial) != "TypeMismatch");
+  }
+}
+
+TEST(Date, FirstAndLastDayOfTheMonth) {
+  struct Case {
+    const char* date;
+    const char* first;
+    const char* last;
+  };
+  const Case cases[] = {
+      {"2008.01.31", "2008.01.01", "2008.01.31"}, {"2008.02.10", "2008.02.01", "2008.02.29"},
+      {"2007.02.10", "2007.02.01", "2007.02.28"}, {"2008.12.31", "2008.12.01", "2008.12.31"},
+      {"1900.02.01", "1900.02.01", "1900.02.28"}, {"2100.02.28", "2100.02.01", "2100.02.28"},
+      {"1899.12.30", "1899.12.01", "1899.12.31"}, {"2008.04.30 18:00", "2008.04.01", "2008.04.30"},
+      {"9999.12.31", "9999.12.01", "9999.12.31"}, {"0100.01.01 6:00", "0100.01.01", "0100.01.31"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.date);
+    EXPECT_EQ(first_of_month(parse_date(c.date)), parse_date(c.first));
+    EXPECT_EQ(last_of_month(parse_date(c.date)), parse_date(c.last));
+  }
+  EXPECT_EQ(first_of_month(Date()).serial(), -29.0);
+}
+
+TEST(Date, MonthBoundariesBetweenDates) {
+  struct Case {
+    const char* from;
+    const char* to;
+    int months;
+  };
+  const Case cases[] = {
+      {"2005.01.31", "2008.02.01", 37}, {"2001.03.20", "2008.05.01", 86},   {"2008.01.31", "2008.02.01", 1},
+      {"2008.01.01", "2008.01.31", 0},  {"2008.05.01", "2008.03.01", -2},   {"2007.12.31", "2008.01.01", 1},
+      {"2008.01.01", "2007.12.31", -1}, {"1899.12.30", "2008.01.31", 1297},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.from << " to " << c.to);
+    EXPECT_EQ(months_between(parse_date(c.from), parse_date(c.to)), c.months);
+  }
+}
+
+TEST(Date, EverySeventeenthDayGoesThroughTheCalendarAndBack) {
+  int wrong = 0;
+  for (double serial = Date::kMinSerial; serial <= Date::kMaxSerial; serial += 17.0) {
+    const Date date = Date::from_serial(serial);
+    if (Date::from_ymd(date.year(), date.month(), date.day()) != date) ++wrong;
+  }
+  EXPECT_EQ(wrong, 0);
+}
+
+}  // namespace
+}  // namespace quor
