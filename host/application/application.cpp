@@ -5,13 +5,10 @@
 
 #include "host/application/host_object_ui.h"
 #include "host/application/main_bo.h"
-#include "host/application/user_rights.h"
 #include "host/company/desk_top.h"
-#include "host/company/rights.h"
 #include "host/company/row_copy.h"
 #include "host/objects/employee_object.h"
 #include "host/objects/picked_identity.h"
-#include "host/objects/record_types.h"
 #include "host/objects/standard_object_uio.h"
 #include "host/requests/object_lists.h"
 #include "host/store/object_codes.h"
@@ -49,7 +46,7 @@ HeldNotices::HeldNotices(Application& application)
 HeldNotices::~HeldNotices() { application_.held_notices_ = outer_; }
 
 Application::Application(Company& company, ApplicationOptions options)
-    : company_(company), options_(std::move(options)) {}
+    : company_(company), options_(std::move(options)), guard_(company, registrations_, options_.user) {}
 
 // ---- plug-ins and their objects
 
@@ -69,7 +66,7 @@ std::shared_ptr<Object> Application::create(const std::string& class_id) {
 }
 
 std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& object_type) {
-  require_view(object_type);
+  guard_.require_view(object_type);
   const auto type = registrations_.types.find(object_type);
   if (type == registrations_.types.end()) throw PluginError("Objekto tipo „" + object_type + "“ niekas neregistravo.");
   const std::string class_id = type->second.class_id("UIO", object_type);
@@ -89,7 +86,7 @@ std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& 
   // A type whose plug-in brings no data class of its own is served by the standard object.
   if (!object && registered) object = NewStandardObjectUIO(object_type);
   if (!object) return nullptr;
-  require_view(object_type);
+  guard_.require_view(object_type);
   object->OIDR(key);
   const SaveStatus status = object->Read();
   if (!status.Failed) return object;
@@ -128,8 +125,8 @@ std::shared_ptr<ObjectRegistry> Application::NewObjectRegistry() { return std::m
 std::shared_ptr<ListReport> Application::NewListReport(const std::string& title, const std::string& object_type) {
   return std::make_shared<ReportToFill>(title, [this, object_type](std::shared_ptr<const ReportData> report) {
     if (reports_on_paper_) {
-      require_right(UserRight::kPrint, object_type,
-                    std::string("spausdinti ") + viewed_plural(object_type) + " sąrašų");
+      guard_.require_right(UserRight::kPrint, object_type,
+                           std::string("spausdinti ") + viewed_plural(object_type) + " sąrašų");
     }
     shown_report_ = std::move(report);
     if (report_listener_) report_listener_(*shown_report_);
@@ -192,35 +189,7 @@ std::string Application::choose_object(Recordset& list, const std::string& /*cur
 // ---- what the user may do
 
 bool Application::HasRight(UserRight right, const std::string& object_type, std::int32_t /*flag*/) {
-  if (for_program_ > 0 && right == UserRight::kView) return true;
-  const RecordType* const type = record_type(object_type);
-  const std::string asked = type == nullptr ? object_type : std::string(type->rights_of);
-  return has_right(company_, options_.user, right, deciding_components(registrations_, asked));
-}
-
-void Application::require_right(UserRight right, const std::string& object_type, const std::string& what) {
-  if (HasRight(right, object_type, 0)) return;
-  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, options_.user, what));
-}
-
-void Application::require_view(const std::string& object_type) {
-  if (const std::string text = view_refusal(object_type); !text.empty()) throw Error(ErrorKind::kObjectMissing, text);
-}
-
-void Application::require_view(const std::string& object_type, const std::string& what) {
-  if (may_view(*this, viewed_with(object_type))) return;
-  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, options_.user, what));
-}
-
-std::string Application::view_refusal(const std::string& object_type) {
-  if (may_view(*this, viewed_with(object_type))) return "";
-  return refusal_text(company_, options_.user, std::string("peržiūrėti ") + viewed_plural(object_type));
-}
-
-void Application::require_administrator(const std::string& what) {
-  if (may_administer(company_, options_.user)) return;
-  throw Error(ErrorKind::kObjectMissing,
-              refusal_text(company_, options_.user, what + ": tai leidžiama tik administratoriui"));
+  return guard_.allows(right, object_type);
 }
 
 // ---- forms and the desk top

@@ -19,6 +19,7 @@
 #include "host/application/printed_list.h"
 #include "host/application/registry.h"
 #include "host/company/company.h"
+#include "host/company/rights_guard.h"
 #include "host/objects/record_editor.h"
 
 namespace quor {
@@ -69,33 +70,13 @@ class Application : public QuorApplication {
   std::shared_ptr<QuorObjectUIO> new_data_object(const std::string& object_type);
 
   Company& company() { return company_; }
-  const std::string& user() const { return options_.user; }
+  const std::string& user() const { return guard_.user(); }
   const Registrations& registrations() const { return registrations_; }
   // What a type's objects are called, for headings; the code itself for an unknown type.
   std::string type_caption(const std::string& object_type) const;
 
-  // The guards of what is served to the user: each throws Error with a text that names what he may not ("skaičiuoti
-  // darbo užmokesčio"), before anything is done. In a company without users everybody may everything.
-  void require_right(UserRight right, const std::string& object_type, const std::string& what);
-  void require_view(const std::string& object_type);  // see viewed_with
-  void require_view(const std::string& object_type, const std::string& what);
-  void require_administrator(const std::string& what);
-
-  // The text with which require_view refuses; "" when the type may be viewed.
-  std::string view_refusal(const std::string& object_type);
-
-  // While it lives, the program looks for itself and not for the user: everything may be viewed. For work that the
-  // user may start, and that would half fail on records that he may not see.
-  class ForProgram {
-   public:
-    explicit ForProgram(Application& application) : application_(application) { ++application_.for_program_; }
-    ForProgram(const ForProgram&) = delete;
-    ForProgram& operator=(const ForProgram&) = delete;
-    ~ForProgram() { --application_.for_program_; }
-
-   private:
-    Application& application_;
-  };
+  // Asks what the user may, before anything is served to him.
+  RightsGuard& guard() { return guard_; }
 
   // Every box shown so far, and who else is told of each.
   const std::vector<ShownBox>& shown_boxes() const { return shown_boxes_; }
@@ -153,6 +134,7 @@ class Application : public QuorApplication {
   Company& company_;
   ApplicationOptions options_;
   Registrations registrations_;
+  RightsGuard guard_;
   std::vector<PluginLibrary> plugins_;
   std::vector<std::shared_ptr<QuorHeader>> headers_;  // one instance per loaded library, as long as it is loaded
   std::vector<ShownBox> shown_boxes_;
@@ -163,7 +145,6 @@ class Application : public QuorApplication {
   std::shared_ptr<const ReportData> shown_report_;
   OpenObjects open_objects_;
   int busy_ = 0;
-  int for_program_ = 0;  // open scopes
   bool reports_on_paper_ = true;
   std::map<std::string, std::shared_ptr<QuorObjectUI>> object_uis_;  // by type, once asked for
 };

@@ -41,7 +41,7 @@ void insert_rights(Database& database, std::int32_t id, const CompanyUser& user)
 }  // namespace
 
 std::vector<CompanyUser> company_users(Application& application) {
-  application.require_administrator("tvarkyti naudotojų ir jų teisių");
+  application.guard().require_administrator("tvarkyti naudotojų ir jų teisių");
   const auto rows = application.company().database().read(
       "SELECT u.name, u.administrator, r.component, r.can_view, r.can_create, r.can_delete, r.can_print, r.can_write"
       " FROM users u LEFT JOIN rights r ON r.user_id = u.id ORDER BY u.name, u.id, r.component",
@@ -58,7 +58,7 @@ std::vector<CompanyUser> company_users(Application& application) {
 }
 
 void store_company_users(Application& application, const std::vector<CompanyUser>& users) {
-  application.require_administrator("tvarkyti naudotojų ir jų teisių");
+  application.guard().require_administrator("tvarkyti naudotojų ir jų teisių");
   require_each_once(users);
   Database& database = application.company().database();
   Transaction transaction(database, Writes::kOther);

@@ -98,6 +98,10 @@ std::vector<std::string> deciding_components(const Registrations& registrations,
   return components;
 }
 
+std::string deciding_type(const std::string& object_type) {
+  return object_type == kPersonalChargeType ? kEmployeeType : object_type;
+}
+
 std::string refusal_text(Company& company, const std::string& user, const std::string& what) {
   std::string text = "Neturite teisės " + what + ".";
   if (grants_of(company, user)->RecordCount() == 0) text += " Naudotojo „" + user + "“ įmonėje nėra.";
@@ -109,12 +113,13 @@ ViewedWith viewed_with(std::string_view object_type) {
   return viewed == nullptr ? ViewedWith{object_type} : viewed->with;
 }
 
+bool any_allowed(const ViewedWith& types, const std::function<bool(const std::string&)>& allowed) {
+  return std::any_of(types.begin(), types.end(),
+                     [&](std::string_view type) { return !type.empty() && allowed(std::string(type)); });
+}
+
 bool may_view(QuorApplication& application, const ViewedWith& types) {
-  const auto views = [&](std::string_view type) {
-    return application.HasRight(UserRight::kView, std::string(type), 0);
-  };
-  return views(types.front()) || std::any_of(types.begin() + 1, types.end(),
-                                             [&](std::string_view type) { return !type.empty() && views(type); });
+  return any_allowed(types, [&](const std::string& type) { return application.HasRight(UserRight::kView, type, 0); });
 }
 
 const char* viewed_plural(std::string_view object_type) {

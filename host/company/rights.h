@@ -10,6 +10,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,9 @@ namespace quor {
 // the plug-in that registered it. Either may also be granted itself. A group's key stands for the type that the group
 // was added for: whoever asks by the key hears what the type's data object will say.
 std::vector<std::string> deciding_components(const Registrations& registrations, const std::string& asked);
+
+// The type whose rights decide about the objects of a type: a charge is part of what is known of its employee.
+std::string deciding_type(const std::string& object_type);
 
 // Reads the company's tables once and keeps what it read. Throws StoreError.
 bool has_right(Company& company, const std::string& user, UserRight right, const std::vector<std::string>& components);
@@ -44,6 +48,7 @@ std::string refusal_text(Company& company, const std::string& user, const std::s
 using ViewedWith = std::array<std::string_view, 3>;
 // For the objects of a type, as cards and in lists.
 ViewedWith viewed_with(std::string_view object_type);
+bool any_allowed(const ViewedWith& types, const std::function<bool(const std::string&)>& allowed);
 bool may_view(QuorApplication& application, const ViewedWith& types);
 // What is viewed, in the genitive: "padalinių".
 const char* viewed_plural(std::string_view object_type);

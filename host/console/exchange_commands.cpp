@@ -40,12 +40,12 @@ ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::
   Session session(options);
   Application& application = session.application();
   if (table != nullptr && style) {
-    out << export_table(application, *table, *style);
+    out << export_table(application.guard(), *table, *style);
   } else if (table != nullptr) {
-    const auto rows = table_rows(application, *table);
+    const auto rows = table_rows(application.guard(), *table);
     write_rows(*rows, all_fields(*rows), options.format, out);
   } else {
-    export_company(application, command.folder, *style);
+    export_company(application.guard(), command.folder, *style);
     out << "Įrašytos visos lentelės: „" << command.folder << "“.\n";
   }
   return ExitStatus::kDone;
@@ -66,7 +66,7 @@ ExitStatus run(const ImportCommand& command, const CommonOptions& options, std::
   Session session(options);
   try {
     const IntoClosed into_closed = command.into_closed ? IntoClosed::kAgreed : IntoClosed::kRefused;
-    for (const ImportedTable& done : import_tables(session.application(), sources, into_closed)) {
+    for (const ImportedTable& done : import_tables(session.application().guard(), sources, into_closed)) {
       for (const ImportFault& odd : done.warnings) std::cerr << "įspėjimas: " << line_of(odd) << '\n';
       out << done.source.file << ": naujų " << done.added << ", pakeistų " << done.changed << ", nepakitusių "
           << done.unchanged << ".\n";

@@ -175,7 +175,7 @@ ExitStatus run(const PrintCommand& command, const CommonOptions& options, std::o
   if (command.what != "categories") throw UsageError("nežinomas sąrašas „" + command.what + "“: yra categories");
   Session session(options);
   Application& application = session.application();
-  application.require_view(kCategoryType);
+  application.guard().require_view(kCategoryType);
   click_categories(application, kPrintCategories);
   if (!application.shown_report()) throw std::runtime_error("Įskiepis kategorijų sąrašo neparodė.");
   write_reports({application.shown_report()}, options, application, out);

@@ -33,11 +33,11 @@ class CodeTexts {
   std::unordered_map<std::int32_t, std::string> texts_;
 };
 
-void write_tables(Application& application, const files::path& folder, const CsvStyle& style) {
-  Database& database = application.company().database();
+void write_tables(RightsGuard& guard, const files::path& folder, const CsvStyle& style) {
+  Database& database = guard.company().database();
   const std::int64_t begun_at = database.change_count();
   for (const ExchangedTable& table : exchanged_tables())
-    write_whole_file(folder / (std::string(table.name) + ".csv"), export_table(application, table, style));
+    write_whole_file(folder / (std::string(table.name) + ".csv"), export_table(guard, table, style));
   if (database.change_count() != begun_at)
     throw std::runtime_error("tuo metu įmonės duomenis keitė kitas vartotojas, bandykite dar kartą");
 }
@@ -60,9 +60,9 @@ FieldType shown_type(CellType type) {
 
 }  // namespace
 
-std::string export_table(Application& application, const ExchangedTable& table, const CsvStyle& style) {
-  require_export_right(application, table);
-  Database& database = application.company().database();
+std::string export_table(RightsGuard& guard, const ExchangedTable& table, const CsvStyle& style) {
+  require_export_right(guard, table);
+  Database& database = guard.company().database();
   std::string csv(csv_start(style));
   CodeTexts codes(database);
   const auto end_cell = [&](std::size_t at) {
@@ -92,9 +92,9 @@ std::string export_table(Application& application, const ExchangedTable& table, 
   return csv;
 }
 
-std::shared_ptr<Recordset> table_rows(Application& application, const ExchangedTable& table) {
-  require_export_right(application, table);
-  Database& database = application.company().database();
+std::shared_ptr<Recordset> table_rows(RightsGuard& guard, const ExchangedTable& table) {
+  require_export_right(guard, table);
+  Database& database = guard.company().database();
   auto rows = std::make_shared<Recordset>();
   CodeTexts codes(database);
   for (const ExchangedColumn& column : table.columns)
@@ -117,15 +117,15 @@ std::shared_ptr<Recordset> table_rows(Application& application, const ExchangedT
   return rows;
 }
 
-void export_company(Application& application, const std::string& folder, const CsvStyle& style) {
-  for (const ExchangedTable& table : exchanged_tables()) require_export_right(application, table);
+void export_company(RightsGuard& guard, const std::string& folder, const CsvStyle& style) {
+  for (const ExchangedTable& table : exchanged_tables()) require_export_right(guard, table);
   std::error_code error;
   const bool made = files::create_directory(folder, error);
   if (error || (!made && !files::is_empty(folder, error)) || error)
     throw std::runtime_error("aplankas turi būti naujas arba tuščias: „" + shown_address(folder) + "“");
   if (made) files::permissions(folder, files::perms::owner_all, error);
   try {
-    write_tables(application, folder, style);
+    write_tables(guard, folder, style);
   } catch (...) {
     for (const ExchangedTable& table : exchanged_tables())
       files::remove(files::path(folder) / (std::string(table.name) + ".csv"), error);

@@ -73,10 +73,10 @@ void faults_of_reach(WatchedPlan& watched, const std::vector<TableFile>& files, 
 ImportRefused::ImportRefused(std::vector<ImportFault> faults, bool into_closed)
     : std::runtime_error(text_of(faults)), faults_(std::move(faults)), into_closed_(into_closed) {}
 
-std::vector<ImportedTable> import_tables(Application& application, std::vector<ImportSource> sources,
+std::vector<ImportedTable> import_tables(RightsGuard& guard, std::vector<ImportSource> sources,
                                          IntoClosed into_closed) {
-  for (const ImportSource& source : sources) require_import_right(application, *source.table);
-  Database& database = application.company().database();
+  for (const ImportSource& source : sources) require_import_right(guard, *source.table);
+  Database& database = guard.company().database();
   // The order of the tables is that of their references.
   std::sort(sources.begin(), sources.end(), [](const auto& a, const auto& b) { return a.table < b.table; });
   std::vector<ImportFault> faults;
@@ -97,7 +97,7 @@ std::vector<ImportedTable> import_tables(Application& application, std::vector<I
   const bool brings_users =
       std::any_of(files.begin(), files.end(), [](const TableFile& file) { return file.table->name == "users"; });
   for (std::size_t at = 0; at < plans.size(); ++at) {
-    write_plan(database, plans[at], application.user());
+    write_plan(database, plans[at], guard.user());
     done.push_back({sources[at], plans[at].added.size(), plans[at].changed.size(), plans[at].unchanged});
     anything = anything || done.back().added + done.back().changed > 0;
   }
@@ -108,7 +108,7 @@ std::vector<ImportedTable> import_tables(Application& application, std::vector<I
   if (!anything) return done;
   if (brings_users) require_administrator_among_users(database);
   transaction.commit();
-  application.company().forget();
+  guard.company().forget();
   return done;
 }
 

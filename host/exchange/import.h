@@ -13,7 +13,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/application/application.h"
+#include "host/company/rights_guard.h"
 #include "host/exchange/import_file.h"
 
 namespace quor {
@@ -52,7 +52,7 @@ enum class IntoClosed { kRefused, kAgreed };
 // nothing differs nothing is committed. The user is kept with the records that change. Throws Error when the user may
 // not bring in one of the tables (see table_rights.h) or when the users would be left without an administrator,
 // ImportRefused, StoreError, or std::runtime_error for a file that cannot be read; nothing is written then.
-std::vector<ImportedTable> import_tables(Application& application, std::vector<ImportSource> sources,
+std::vector<ImportedTable> import_tables(RightsGuard& guard, std::vector<ImportSource> sources,
                                          IntoClosed into_closed = IntoClosed::kRefused);
 
 // The files TABLE.csv of a folder. Throws std::runtime_error when there are none, or other CSV files beside them.

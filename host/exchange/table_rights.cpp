@@ -59,25 +59,25 @@ std::string with_table(const char* verb, const ExchangedTable& table) {
 
 bool is_guarded(const ExchangedTable& table) { return find(table) != nullptr; }
 
-void require_export_right(Application& application, const ExchangedTable& table) {
+void require_export_right(RightsGuard& guard, const ExchangedTable& table) {
   const TableRights* const rights = find(table);
   const std::string what = with_table("išvesti", table);
   if (rights == nullptr || rights->about == nullptr) {
-    application.require_administrator(what);
+    guard.require_administrator(what);
   } else {
-    application.require_view(rights->about, what);
+    guard.require_view(rights->about, what);
   }
 }
 
-void require_import_right(Application& application, const ExchangedTable& table) {
+void require_import_right(RightsGuard& guard, const ExchangedTable& table) {
   const TableRights* const rights = find(table);
   const std::string what = with_table("įkelti", table);
   if (rights == nullptr || rights->about == nullptr || rights->import == Import::kByAdministrator) {
-    application.require_administrator(what);
+    guard.require_administrator(what);
     return;
   }
   for (const UserRight right : {UserRight::kCreate, UserRight::kWrite}) {
-    application.require_right(right, rights->about, what);
+    guard.require_right(right, rights->about, what);
   }
 }
 

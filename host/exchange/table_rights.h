@@ -1,7 +1,7 @@
 // Who may take a table out of a company and bring it in.
 #pragma once
 
-#include "host/application/application.h"
+#include "host/company/rights_guard.h"
 #include "host/exchange/tables.h"
 
 namespace quor {
@@ -12,7 +12,7 @@ bool is_guarded(const ExchangedTable& table);
 // Each throws Error naming the table. Taking out needs View of what the table holds, bringing in Create and Write.
 // Users and their rights are the administrator's, and so is bringing in what months have calculated or closed; any
 // table that nobody has been told about, too.
-void require_export_right(Application& application, const ExchangedTable& table);
-void require_import_right(Application& application, const ExchangedTable& table);
+void require_export_right(RightsGuard& guard, const ExchangedTable& table);
+void require_import_right(RightsGuard& guard, const ExchangedTable& table);
 
 }  // namespace quor

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <set>
+#include <sstream>
 #include <tuple>
 
 #include "host/company/working_days.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/time_codes.h"
-#include "host/requests/parameter_text.h"
 #include "host/store/value_ranges.h"
 #include "platform/data/number_text.h"
 
@@ -168,11 +168,11 @@ void WrittenCheck::check_tariff_values(const TableFile& values, std::vector<Impo
 void WrittenCheck::check_code_lists(const TableFile& settings, std::vector<ImportFault>& warnings) {
   const TimeCodes codes(database_);
   for (const FileRow& row : settings.rows) {
-    const std::string list = "'" + null_to_text(row.cells[settings.table->column("personal_time_code_id_list")]) + "'";
-    for (const std::int32_t code_id : ParameterText(list).whole_list()) {
-      if (codes.has(code_id)) continue;
+    std::istringstream list(null_to_text(row.cells[settings.table->column("personal_time_code_id_list")]));
+    for (std::string code_id; std::getline(list, code_id, ',');) {
+      if (codes.has(std::stoi(code_id))) continue;
       settings.add_fault(warnings, row, "personal_time_code_id_list",
-                         "laiko kodo, kurio numeris " + std::to_string(code_id) + ", nėra");
+                         "laiko kodo, kurio numeris " + code_id + ", nėra");
     }
   }
 }

@@ -85,7 +85,7 @@ void delete_object(QuorApplication& application, Company& company, const std::st
   if (type == nullptr || type->read_only) {
     refuse("Objekto „" + key + "“ čia panaikinti negalima: tokius tvarko kita programos dalis.");
   }
-  if (!application.HasRight(UserRight::kDelete, std::string(type->rights_of), 0)) {
+  if (!application.HasRight(UserRight::kDelete, std::string(type->object_type), 0)) {
     refuse(std::string("Neturite teisės naikinti ") + type->plural + ".");
   }
   const auto id = id_of_key(key);

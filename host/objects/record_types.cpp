@@ -32,7 +32,6 @@ RecordType employees() {
           .read_only = true};
 }
 
-// A charge is part of what is known of its employee: those rights decide.
 RecordType personal_charges() {
   return {.object_type = kPersonalChargeType,
           .table = "extra_charges",
@@ -48,8 +47,7 @@ RecordType personal_charges() {
                      {{"Comment", FieldType::kText}, "comment"}},
           .name_field = "Comment",
           .rows = std::nullopt,
-          .read_only = false,
-          .rights_of = kEmployeeType};
+          .read_only = false};
 }
 
 RecordType positions() {

@@ -36,7 +36,6 @@ struct RecordType {
   const char* name_field = nullptr;  // shown as the object's name
   std::optional<ChildRows> rows = std::nullopt;
   bool read_only = false;  // kept by another part of the program: only read as objects, never saved or deleted
-  std::string_view rights_of = object_type;  // the type whose rights decide about its records
 };
 
 // Whether its records have a field GUID.

@@ -105,7 +105,7 @@ void require_open(Database& database, const Month& month) {
 }
 
 void close_month(Application& application, const Month& month, const std::optional<std::string>& despite) {
-  application.require_administrator("uždaryti mėnesio");
+  application.guard().require_administrator("uždaryti mėnesio");
   Company& company = application.company();
   Database& database = company.database();
   if (despite) {
@@ -130,7 +130,7 @@ void close_month(Application& application, const Month& month, const std::option
 }
 
 void reopen_month(Application& application, const Month& month, const std::string& reason) {
-  application.require_administrator("atverti uždaryto mėnesio");
+  application.guard().require_administrator("atverti uždaryto mėnesio");
   require_reason(reason);
   Database& database = application.company().database();
   Transaction transaction(database, Writes::kOther);

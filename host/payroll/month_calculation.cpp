@@ -64,7 +64,7 @@ Ending attempt(World world, const MonthRunOptions& options, MonthTaker& taker) {
 }  // namespace
 
 bool calculate_people(Application& application, const Month& month, const MonthRunOptions& options, MonthTaker& taker) {
-  const Application::ForProgram calculating(application);
+  const RightsGuard::ForProgram calculating(application.guard());
   for (int i = 0; i < kAttempts; ++i) {
     const Ending ending = attempt(read_world(application, month, options), options, taker);
     if (ending != Ending::kStale) return ending == Ending::kDone;

@@ -139,7 +139,7 @@ class Storing : public MonthTaker {
 }  // namespace
 
 MonthRun calculate_month(Application& application, const Month& month, const MonthRunOptions& options) {
-  application.require_right(UserRight::kWrite, kSalaryExtensionType, "skaičiuoti darbo užmokesčio");
+  application.guard().require_right(UserRight::kWrite, kSalaryExtensionType, "skaičiuoti darbo užmokesčio");
   const bool may_see = application.HasRight(UserRight::kView, kSalaryExtensionType, 0);
   Storing storing(application, month, options.department);
   const bool whole = calculate_people(application, month, options, storing);

@@ -78,7 +78,7 @@ std::string faults_text(const std::vector<StateFault>& faults) {
 }  // namespace
 
 MonthState month_state(Application& application, const Month& month) {
-  application.require_view(kSalaryExtensionType);
+  application.guard().require_view(kSalaryExtensionType);
   Company& company = application.company();
   Database& database = company.database();
   company.refresh();

@@ -43,7 +43,7 @@ void add_entries(PassingMenu& menu, const std::vector<MenuEntry>& entries, const
 }
 
 std::shared_ptr<Recordset> list_of_type(DesktopApplication& application, const std::string& object_type) {
-  if (!application.view_refusal(object_type).empty()) return nullptr;
+  if (!application.guard().view_refusal(object_type).empty()) return nullptr;
   const auto ui = application.GetQuorObjectUI(object_type);
   return ui ? ui->GetQuorObjectList(object_type, "", "") : nullptr;
 }

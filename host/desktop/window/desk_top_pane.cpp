@@ -31,7 +31,7 @@ void DeskTopPane::refresh() {
     const std::string object_type = key.substr(0, kTypeCodeLength);
     const QString type = QString::fromStdString(application_.type_caption(object_type));
     QString name = type;
-    if (!application_.view_refusal(object_type).empty()) {
+    if (!application_.guard().view_refusal(object_type).empty()) {
       name += " (neturite teisės)";
     } else {
       const auto [list, is_new] = lists.try_emplace(object_type);

@@ -79,7 +79,8 @@ void ImportDialog::import_file() {
   faults_->setVisible(false);
   state_->setText("Neįkelta.");
   const auto bring_in = [&](IntoClosed into_closed) {
-    for (const ImportedTable& done : import_tables(application_, {{table, file_->text().toStdString()}}, into_closed)) {
+    for (const ImportedTable& done :
+         import_tables(application_.guard(), {{table, file_->text().toStdString()}}, into_closed)) {
       state_->setText(QString("Įkelta. Naujų: %1, pakeistų: %2, nepakitusių: %3.")
                           .arg(done.added)
                           .arg(done.changed)

@@ -132,7 +132,7 @@ void ObjectListPane::set_up_view(const QString& name) {
 // ---- the list
 
 void ObjectListPane::refresh() {
-  refusal_ = application_.view_refusal(object_type_);
+  refusal_ = application_.guard().view_refusal(object_type_);
   const auto ui = refusal_.empty() ? application_.GetQuorObjectUI(object_type_) : nullptr;
   auto list = ui ? ui->GetQuorObjectList(object_type_, "", "") : nullptr;
   if (!list && refusal_.empty() && model_ != nullptr) return;  // what was shown stays

@@ -159,13 +159,13 @@ Office::Service click(const char* type, const char* object, const char* entry) {
   return [=](TestApplication& a) { (void)a.GetQuorObjectUI(type)->ClickMenu(object, entry, "", ""); };
 }
 Office::Service take_out(const char* table) {
-  return [=](TestApplication& a) { (void)export_table(a, *find_exchanged_table(table)); };
+  return [=](TestApplication& a) { (void)export_table(a.guard(), *find_exchanged_table(table)); };
 }
 Office::Service bring_in(const char* table, const std::string& text) {
   return [=](TestApplication& a) {
     const TemporaryFolder folder;
     std::ofstream(folder.path("a.csv")) << text;
-    (void)import_tables(a, {{find_exchanged_table(table), folder.path("a.csv")}});
+    (void)import_tables(a.guard(), {{find_exchanged_table(table), folder.path("a.csv")}});
   };
 }
 void calculate(TestApplication& application) { (void)calculate_month(application, kMonth, {}); }
@@ -242,7 +242,7 @@ TEST(ServiceRights, SomeAreTheAdministratorsWhateverElseIsGranted) {
       {"users", [](TestApplication& a) { (void)company_users(a); }, "tvarkyti naudotojų ir jų teisių"},
       {"no users", [](TestApplication& a) { store_company_users(a, {}); }, "tvarkyti naudotojų ir jų teisių"},
       {"users out", take_out("users"), "išvesti lentelės „users“"},
-      {"the company out", [](TestApplication& a) { export_company(a, TemporaryFolder().path("a")); },
+      {"the company out", [](TestApplication& a) { export_company(a.guard(), TemporaryFolder().path("a")); },
        "išvesti lentelės „users“"},
       {"users in", bring_in("users", kUsers), "įkelti lentelės „users“"},
       {"rights in", bring_in("rights", "user_id,component,can_view,can_create,can_delete,can_print,can_write\n"),

@@ -12,7 +12,7 @@ namespace quor {
 namespace {
 
 std::string exported(TestCompany& company, const char* table) {
-  return export_table(company.application(), *find_exchanged_table(table));
+  return export_table(company.application().guard(), *find_exchanged_table(table));
 }
 
 TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
@@ -40,8 +40,8 @@ TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
   EXPECT_EQ(exported(company, "month_faults"), "employee_id,month,reason\r\n1,2008-01,\"'=r\r\nn\nq\r\"\r\n");
 
   const TemporaryFolder folder;
-  export_company(company.application(), folder.path("a"));
-  import_tables(again.application(), sources_of_folder(folder.path("a")));
+  export_company(company.application().guard(), folder.path("a"));
+  import_tables(again.application().guard(), sources_of_folder(folder.path("a")));
   for (const char* table : {"constant_types", "categories", "category_rows", "month_faults"})
     EXPECT_EQ(exported(again, table), exported(company, table));
 }
@@ -68,14 +68,14 @@ TEST(CsvExport, GivesNoSpreadsheetAFormulaAndEveryTextBack) {
       "INSERT INTO constant_values (id, constant_type_id, date_from, value) VALUES (1, 1, 39478, 100000), (2, 2, 1, "
       "-5.25)");
   const ExchangedTable& values = *find_exchanged_table("constant_values");
-  EXPECT_EQ(export_table(company.application(), values, kSpreadsheetCsv),
+  EXPECT_EQ(export_table(company.application().guard(), values, kSpreadsheetCsv),
             "\xEF\xBB\xBFid;constant_type_id;date_from;value\r\n1;1;2008-01-31;100000\r\n2;2;1899-12-31;-5,25\r\n");
   const TemporaryFolder folder;
   // What old data hold goes out, and does not come in again.
   database->execute("DELETE FROM constant_types WHERE id IN (5, 6)");
   database->execute("UPDATE constant_values SET date_from = 2, value = 5.25 WHERE id = 2");
-  export_company(company.application(), folder.path("a"), kSpreadsheetCsv);
-  import_tables(again.application(), sources_of_folder(folder.path("a")));
+  export_company(company.application().guard(), folder.path("a"), kSpreadsheetCsv);
+  import_tables(again.application().guard(), sources_of_folder(folder.path("a")));
   for (const char* table : {"constant_types", "constant_values"})
     EXPECT_EQ(exported(again, table), exported(company, table));
 }
@@ -116,11 +116,11 @@ TEST_P(CsvCompany, MovesWholeIntoAnEmptyOne) {
       "INSERT INTO month_closings (id, month, closed, done_by, done_at, reason) VALUES (1, 39448, 0, 'O', '', 'b')");
 
   const TemporaryFolder folder;
-  export_company(company.application(), folder.path("iš"));
-  import_tables(to.application(), sources_of_folder(folder.path("iš")));
+  export_company(company.application().guard(), folder.path("iš"));
+  import_tables(to.application().guard(), sources_of_folder(folder.path("iš")));
   for (const ExchangedTable& table : exchanged_tables()) {
-    const std::string text = export_table(company.application(), table);
-    EXPECT_EQ(export_table(to.application(), table), text);
+    const std::string text = export_table(company.application().guard(), table);
+    EXPECT_EQ(export_table(to.application().guard(), table), text);
     EXPECT_GT(text.size(), text.find("\r\n") + 2) << table.name << ": a table without rows proves nothing";
   }
   EXPECT_EQ(to.database().reserve_ids("employees"), 41);
@@ -130,7 +130,7 @@ TEST(CsvExport, LeavesNoHalfFolderAndMixesNoCompanies) {
   const TemporaryFolder folder;
   TestCompany company;
   const auto text_of = [&](const std::string& name) {
-    return error_text([&] { export_company(company.application(), folder.path(name)); });
+    return error_text([&] { export_company(company.application().guard(), folder.path(name)); });
   };
   EXPECT_EQ(text_of("a"), "no error");
   const std::string before = folder.contents();

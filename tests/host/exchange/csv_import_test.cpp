@@ -39,7 +39,7 @@ class CsvImport : public testing::TestWithParam<Backend> {
       files.push_back({find_exchanged_table(source.table), folder_.path(std::string(source.table) + ".csv")});
       std::ofstream(files.back().file, std::ios::binary) << source.text;
     }
-    return import_tables(application_, files);
+    return import_tables(guard_, files);
   }
 
   // The faults of the import, a line each, files named without their folder; "" when there are none. Warnings as
@@ -60,10 +60,10 @@ class CsvImport : public testing::TestWithParam<Backend> {
     }
   }
 
-  std::string exported(const char* table) { return export_table(application_, *find_exchanged_table(table)); }
+  std::string exported(const char* table) { return export_table(guard_, *find_exchanged_table(table)); }
   std::string everything() {
     std::string all = std::to_string(database().change_count()) + "\n";
-    for (const ExchangedTable& table : exchanged_tables()) all += export_table(application_, table);
+    for (const ExchangedTable& table : exchanged_tables()) all += export_table(guard_, table);
     return all;
   }
 
@@ -72,7 +72,8 @@ class CsvImport : public testing::TestWithParam<Backend> {
   TemporaryFolder folder_;
   std::unique_ptr<CompanyPlace> place_ = GetParam().make_place();
   Company company_{Database::create(place_->address())};
-  Application application_{company_, {.user = "testuotoja"}};
+  Registrations registrations_;
+  RightsGuard guard_{company_, registrations_, "testuotoja"};
 };
 INSTANTIATE_TEST_SUITE_P(On, CsvImport, testing::ValuesIn(backends()),
                          [](const auto& each) { return each.param.name; });
@@ -446,7 +447,7 @@ TEST_P(CsvImport, CommitsNothingWhenNothingDiffers) {
   const std::string before = everything();
   std::vector<Source> same;
   for (const ExchangedTable& table : exchanged_tables())
-    same.push_back({table.name.data(), export_table(application_, table)});
+    same.push_back({table.name.data(), export_table(guard_, table)});
   for (const ImportedTable& done : bring(same)) EXPECT_EQ(done.added + done.changed, 0U) << done.source.file;
   EXPECT_EQ(everything(), before);
 }
