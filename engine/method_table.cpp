@@ -1,8 +1,9 @@
-#include "engine/method_table.h"
-
+// The engine's methods by name: how the parameters of each convert, and what runs. An unknown name gives an empty
+// result; a parameter that is missing or does not convert throws quor::Error before the method runs.
 #include <algorithm>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "engine/month_salary.h"
 #include "engine/salary_engine.h"
@@ -150,10 +151,13 @@ static_assert(names_differ(), "two methods of one name: the second would never r
 
 }  // namespace
 
-MethodResult run_method(UIO0402000& engine, std::string_view name, const quor::Parameters& parameters) {
+MethodResult UIO0402000::Methods(const std::string& name, const quor::Parameters& parameters) {
   const auto* method = std::find_if(std::begin(kMethods), std::end(kMethods),
                                     [&](const Method& candidate) { return candidate.name == name; });
-  return method == std::end(kMethods) ? MethodResult{} : method->run(engine, Arguments(parameters));
+  if (method == std::end(kMethods)) return {};
+  MethodResult result = method->run(*this, Arguments(parameters));
+  if (result.Code == quor::kPluginFailure) show_failure(result.Message);
+  return result;
 }
 
 }  // namespace velmora

@@ -1,6 +1,5 @@
 #include "engine/salary_engine.h"
 
-#include "engine/method_table.h"
 #include "frame/object_types.h"
 
 namespace velmora {
@@ -25,12 +24,6 @@ constexpr NamedData kData[] = {
 }  // namespace
 
 UIO0402000::UIO0402000(quor::QuorApplication& application) : ForwardingObject(application, kEngineType, kData) {}
-
-quor::MethodResult UIO0402000::Methods(const std::string& name, const quor::Parameters& parameters) {
-  quor::MethodResult result = run_method(*this, name, parameters);
-  if (result.Code == quor::kPluginFailure) show_failure(result.Message);
-  return result;
-}
 
 const quor::MethodResult& UIO0402000::request(const std::string& name, const std::string& parameter) {
   last_properties_result_ = Properties(name, parameter);

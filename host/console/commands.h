@@ -4,29 +4,12 @@
 #include <cstdint>
 #include <iosfwd>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "host/console/call.h"
+
 namespace quor {
-
-// The words of the call are off; the text says which and gives a hint.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-enum class ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
-
-// What the options of every command say, as text until a command needs it.
-struct CommonOptions {
-  std::string company;
-  std::string plugin;
-  std::string today;
-  std::string format = "table";
-  std::string output;
-  std::string user;  // "" for the program's own
-};
 
 struct InitCommand {
   std::int32_t employees = 30;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/console/commands.h"
+#include "host/console/call.h"
 
 namespace quor {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/application/application.h"
-#include "host/console/commands.h"
+#include "host/console/call.h"
 #include "host/payroll/month.h"
 #include "host/report/record_text.h"
 

@@ -10,7 +10,7 @@
 #include <memory>
 #include <unistd.h>
 
-#include "host/store/database.h"
+#include "host/store/store_error.h"
 
 namespace quor {
 namespace {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/store/connection.h"
+#include "host/store/database.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
 

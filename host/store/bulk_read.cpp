@@ -4,6 +4,7 @@
 #include <type_traits>
 
 #include "host/store/connection.h"
+#include "host/store/database.h"
 #include "platform/data/error.h"
 
 namespace quor {

@@ -75,13 +75,12 @@ void Bindings::attach(soci::statement& statement) {
   }
 }
 
-Database::Connection::Connection(const soci::backend_factory& backend, const std::string& connect_text,
-                                 std::string shown_name)
+Connection::Connection(const soci::backend_factory& backend, const std::string& connect_text, std::string shown_name)
     : session(backend, connect_text),
       name(std::move(shown_name)),
       on_server(session.get_backend_name() == "postgresql") {}
 
-std::unique_ptr<Database::Connection> Database::Connection::to_memory() {
+std::unique_ptr<Connection> Connection::to_memory() {
   auto connection = std::make_unique<Connection>(soci::sqlite3, "db=:memory:", ":memory:");
   connection->command("PRAGMA foreign_keys=ON");
   return connection;
@@ -89,8 +88,7 @@ std::unique_ptr<Database::Connection> Database::Connection::to_memory() {
 
 // The roll-back journal is kept: after a kill the next program to open the file undoes the half-done transaction, and
 // between transactions a company is one file, which people copy.
-std::unique_ptr<Database::Connection> Database::Connection::to_file(const std::string& path,
-                                                                    const std::string& read_only_reason) {
+std::unique_ptr<Connection> Connection::to_file(const std::string& path, const std::string& read_only_reason) {
   std::unique_ptr<Connection> connection;
   try {
     connection = std::make_unique<Connection>(soci::sqlite3, "db=" + existing_file_uri(path, !read_only_reason.empty()),
@@ -104,8 +102,7 @@ std::unique_ptr<Database::Connection> Database::Connection::to_file(const std::s
 }
 
 // Nobody else knows the file, and if anything fails it is thrown away whole: it goes to the disk once, at the end.
-std::unique_ptr<Database::Connection> Database::Connection::to_new_file(const std::string& path,
-                                                                        const std::string& shown_name) {
+std::unique_ptr<Connection> Connection::to_new_file(const std::string& path, const std::string& shown_name) {
   auto connection = std::make_unique<Connection>(soci::sqlite3, "db=" + existing_file_uri(path, false), shown_name);
   connection->prepare_file_session();
   connection->command("PRAGMA synchronous=OFF");
@@ -113,7 +110,7 @@ std::unique_ptr<Database::Connection> Database::Connection::to_new_file(const st
   return connection;
 }
 
-std::unique_ptr<Database::Connection> Database::Connection::to_server(const std::string& address) {
+std::unique_ptr<Connection> Connection::to_server(const std::string& address) {
   const ServerAddress server = parse_server_address(address);
   std::unique_ptr<Connection> connection;
   reach(server.shown, server.connect_text,
@@ -125,21 +122,21 @@ std::unique_ptr<Database::Connection> Database::Connection::to_server(const std:
 
 // What a commit has promised must stand after a loss of power too: EXTRA syncs the folder as well when the journal
 // goes, which FULL leaves out; a transaction that the user was told of could then be undone by its own journal.
-void Database::Connection::prepare_file_session() {
+void Connection::prepare_file_session() {
   command("PRAGMA busy_timeout=" + std::to_string(kPatienceMilliseconds));
   command("PRAGMA cache_size=-" + std::to_string(kCacheKibibytes));
   command("PRAGMA synchronous=EXTRA");
   command("PRAGMA foreign_keys=ON");
 }
 
-void Database::Connection::prepare_server_session() {
+void Connection::prepare_server_session() {
   command("SET client_encoding = 'UTF8'");
   command("SET client_min_messages = warning");
   command("SET lock_timeout = " + std::to_string(kPatienceMilliseconds));
 }
 
 // What was open on the old connection is rolled back: by the server that has lost it, or, in a file, by closing.
-bool Database::Connection::reconnect() {
+bool Connection::reconnect() {
   if (state != State::kOpen && state != State::kBroken) return false;
   if (on_server) {
     if (state != State::kBroken && !is_lost()) return false;
@@ -159,12 +156,11 @@ bool Database::Connection::reconnect() {
   return true;
 }
 
-void Database::Connection::command(const std::string& sql) {
+void Connection::command(const std::string& sql) {
   run([&](soci::session& database) { database << sql; });
 }
 
-std::optional<std::int64_t> Database::Connection::whole_number(const std::string& sql,
-                                                               const std::vector<Variant>& values) {
+std::optional<std::int64_t> Connection::whole_number(const std::string& sql, const std::vector<Variant>& values) {
   return run([&](soci::session& database) -> std::optional<std::int64_t> {
     Bindings bindings(values);
     long long number = 0;
@@ -180,7 +176,7 @@ std::optional<std::int64_t> Database::Connection::whole_number(const std::string
   });
 }
 
-void Database::Connection::require_no_transaction() const {
+void Connection::require_no_transaction() const {
   if (state == State::kTransaction || state == State::kDoomed) {
     throw StoreError(StoreFault::kFailed, "ankstesnis įrašymas dar nebaigtas: „" + name + "“");
   }
@@ -189,7 +185,7 @@ void Database::Connection::require_no_transaction() const {
   }
 }
 
-void Database::Connection::begin() {
+void Connection::begin() {
   require_no_transaction();
   if (!read_only_reason.empty()) throw StoreError(StoreFault::kNotWritable, read_only_reason);
   // Immediate: two programs that read first and write later would else fail each other at the write.
@@ -200,7 +196,7 @@ void Database::Connection::begin() {
 
 // One writer at a time on a server too: what a transaction has read is then what it writes on. The lock goes with the
 // transaction. A company that is being made has no row yet; two that make it meet at its first table.
-void Database::Connection::lock_for_writing() {
+void Connection::lock_for_writing() {
   try {
     if (has_company()) command("SELECT id FROM company FOR UPDATE");
   } catch (...) {
@@ -209,7 +205,7 @@ void Database::Connection::lock_for_writing() {
   }
 }
 
-bool Database::Connection::has_company() {
+bool Connection::has_company() {
   if (!has_company_) {
     has_company_ = whole_number(
                        "SELECT COUNT(*) FROM information_schema.tables"
@@ -220,7 +216,7 @@ bool Database::Connection::has_company() {
 }
 
 // On a server every statement of a repeatable read sees the same state; in a file, what the first read has locked.
-void Database::Connection::begin_reading() {
+void Connection::begin_reading() {
   require_no_transaction();
   command(on_server ? "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY" : "BEGIN");
   state = State::kReading;
@@ -233,7 +229,7 @@ void Database::Connection::begin_reading() {
   }
 }
 
-void Database::Connection::end_reading() {
+void Connection::end_reading() {
   try {
     if (!on_server) command("PRAGMA query_only=OFF");
     command("ROLLBACK");
@@ -244,7 +240,7 @@ void Database::Connection::end_reading() {
   }
 }
 
-void Database::Connection::commit(Writes writes) {
+void Connection::commit(Writes writes) {
   // The server would take a commit after a failed statement and silently roll back.
   if (state == State::kDoomed) {
     throw StoreError(StoreFault::kFailed, "pakeitimai atšaukti, nes vienas iš įrašymų nepavyko: „" + name + "“");
@@ -255,7 +251,7 @@ void Database::Connection::commit(Writes writes) {
   state = State::kOpen;
 }
 
-void Database::Connection::roll_back() {
+void Connection::roll_back() {
   if (!on_server && has_ended_by_itself(session)) {
     state = State::kOpen;
     return;
@@ -269,7 +265,7 @@ void Database::Connection::roll_back() {
   }
 }
 
-void Database::Connection::doom() {
+void Connection::doom() {
   if (state == State::kTransaction) state = State::kDoomed;
 }
 

@@ -2,12 +2,19 @@
 // statement takes. Included only by the sources of this folder.
 #pragma once
 
+#include <cstdint>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <soci/soci.h>
+#include <string>
+#include <variant>
+#include <vector>
 
-#include "host/store/database.h"
 #include "host/store/failures.h"
+#include "host/store/writes.h"
+#include "platform/data/variant.h"
 
 namespace quor {
 
@@ -26,7 +33,7 @@ class Bindings {
   std::deque<Value> values_;
 };
 
-struct Database::Connection {
+struct Connection {
   enum class State { kOpen, kTransaction, kDoomed, kReading, kBroken };
 
   Connection(const soci::backend_factory& backend, const std::string& connect_text, std::string shown_name);

@@ -16,36 +16,18 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/store/store_error.h"
+#include "host/store/writes.h"
 #include "platform/data/column.h"
 #include "platform/data/recordset.h"
 
 namespace quor {
 
-// Why the store refused or failed; for programs. The text of the error is for people.
-enum class StoreFault {
-  kMissing,           // no such company file or server
-  kNotACompany,       // a file or database of something else
-  kAlreadyThere,      // a company stands where a new one was to be made
-  kNewerSchema,       // written by a newer program
-  kNotWritable,       // the file or its folder cannot be written
-  kLocked,            // another program holds it
-  kChangedElsewhere,  // the record was changed or deleted by someone else
-  kFailed,            // anything else that the database reported
-};
-
-class StoreError : public std::runtime_error {
- public:
-  StoreError(StoreFault fault, const std::string& text) : std::runtime_error(text), fault_(fault) {}
-  StoreFault fault() const { return fault_; }
-
- private:
-  StoreFault fault_;
-};
+struct Connection;
 
 class Database {
  public:
@@ -100,16 +82,11 @@ class Database {
  private:
   friend class Transaction;
   friend class Snapshot;
-  struct Connection;
   explicit Database(std::unique_ptr<Connection> connection);
   static std::unique_ptr<Database> create_file(const std::string& address, const Fill& fill);
 
   std::unique_ptr<Connection> connection_;
 };
-
-// What a transaction writes: something that a month's pay follows from (people, time, tariffs, dated rules), or only
-// what followed from it or does not bear on it (documents, closed months, users, desk tops).
-enum class Writes { kPayInputs, kOther };
 
 // A transaction as a scope: rolls back unless committed; raises the change count on commit. One at a time.
 class Transaction {

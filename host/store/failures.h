@@ -6,7 +6,7 @@
 #include <soci/soci.h>
 #include <string>
 
-#include "host/store/database.h"
+#include "host/store/store_error.h"
 
 namespace quor {
 

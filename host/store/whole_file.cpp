@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "host/store/addresses.h"
-#include "host/store/database.h"
+#include "host/store/store_error.h"
 
 namespace quor {
 namespace {
