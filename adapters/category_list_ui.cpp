@@ -106,7 +106,7 @@ template <typename Preview>
 quor::ClickResult UI0402200::preview() {
   const auto engine = application().GetQuorObjectUIO(kEngineType);
   if (!engine) {
-    throw quor::Error(quor::ErrorKind::kObjectMissing, std::string("Nėra tipo „") + kEngineType + "“ objekto.");
+    throw quor::Error(quor::ErrorKind::kNotFound, std::string("Nėra tipo „") + kEngineType + "“ objekto.");
   }
   engine->OType(kPreviewRecord);
   const auto form = std::make_shared<Preview>(application());

@@ -12,7 +12,7 @@ class UI0402200 : public ObjectUI {
 
   std::vector<quor::MenuEntry> GetMenu(const std::string& context, const std::string& object_type,
                                        const std::string& user) override;
-  // An unknown entry does nothing, and so does opening a category that is gone. Throws ObjectMissing when the host has
+  // An unknown entry does nothing, and so does opening a category that is gone. Throws NotFound when the host has
   // no salary extension for a preview.
   quor::ClickResult ClickMenu(const std::string& object, const std::string& entry, const std::string& context,
                               const std::string& user) override;

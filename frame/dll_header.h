@@ -9,7 +9,7 @@
 
 namespace velmora {
 
-// Finds an icon among the library's resources by name, in any letter case; throws ObjectMissing.
+// Finds an icon among the library's resources by name, in any letter case; throws NotFound.
 using IconLookup = quor::Picture (*)(std::string_view name);
 
 class DLLHeader : public quor::QuorHeader {

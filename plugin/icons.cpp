@@ -26,7 +26,7 @@ quor::Picture find_icon(std::string_view name) {
   for (const quor::EmbeddedFile& file : icon_files()) {
     if (same_name(file.name, name)) return {std::string(file.name), file.bytes};
   }
-  throw quor::Error(quor::ErrorKind::kObjectMissing, "Nėra piktogramos „" + std::string(name) + "“.");
+  throw quor::Error(quor::ErrorKind::kNotFound, "Nėra piktogramos „" + std::string(name) + "“.");
 }
 
 }  // namespace velmora

@@ -7,7 +7,7 @@
 
 namespace velmora {
 
-// The icon of that name, in any letter case; throws ObjectMissing naming it.
+// The icon of that name, in any letter case; throws NotFound naming it.
 quor::Picture find_icon(std::string_view name);
 
 }  // namespace velmora

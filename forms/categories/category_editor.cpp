@@ -66,7 +66,7 @@ void frmOfficeEmployeeCategories::start_new_category() {
   const quor::SaveStatus status = QuorObjectUIO->Read();
   if (status.Failed) {
     QuorObjectUIO->OIDR(previous);
-    throw quor::Error(quor::ErrorKind::kObjectMissing, status.ErrorText);
+    throw quor::Error(quor::ErrorKind::kRefused, status.ErrorText);
   }
   fill();
   if (!previous.empty()) application_.open_objects().left(previous, *this);

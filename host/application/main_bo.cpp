@@ -101,7 +101,7 @@ std::shared_ptr<Recordset> MainBO::GetQuorObjectList(const std::string& paramete
       show(text);
       return nullptr;
     }
-    if (!order.empty()) throw Error(ErrorKind::kTypeMismatch, "Sąrašo rikiuoti pagal „" + order + "“ negalima.");
+    if (!order.empty()) throw Error(ErrorKind::kRefused, "Sąrašo rikiuoti pagal „" + order + "“ negalima.");
     const auto list = object_list(company_, parameter, application_.Today());
     if (!filter.empty()) list->Filter(filter);
     return list;

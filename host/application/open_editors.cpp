@@ -24,7 +24,7 @@ std::vector<OpenObjects::Entry>::iterator OpenObjects::entry_of(const Form& edit
 
 void OpenObjects::enter(const std::string& object, Form& editor) {
   if (const Form* const other = find(object); other != nullptr && other != &editor) {
-    throw Error(ErrorKind::kAlreadyOpen, "Objektas „" + object + "“ jau atvertas kitame lange.");
+    throw Error(ErrorKind::kRefused, "Objektas „" + object + "“ jau atvertas kitame lange.");
   }
   leave(editor);
   entries_.push_back({object, &editor});

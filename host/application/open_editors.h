@@ -19,7 +19,7 @@ namespace quor {
 class OpenObjects : public OpenObjectRegistry {
  public:
   // The editor shows that object from now on; of a new one the type code, or "". It is the one that the user acts in.
-  // Throws Error (AlreadyOpen) when another editor has the object.
+  // Throws Error (Refused) when another editor has the object.
   void enter(const std::string& object, Form& editor);
   // The user turns to that editor; nothing for an unknown one.
   void activate(Form& editor);

@@ -50,7 +50,7 @@ std::shared_ptr<Layout> Registry::AddLayout(const std::string& layout_code, cons
                                             const std::string& caption, const std::string& key) {
   const auto same_key = [&](const auto& layout) { return layout->key == key; };
   if (std::any_of(registrations_.layouts.begin(), registrations_.layouts.end(), same_key)) {
-    throw Error(ErrorKind::kAlreadyOpen, "Skyrius „" + key + "“ jau užregistruotas.");
+    throw Error(ErrorKind::kAlreadyThere, "Skyrius „" + key + "“ jau užregistruotas.");
   }
   registrations_.layouts.push_back(
       std::make_shared<RegisteredLayout>(RegisteredLayout{layout_code, caption, key, {}, number_}));
@@ -63,7 +63,7 @@ void Registry::RegisterObjectType(const std::string& library, const std::string&
     throw Error(ErrorKind::kTypeMismatch, "„" + object_type + "“ nėra objekto tipo kodas.");
   }
   if (!registrations_.types.emplace(object_type, RegisteredType{library, caption, number_}).second) {
-    throw Error(ErrorKind::kAlreadyOpen, "Objekto tipas „" + object_type + "“ jau užregistruotas.");
+    throw Error(ErrorKind::kAlreadyThere, "Objekto tipas „" + object_type + "“ jau užregistruotas.");
   }
 }
 

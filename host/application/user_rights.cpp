@@ -22,7 +22,7 @@ void require_each_once(const std::vector<CompanyUser>& users) {
   std::set<std::string> names;
   for (const CompanyUser& user : users) {
     if (!names.insert(user.name).second) {
-      throw Error(ErrorKind::kAlreadyOpen, "Naudotojas „" + user.name + "“ įrašytas du kartus.");
+      throw Error(ErrorKind::kAlreadyThere, "Naudotojas „" + user.name + "“ įrašytas du kartus.");
     }
   }
 }

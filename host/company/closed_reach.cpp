@@ -107,7 +107,7 @@ std::string reach_text(const std::vector<Date>& months) {
 }
 
 ReachesClosedMonths::ReachesClosedMonths(std::vector<Date> months)
-    : StoreError(StoreFault::kFailed, "Pakeitimas " + reach_text(months) + "."), months_(std::move(months)) {}
+    : StoreError(StoreFault::kRefused, "Pakeitimas " + reach_text(months) + "."), months_(std::move(months)) {}
 
 bool ClosedReach::watches(std::string_view table) { return find(table) != nullptr; }
 

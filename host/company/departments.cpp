@@ -13,7 +13,7 @@ void require_department(Company& company, std::int32_t department) {
   const auto found =
       company.database().read("SELECT id FROM departments WHERE id = :p0", {{"ID", FieldType::kInt32}}, {department});
   if (found->RecordCount() == 0) {
-    throw Error(ErrorKind::kObjectMissing, "Nėra padalinio, kurio ID yra " + std::to_string(department) + ".");
+    throw Error(ErrorKind::kNotFound, "Nėra padalinio, kurio ID yra " + std::to_string(department) + ".");
   }
 }
 

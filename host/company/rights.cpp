@@ -142,10 +142,10 @@ bool has_right(Company& company, const std::string& user, UserRight right, const
 
 void require_administrator_among_users(Database& database) {
   if (is_there(database, "users WHERE name = ''")) {
-    throw Error(ErrorKind::kInvalidNull, "Naudotojas neturi vardo.");
+    throw Error(ErrorKind::kRefused, "Naudotojas neturi vardo.");
   }
   if (is_there(database, "users") && !is_there(database, "users WHERE administrator <> 0")) {
-    throw Error(ErrorKind::kObjectMissing, "Bent vienas naudotojas turi būti administratorius.");
+    throw Error(ErrorKind::kRefused, "Bent vienas naudotojas turi būti administratorius.");
   }
 }
 

@@ -16,16 +16,16 @@ bool RightsGuard::may_view(const std::string& object_type) {
 
 void RightsGuard::require_right(UserRight right, const std::string& object_type, const std::string& what) {
   if (allows(right, object_type)) return;
-  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, user_, what));
+  throw Error(ErrorKind::kRefused, refusal_text(company_, user_, what));
 }
 
 void RightsGuard::require_view(const std::string& object_type) {
-  if (const std::string text = view_refusal(object_type); !text.empty()) throw Error(ErrorKind::kObjectMissing, text);
+  if (const std::string text = view_refusal(object_type); !text.empty()) throw Error(ErrorKind::kRefused, text);
 }
 
 void RightsGuard::require_view(const std::string& object_type, const std::string& what) {
   if (may_view(object_type)) return;
-  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, user_, what));
+  throw Error(ErrorKind::kRefused, refusal_text(company_, user_, what));
 }
 
 std::string RightsGuard::view_refusal(const std::string& object_type) {
@@ -35,7 +35,7 @@ std::string RightsGuard::view_refusal(const std::string& object_type) {
 
 void RightsGuard::require_administrator(const std::string& what) {
   if (may_administer(company_, user_)) return;
-  throw Error(ErrorKind::kObjectMissing, refusal_text(company_, user_, what + ": tai leidžiama tik administratoriui"));
+  throw Error(ErrorKind::kRefused, refusal_text(company_, user_, what + ": tai leidžiama tik administratoriui"));
 }
 
 }  // namespace quor

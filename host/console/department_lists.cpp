@@ -52,7 +52,7 @@ class Lists {
       return;
     }
     if (department.has_people || departments_[department.id].empty()) {
-      throw Error(ErrorKind::kOverflow,
+      throw Error(ErrorKind::kTooMany,
                   "Padalinio „" + department.name + "“ žmonės netelpa į vieną sąrašą, o į mažesnius jis nesiskaido.");
     }
     add_below(department.id);

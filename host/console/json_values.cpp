@@ -88,7 +88,7 @@ int depth_of(const std::string& text) {
 
 Json parse_json(const std::string& text, const std::string& what) {
   if (depth_of(text) > kDeepestJson) {
-    throw Error(ErrorKind::kOverflow, what + " įdėtas giliau kaip " + std::to_string(kDeepestJson) + " lygiai.");
+    throw Error(ErrorKind::kTooMany, what + " įdėtas giliau kaip " + std::to_string(kDeepestJson) + " lygiai.");
   }
   return Json::parse(text, nullptr, /*allow_exceptions=*/false);
 }

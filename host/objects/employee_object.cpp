@@ -34,7 +34,7 @@ bool EmployeeObject::edit_charge(std::int32_t employee, const std::string& guid)
     charge.Fields()["GUID"].Value(charge.GetGUID());
     charge.Fields()["PersonalID"].Value(employee);
   }
-  if (!edit_charge_) throw StoreError(StoreFault::kFailed, "Priedo redagavimo lango čia nėra.");
+  if (!edit_charge_) throw StoreError(StoreFault::kRefused, "Priedo redagavimo lango čia nėra.");
   return edit_charge_(application(), charge);
 }
 

@@ -34,7 +34,7 @@ const std::vector<Use>& uses() {
   return all;
 }
 
-[[noreturn]] void refuse(const std::string& text) { throw StoreError(StoreFault::kFailed, text); }
+[[noreturn]] void refuse(const std::string& text) { throw StoreError(StoreFault::kRefused, text); }
 
 // What the record is called: its name, or its key. Throws when it is gone.
 std::string name_of(Database& database, const RecordType& type, std::int32_t id, const std::string& key) {

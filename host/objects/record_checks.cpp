@@ -10,7 +10,7 @@ namespace quor {
 
 namespace {
 
-[[noreturn]] void refuse(const std::string& text) { throw StoreError(StoreFault::kFailed, text); }
+[[noreturn]] void refuse(const std::string& text) { throw StoreError(StoreFault::kRefused, text); }
 
 // The field in the words of people.
 std::string words(const char* table, const RecordField& field) {

@@ -211,7 +211,7 @@ void StandardObjectUIO::check_tariffs(std::int32_t id) const {
   });
   if (!touched) return;
   for (const TariffGap& gap : tariff_gaps(company_.database())) {
-    if (gap.settings == id) throw StoreError(StoreFault::kFailed, "Nustatymų " + gap.text + ".");
+    if (gap.settings == id) throw StoreError(StoreFault::kRefused, "Nustatymų " + gap.text + ".");
   }
 }
 

@@ -17,17 +17,16 @@ constexpr int kAttempts = 3;
 
 void require_reason(const std::string& reason) {
   const auto control = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
-  if (reason.find_first_not_of(' ') == std::string::npos)
-    throw Error(ErrorKind::kInvalidNull, "Nenurodyta priežastis.");
+  if (reason.find_first_not_of(' ') == std::string::npos) throw Error(ErrorKind::kRefused, "Nenurodyta priežastis.");
   if (std::any_of(reason.begin(), reason.end(), control) || character_count(reason) > kLongestText) {
-    throw Error(ErrorKind::kTypeMismatch,
+    throw Error(ErrorKind::kRefused,
                 "Priežastis turi būti viena eilutė, ne ilgesnė kaip " + std::to_string(kLongestText) + " ženklų.");
   }
 }
 
 void require_not_closed(Database& database, const Month& month) {
   if (is_closed(database, month)) {
-    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " jau uždarytas.");
+    throw Error(ErrorKind::kRefused, "Mėnuo " + month.text() + " jau uždarytas.");
   }
 }
 
@@ -100,7 +99,7 @@ bool is_closed(Database& database, const Month& month) {
 
 void require_open(Database& database, const Month& month) {
   if (is_closed(database, month)) {
-    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " uždarytas: jo perskaičiuoti negalima.");
+    throw Error(ErrorKind::kRefused, "Mėnuo " + month.text() + " uždarytas: jo perskaičiuoti negalima.");
   }
 }
 
@@ -135,7 +134,7 @@ void reopen_month(Application& application, const Month& month, const std::strin
   Database& database = application.company().database();
   Transaction transaction(database, Writes::kOther);
   if (database.execute("DELETE FROM closed_months WHERE month = :p0", {month.first_day()}) == 0) {
-    throw Error(ErrorKind::kAlreadyOpen, "Mėnuo " + month.text() + " nėra uždarytas.");
+    throw Error(ErrorKind::kRefused, "Mėnuo " + month.text() + " nėra uždarytas.");
   }
   note(database, month, false, application.user(), change_time(), reason);
   transaction.commit();

@@ -57,7 +57,7 @@ void read_ahead(Company& company, const Month& month, const MonthInputs& inputs)
 }
 
 void require(const std::string& fault) {
-  if (!fault.empty()) throw Error(ErrorKind::kOverflow, fault);
+  if (!fault.empty()) throw Error(ErrorKind::kOutOfRange, fault);
 }
 
 // A reason stands in a list, a line each.
@@ -103,14 +103,14 @@ CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
 MethodResult DocumentCalculation::run(const char* method, const Parameters& parameters) {
   const HeldNotices notices(application_);
   MethodResult result = engine_->Methods(method, parameters);
-  if (!notices.boxes().empty()) throw Error(ErrorKind::kObjectMissing, one_line(notices.boxes().front().text));
+  if (!notices.boxes().empty()) throw Error(ErrorKind::kRefused, one_line(notices.boxes().front().text));
   return result;
 }
 
 // The one row that a method of the engine answers with.
 std::shared_ptr<Recordset> DocumentCalculation::ask(const char* method, const Parameters& parameters) {
   const MethodResult result = run(method, parameters);
-  if (result.Code != 0) throw Error(ErrorKind::kObjectMissing, one_line(result.Message));
+  if (result.Code != 0) throw Error(ErrorKind::kRefused, one_line(result.Message));
   return result.Value.record_set();
 }
 
@@ -127,9 +127,9 @@ void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMo
                     .factor = null_to_double(parts->field("TariffFactorValue")),
                     .tariff = null_to_double(parts->field("ConstantValue")),
                     .share = position.share};
-    if (pay.tariff == 0) throw Error(ErrorKind::kObjectMissing, "nėra bazinės algos datai " + date_text(date));
+    if (pay.tariff == 0) throw Error(ErrorKind::kNotFound, "nėra bazinės algos datai " + date_text(date));
     if (null_to_int32(parts->field("TariffFactorID")) == 0) {
-      throw Error(ErrorKind::kObjectMissing, "nėra pareigybės kategorijos koeficiento datai " + date_text(date));
+      throw Error(ErrorKind::kNotFound, "nėra pareigybės kategorijos koeficiento datai " + date_text(date));
     }
     require(value_fault("bazinė alga", pay.tariff, kTariff));
     require(value_fault("kategorijos „" + pay.category + "“ koeficientas", pay.factor, kFactor));
@@ -158,7 +158,7 @@ bool DocumentCalculation::has_worked_the_norm(const PersonInput& person) const {
     if (worked.time_code == rules_.basic_time_code) return false;
     other = other || !rules_.surcharge_codes.contains(worked.time_code);
   }
-  if (other) throw Error(ErrorKind::kObjectMissing, "yra kitų laiko kodų, bet nėra FD");
+  if (other) throw Error(ErrorKind::kNotFound, "yra kitų laiko kodų, bet nėra FD");
   return true;
 }
 
@@ -218,7 +218,7 @@ void DocumentCalculation::add_other_time(const PersonInput& person, CalculatedMo
     if (!rules_.surcharge_codes.contains(code)) continue;
     const Date date = rules_.month.last_day();
     const double tariff = null_to_double(ask("GetSalaryConstant", {std::int16_t{1}, date})->field("ConstantValue"));
-    if (tariff == 0) throw Error(ErrorKind::kObjectMissing, "nėra bazinio valandinio atlygio datai " + date_text(date));
+    if (tariff == 0) throw Error(ErrorKind::kNotFound, "nėra bazinio valandinio atlygio datai " + date_text(date));
     require(value_fault("bazinis valandinis atlygis", tariff, kTariff));
     document.salary_rows.push_back({.guid = row_guid(document, "s" + place),
                                     .time_row_guid = document.time_rows.back().guid,

@@ -165,7 +165,7 @@ std::shared_ptr<Recordset> object_list(Company& company, const std::string& para
   const ListParameter asked = parse(parameter);
   const ListedType* const type = find(asked.object_type);
   if (type == nullptr) {
-    throw Error(ErrorKind::kObjectMissing, "Tipo „" + asked.object_type + "“ objektų sąrašo nėra.");
+    throw Error(ErrorKind::kNotFound, "Tipo „" + asked.object_type + "“ objektų sąrašo nėra.");
   }
   const std::string name = "List " + asked.object_type + " " + asked.parent + " " + date_text(today);
   return company

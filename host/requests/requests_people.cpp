@@ -116,7 +116,7 @@ Answer personal_extra_charges(Company& company, ParameterText& parameter) {
   if (charges->RecordCount() > 0) return charges;
   const auto known = database.read("SELECT id FROM employees WHERE id = :p0", {{"ID", FieldType::kInt32}}, {*employee});
   if (known->RecordCount() > 0) return charges;
-  throw Error(ErrorKind::kObjectMissing, "Nėra darbuotojo, kurio raktas yra „" + key + "“.");
+  throw Error(ErrorKind::kNotFound, "Nėra darbuotojo, kurio raktas yra „" + key + "“.");
 }
 
 Answer salary_extra_row(Company& company, ParameterText& parameter) {

@@ -178,10 +178,10 @@ std::optional<std::int64_t> Connection::whole_number(const std::string& sql, con
 
 void Connection::require_no_transaction() const {
   if (state == State::kTransaction || state == State::kDoomed) {
-    throw StoreError(StoreFault::kFailed, "ankstesnis įrašymas dar nebaigtas: „" + name + "“");
+    throw StoreError(StoreFault::kOutOfTurn, "ankstesnis įrašymas dar nebaigtas: „" + name + "“");
   }
   if (state == State::kReading) {
-    throw StoreError(StoreFault::kFailed, "duomenys dar skaitomi, rašyti negalima: „" + name + "“");
+    throw StoreError(StoreFault::kOutOfTurn, "duomenys dar skaitomi, rašyti negalima: „" + name + "“");
   }
 }
 

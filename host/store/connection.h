@@ -92,7 +92,7 @@ struct Connection {
   std::string server_text_;                                        // how the server is reached, with its password
   bool has_company_ = false;                                       // as far as this connection has seen
 
-  StoreError lost() const { return {StoreFault::kFailed, "ryšys su įmonės duomenimis nutrūko: „" + name + "“"}; }
+  StoreError lost() const { return {StoreFault::kLost, "ryšys su įmonės duomenimis nutrūko: „" + name + "“"}; }
 };
 
 }  // namespace quor

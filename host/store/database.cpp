@@ -36,8 +36,8 @@ std::int32_t Database::reserve_ids(std::string_view table, std::int32_t count) {
       "RETURNING next_id",
       {table, count, kLast + 1 - count});
   if (next) return static_cast<std::int32_t>(*next - count);
-  throw StoreError(StoreFault::kFailed, "naujiems įrašams nebėra laisvų numerių (didžiausias ID – " +
-                                            std::to_string(kLast) + "): „" + name() + "“");
+  throw StoreError(StoreFault::kNoFreeIds, "naujiems įrašams nebėra laisvų numerių (didžiausias ID – " +
+                                               std::to_string(kLast) + "): „" + name() + "“");
 }
 
 bool Database::reconnect() { return connection_->reconnect(); }
@@ -63,7 +63,7 @@ Transaction::~Transaction() {
 
 void Transaction::commit() {
   if (state_ != State::kOpen) {
-    throw StoreError(StoreFault::kFailed, "įrašymas jau baigtas: „" + database_.name() + "“");
+    throw StoreError(StoreFault::kOutOfTurn, "įrašymas jau baigtas: „" + database_.name() + "“");
   }
   try {
     database_.connection_->commit(writes_);

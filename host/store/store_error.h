@@ -15,7 +15,11 @@ enum class StoreFault {
   kNotWritable,       // the file or its folder cannot be written
   kLocked,            // another program holds it
   kChangedElsewhere,  // the record was changed or deleted by someone else
-  kFailed,            // anything else that the database reported
+  kLost,              // the connection is gone; the next try may find it again
+  kRefused,           // what a record may not say, or may not be: a value, a reference, a deletion, a closed month
+  kNoFreeIds,         // every ID of a table is used up
+  kOutOfTurn,         // a transaction inside another, or ended twice
+  kFailed,            // anything else that the database or the system reported
 };
 
 class StoreError : public std::runtime_error {

@@ -1,4 +1,5 @@
-// The one exception of the platform: a promise was broken (a wrong type, no current row, a filter that does not parse).
+// The one exception of the platform: a promise was broken (a wrong type, no current row, a filter that does not parse),
+// or what was asked for is refused.
 //
 // Refusals and failures that a person can meet travel as MethodResult or SaveStatus; `Error` reaches the host's edge,
 // which shows its text and goes on with nothing half written.
@@ -9,6 +10,7 @@
 
 namespace quor {
 
+// What the caller does next; why, the text says.
 enum class ErrorKind {
   kInvalidNull,      // a null where a value is needed
   kOverflow,         // a number, date or text that does not fit its type
@@ -21,6 +23,11 @@ enum class ErrorKind {
   kAlreadyOpen,      // the record set is open: its fields are fixed
   kIndexOutOfRange,  // an array element or a parameter that is not there
   kObjectMissing,    // a null reference where an object is needed
+  kRefused,          // not allowed, or not now: by a rule, by a right, by whoever was asked
+  kNotFound,         // what was named (a person, a type, a tariff of a date) is not there
+  kAlreadyThere,     // a second one of a name that may stand once
+  kOutOfRange,       // a value outside the range of what it tells
+  kTooMany,          // more rows, levels or people than can be held
 };
 
 class Error : public std::runtime_error {

@@ -37,7 +37,7 @@ void RecordStore::open_with(std::vector<ColumnData> columns) {
     if (column.size() != rows || !values_fit_type(column)) {
       throw Error(ErrorKind::kTypeMismatch, "Lauko „" + column.info.name + "“ reikšmės netinka įrašų rinkiniui.");
     }
-    if (rows > kMaxRows) throw Error(ErrorKind::kOverflow, "Per daug įrašų: " + std::to_string(rows) + ".");
+    if (rows > kMaxRows) throw Error(ErrorKind::kTooMany, "Per daug įrašų: " + std::to_string(rows) + ".");
   }
   open();
   columns_ = std::move(columns);
@@ -84,7 +84,7 @@ void RecordStore::leave_alive(RowNumber row, RowState state) {
 
 RowNumber RecordStore::append(const EditedRow& edited) {
   const RowNumber row = row_count();
-  if (row == kMaxRows) throw Error(ErrorKind::kOverflow, "Per daug įrašų.");
+  if (row == kMaxRows) throw Error(ErrorKind::kTooMany, "Per daug įrašų.");
   for (std::size_t field = 0; field < columns_.size(); ++field) columns_[field].append_cell(edited.columns[field], 0);
   states_.push_back(RowState::kAdded);
   touched_.push_back(row);

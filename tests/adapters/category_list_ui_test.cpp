@@ -68,7 +68,7 @@ TEST_F(CategoryListTest, TheMenuDependsOnThePlace) {
 TEST_F(CategoryListTest, AClickCarriesAFormWithItsDataObject) {
   EXPECT_EQ(opened<frmOfficeEmployeeCategories>(click("0", category_)), "O0402200 " + category_ + " A lygis");
   EXPECT_EQ(opened<frmOfficeEmployeeCategories>(click("1", category_)), "CategoryType  ") << "a new one";
-  EXPECT_EQ(quor::outcome([&] { return opened<frmOfficeEmployeePreview>(click("2")); }), "ObjectMissing");
+  EXPECT_EQ(quor::outcome([&] { return opened<frmOfficeEmployeePreview>(click("2")); }), "NotFound");
   application_.load_plugin(VELMORA_PLUGIN);
   EXPECT_EQ(opened<frmOfficeEmployeePreview>(click("2")), "OfficeEmployeePreview O0402000 ");
   EXPECT_EQ(opened<frmOfficeEmployeeExtraChargePreview>(click("3")), "OfficeEmployeePreview O0402000 ");

@@ -15,9 +15,10 @@
 namespace quor {
 
 inline std::string kind_text(ErrorKind kind) {
-  constexpr std::array<const char*, 11> kNames = {"InvalidNull", "Overflow",        "TypeMismatch", "NoCurrentRow",
-                                                  "RowDeleted",  "NoSuchField",     "BadFilter",    "NotOpen",
-                                                  "AlreadyOpen", "IndexOutOfRange", "ObjectMissing"};
+  constexpr std::array<const char*, 16> kNames = {"InvalidNull", "Overflow",        "TypeMismatch",  "NoCurrentRow",
+                                                  "RowDeleted",  "NoSuchField",     "BadFilter",     "NotOpen",
+                                                  "AlreadyOpen", "IndexOutOfRange", "ObjectMissing", "Refused",
+                                                  "NotFound",    "AlreadyThere",    "OutOfRange",    "TooMany"};
   return kNames.at(static_cast<std::size_t>(kind));
 }
 

@@ -206,7 +206,7 @@ void MainWindow::click(const MenuPlace& place, const std::string& entry) {
   if (entry == kOpenEntry && tabs_->bring_forward(place.object)) return;
   if (tabs_->bring_forward_opened_by(opened_by)) return;
   const auto ui = application_.GetQuorObjectUI(place.object_type);
-  if (!ui) throw Error(ErrorKind::kObjectMissing, "Tipo „" + place.object_type + "“ niekas neregistravo.");
+  if (!ui) throw Error(ErrorKind::kNotFound, "Tipo „" + place.object_type + "“ niekas neregistravo.");
   const ClickResult result = ui->ClickMenu(place.object, entry, place.context, application_.user());
   switch (result.Action) {
     case ClickAction::kShowForm:

@@ -143,7 +143,7 @@ class Office {
 };
 
 void fail_by(const std::string& text) {
-  if (!text.empty()) throw Error(ErrorKind::kObjectMissing, text);
+  if (!text.empty()) throw Error(ErrorKind::kRefused, text);
 }
 
 Office::Service get(const char* name, const char* parameter) {

@@ -116,10 +116,10 @@ TEST(DepartmentLists, DivideWhatDoesNotFit) {
   };
   EXPECT_EQ(lists({}), "1 ");
   EXPECT_EQ(lists({1, 2}), "3 ");
-  EXPECT_EQ(lists({1, 2, 3}), "Overflow") << "there is nothing below it";
+  EXPECT_EQ(lists({1, 2, 3}), "TooMany") << "there is nothing below it";
   company.given_employee("Jonas", below);
   EXPECT_EQ(lists({1}), "2 ");
-  EXPECT_EQ(lists({1, 2}), "Overflow") << "its own people would be left out";
+  EXPECT_EQ(lists({1, 2}), "TooMany") << "its own people would be left out";
 }
 
 }  // namespace

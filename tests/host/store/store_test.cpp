@@ -264,7 +264,7 @@ TEST_P(Store, IsBrokenWhenTheRollBackFailsUntilItIsOpenedAgain) {
     database_->set_fault([](std::uint64_t) { throw StoreError(StoreFault::kFailed, "nutrūko"); });
   }
   database_->set_fault(nullptr);
-  EXPECT_EQ(refusal_of([&] { add_department(2); }).fault, StoreFault::kFailed);
+  EXPECT_EQ(refusal_of([&] { add_department(2); }).fault, StoreFault::kLost);
   EXPECT_TRUE(database_->reconnect());
   EXPECT_FALSE(database_->reconnect()) << "it stands";
   EXPECT_EQ(departments(), 0);
