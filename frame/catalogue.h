@@ -26,8 +26,6 @@ using quor::null_to_text;
 // Sets the filter and tells whether a row passes; none: the filter is removed. Missing and empty sets stay untouched.
 using quor::filter_test;
 
-using quor::first_of_month;
-
 // Text between single quotes as request parameters and filters carry it; a quote inside is doubled. A date goes in its
 // short date form.
 std::string quoted(std::string_view text);

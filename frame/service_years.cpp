@@ -8,7 +8,7 @@
 namespace velmora {
 
 std::int16_t service_years(const RecordedService& service, quor::Date date) {
-  const double passed = quor::months_between(quor::first_of_month(service.reached_on), quor::first_of_month(date));
+  const double passed = quor::months_between(service.reached_on, date);
   const double years = service.years + quor::int_part((service.months + passed) / 12);
   using Years = std::numeric_limits<std::int16_t>;
   if (years < Years::min() || years > Years::max()) {

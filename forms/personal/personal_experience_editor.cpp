@@ -135,8 +135,7 @@ void frmOfficeEmployeePersonalExperience::put_into_record(std::int16_t years, st
 
 void frmOfficeEmployeePersonalExperience::show_second_service() {
   const int recorded = whole_number(txtYears.text()) * 12 + whole_number(txtMonthes.text());
-  const int passed =
-      quor::months_between(quor::first_of_month(dtpDate.value()), quor::first_of_month(dtpDate2.value()));
+  const int passed = quor::months_between(dtpDate.value(), dtpDate2.value());
   const int total = quor::Variant(std::int32_t{recorded + passed}).to_int16();
   const int years = static_cast<int>(std::floor(total / 12.0));
   txtYears2.set_text(std::to_string(years));

@@ -35,8 +35,6 @@ std::vector<quor::ListColumn> list_columns(std::span<const PreviewColumn> column
 
 bool carries_object(const std::string& key) { return key.size() > quor::kTypeCodeLength; }
 
-std::string month_text(quor::Date date) { return quor::date_text(date).substr(0, 7); }
-
 }  // namespace
 
 // The buttons are off and the pointer is an hourglass while it lives.
@@ -75,7 +73,7 @@ PreviewForm::PreviewForm(quor::QuorApplication& application, const char* caption
 }
 
 void PreviewForm::opening() {
-  dtpDate.set_value(catalogue::first_of_month(application_.Today()));
+  dtpDate.set_value(quor::Month::of(application_.Today()).first_day());
   clear_department();
   lvwRows.clear();
   listed_ = chosen();
@@ -97,7 +95,7 @@ void PreviewForm::select_department() {
 void PreviewForm::clear_department() { catalogue::clear(txtDepartment); }
 
 PreviewForm::Listed PreviewForm::chosen() const {
-  return {.last_day = quor::last_of_month(dtpDate.value()),
+  return {.month = quor::Month::of(dtpDate.value()),
           .department = catalogue::chosen_id(txtDepartment.tag()),
           .department_name = txtDepartment.text()};
 }
@@ -145,7 +143,7 @@ void PreviewForm::place_on_desk_top() {
 void PreviewForm::print() {
   const auto company = application_.CompanyRecord();
   const auto report = application_.NewListReport(catalogue::null_to_text(company->field("Name")), kEngineType);
-  for (const std::string& line : {caption(), month_text(last_day()), listed_.department_name}) report->AddHeading(line);
+  for (const std::string& line : {caption(), month().text(), listed_.department_name}) report->AddHeading(line);
   report->SetMargins(kFirstMargin, kSecondMargin);
   for (std::size_t column = 0; column < columns_.size(); ++column) {
     report->AddColumn(columns_[column].key, lvwRows.columns()[column].caption, columns_[column].width,

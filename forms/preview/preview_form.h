@@ -15,7 +15,7 @@
 
 #include "frame/command_gate.h"
 #include "frame/contract/quor_application.h"
-#include "platform/data/date.h"
+#include "platform/data/month.h"
 #include "platform/data/recordset.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/date_picker.h"
@@ -72,8 +72,9 @@ class PreviewForm : public quor::Form {
   const std::shared_ptr<quor::Recordset>& preview_rows() const { return preview_rows_; }
   const std::shared_ptr<quor::Recordset>& settings() const { return settings_; }
 
-  // What the list was filled for, whatever the user has chosen since: the month's last day, the department (0 for all).
-  quor::Date last_day() const { return listed_.last_day; }
+  // What the list was filled for, whatever the user has chosen since: the month, the department (0 for all).
+  const quor::Month& month() const { return listed_.month; }
+  quor::Date last_day() const { return listed_.month.last_day(); }
   std::int32_t department() const { return listed_.department; }
 
   // Adds a row of a person, every cell a blank; answers its number.
@@ -89,7 +90,7 @@ class PreviewForm : public quor::Form {
  private:
   class Busy;
   struct Listed {
-    quor::Date last_day;
+    quor::Month month;
     std::int32_t department = 0;
     std::string department_name;
   };
@@ -103,7 +104,7 @@ class PreviewForm : public quor::Form {
 
   quor::QuorApplication& application_;
   const std::span<const PreviewColumn> columns_;
-  Listed listed_;
+  Listed listed_ = {quor::Month::of(quor::Date()), 0, {}};
   CommandGate commands_;
   std::shared_ptr<quor::Recordset> preview_rows_;
   std::shared_ptr<quor::Recordset> settings_;

@@ -102,7 +102,7 @@ void frmOfficeEmployeePreview::show_limits(const ChargeLimits& limits) {
   const auto show = [this](const char* header, std::string caption) {
     lvwRows.set_caption(lvwRows.header(header), std::move(caption));
   };
-  show("Salary", quor::date_text(last_day()).substr(0, 7) + " darbo užmokestis");
+  show("Salary", month().text() + " darbo užmokestis");
   show("ExtraChargePercentage", limits.supplement > 0 ? limit_caption(limits.supplement) : "%");
   show("SurChargePercentage", limit_caption(limits.surcharge));
   show("TotalChargePercentage", limit_caption(limits.total));

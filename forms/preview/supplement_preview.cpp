@@ -84,7 +84,7 @@ void frmOfficeEmployeeExtraChargePreview::edit_experience(const std::string& emp
   frmOfficeEmployeePersonalExperience editor(application());
   editor.rsExperience = experience_;
   editor.UserOIDR = employee;
-  editor.DatePreview = catalogue::first_of_month(last_day());
+  editor.DatePreview = month().first_day();
   application().show_modal(editor);
   if (!editor.mCancel) fill_again();
 }
@@ -183,7 +183,7 @@ void frmOfficeEmployeeExtraChargePreview::gather_charges(ByPerson<ExtraCharge>& 
                           sum = records->handle("SumA"), percentage = records->handle("Percentage");
   for_each_record(extra_charges_.get(), [&] {
     if (records->is_null(from) || records->is_null(to)) return;
-    if (date_of(*records, from) > last_day() || date_of(*records, to) < catalogue::first_of_month(last_day())) return;
+    if (date_of(*records, from) > month().last_day() || date_of(*records, to) < month().first_day()) return;
     charges.add(records->int32(user),
                 {records->text(tied) == kEngineType, records->number(sum), records->number(percentage)});
   });

@@ -58,7 +58,7 @@ struct StoredSet {
   std::string_view name;
   const char* object_type;
   const char* plural;  // what the rows are called, in the genitive
-  void (*store)(Company& company, const std::string& user, const Recordset& rows, const std::vector<Date>& agreed);
+  void (*store)(Company& company, const std::string& user, const Recordset& rows, const std::vector<Month>& agreed);
 };
 
 constexpr StoredSet kStoredSets[] = {
@@ -132,7 +132,7 @@ SaveStatus MainBO::SaveRecordset(const std::string& name, Recordset& rows) {
     }
     // What is being typed is part of the save, wherever the cursor stands.
     if (!rows.Bof() && !rows.Eof()) rows.Update();
-    write_as_agreed(application_, [&](const std::vector<Date>& agreed) { set->store(company_, user_, rows, agreed); });
+    write_as_agreed(application_, [&](const std::vector<Month>& agreed) { set->store(company_, user_, rows, agreed); });
     rows.AcceptBatch();
     return {};
   } catch (const StoreError& error) {

@@ -1,5 +1,7 @@
 #include "host/company/closed_month_basis.h"
 
+#include "platform/data/month.h"
+
 namespace quor {
 
 std::string settings_of_closed_month(Company& company, Date date) {
@@ -11,7 +13,7 @@ std::string settings_of_closed_month(Company& company, Date date) {
                                       {{"Month", FieldType::kDate}, {"Settings", FieldType::kText}});
                                 })
                           ->Clone();
-  const Date month = first_of_month(date);
+  const Date month = Month::of(date).first_day();
   for (const FieldHandle first{0}, settings{1}; !months->Eof(); months->MoveNext()) {
     if (months->field(first).to_date() == month) return std::string(months->text(settings));
   }

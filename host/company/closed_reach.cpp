@@ -93,20 +93,20 @@ std::string exact_text(const Recordset& rows, std::size_t field) {
 
 }  // namespace
 
-std::string months_text(const std::vector<Date>& months) {
+std::string months_text(const std::vector<Month>& months) {
   constexpr std::size_t kNamed = 3;
   std::string text;
   for (std::size_t i = 0; i < std::min(kNamed, months.size()); ++i) {
-    text += (i == 0 ? "" : ", ") + date_text(months[i]).substr(0, 7);
+    text += (i == 0 ? "" : ", ") + months[i].text();
   }
   return months.size() > kNamed ? text + " ir dar " + std::to_string(months.size() - kNamed) : text;
 }
 
-std::string reach_text(const std::vector<Date>& months) {
+std::string reach_text(const std::vector<Month>& months) {
   return (months.size() == 1 ? "siekia uždarytą mėnesį " : "siekia uždarytus mėnesius ") + months_text(months);
 }
 
-ReachesClosedMonths::ReachesClosedMonths(std::vector<Date> months)
+ReachesClosedMonths::ReachesClosedMonths(std::vector<Month> months)
     : StoreError(StoreFault::kRefused, "Pakeitimas " + reach_text(months) + "."), months_(std::move(months)) {}
 
 bool ClosedReach::watches(std::string_view table) { return find(table) != nullptr; }
@@ -115,7 +115,7 @@ ClosedReach::ClosedReach(Database& database, std::string_view table, std::int32_
     : database_(database), dated_(find(table)), record_(record) {
   if (dated_ == nullptr) return;
   const auto months = database.read("SELECT month FROM closed_months ORDER BY month", {{"Month", kDate}});
-  for (; !months->Eof(); months->MoveNext()) closed_.push_back(months->field(FieldHandle{0}).to_date());
+  for (; !months->Eof(); months->MoveNext()) closed_.push_back(Month::of(months->field(FieldHandle{0}).to_date()));
   if (!closed_.empty()) before_ = read();
 }
 
@@ -151,11 +151,11 @@ std::map<std::int32_t, ClosedReach::Pieces> ClosedReach::read() {
 }
 
 // Cut to the month; neighbours that hold alike are one.
-ClosedReach::Pieces ClosedReach::within(const Pieces& pieces, Date month) {
+ClosedReach::Pieces ClosedReach::within(const Pieces& pieces, const Month& month) {
   Pieces cut;
   for (Piece piece : pieces) {
-    piece.from = std::max(piece.from, month);
-    piece.to = std::min(piece.to, last_of_month(month));
+    piece.from = std::max(piece.from, month.first_day());
+    piece.to = std::min(piece.to, month.last_day());
     if (piece.from > piece.to) continue;
     if (!cut.empty() && cut.back().value == piece.value && add_days(cut.back().to, 1) == piece.from) {
       cut.back().to = piece.to;
@@ -166,7 +166,7 @@ ClosedReach::Pieces ClosedReach::within(const Pieces& pieces, Date month) {
   return cut;
 }
 
-bool ClosedReach::has_document(std::int32_t employee, Date month) {
+bool ClosedReach::has_document(std::int32_t employee, const Month& month) {
   if (!people_) {
     std::string sql = "SELECT c.month, d.employee_id FROM closed_months c JOIN documents d ON d.month = c.month";
     std::vector<Variant> binds;
@@ -177,12 +177,12 @@ bool ClosedReach::has_document(std::int32_t employee, Date month) {
     const auto rows = database_.read(sql, {{"Month", kInt32}, {"Employee", kInt32}}, binds);
     for (people_.emplace(); !rows->Eof(); rows->MoveNext()) people_->emplace(rows->int32({0}), rows->int32({1}));
   }
-  return people_->contains({static_cast<std::int32_t>(month.serial()), employee});
+  return people_->contains({static_cast<std::int32_t>(month.first_day().serial()), employee});
 }
 
 void ClosedReach::compare(const Pieces& before, const Pieces& after,
-                          std::map<std::int32_t, std::vector<Date>>& reached) {
-  for (const Date month : closed_) {
+                          std::map<std::int32_t, std::vector<Month>>& reached) {
+  for (const Month& month : closed_) {
     const Pieces then = within(before, month), now = within(after, month);
     std::set<std::int32_t> ids;  // of what holds on one side alone
     const auto collect = [&](const Pieces& pieces, const Pieces& others) {
@@ -198,8 +198,8 @@ void ClosedReach::compare(const Pieces& before, const Pieces& after,
   }
 }
 
-std::map<std::int32_t, std::vector<Date>> ClosedReach::reached() {
-  std::map<std::int32_t, std::vector<Date>> reached;
+std::map<std::int32_t, std::vector<Month>> ClosedReach::reached() {
+  std::map<std::int32_t, std::vector<Month>> reached;
   if (closed_.empty()) return reached;
   const auto after = read();
   const Pieces none;
@@ -218,10 +218,10 @@ std::map<std::int32_t, std::vector<Date>> ClosedReach::reached() {
   return reached;
 }
 
-void ClosedReach::require(const std::vector<Date>& agreed) {
-  std::set<Date> months;
+void ClosedReach::require(const std::vector<Month>& agreed) {
+  std::set<Month> months;
   for (const auto& [id, of_row] : reached()) months.insert(of_row.begin(), of_row.end());
-  const bool known = std::all_of(months.begin(), months.end(), [&](Date month) {
+  const bool known = std::all_of(months.begin(), months.end(), [&](const Month& month) {
     return std::find(agreed.begin(), agreed.end(), month) != agreed.end();
   });
   if (!known) throw ReachesClosedMonths({months.begin(), months.end()});

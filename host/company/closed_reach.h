@@ -13,22 +13,23 @@
 
 #include "frame/contract/quor_application.h"
 #include "host/store/database.h"
+#include "platform/data/month.h"
 
 namespace quor {
 
 // "2008.01", "2008.01, 2008.02"; of many the first three and a count.
-std::string months_text(const std::vector<Date>& months);
+std::string months_text(const std::vector<Month>& months);
 // "siekia uždarytą mėnesį 2008.01".
-std::string reach_text(const std::vector<Date>& months);
+std::string reach_text(const std::vector<Month>& months);
 
 // The write reaches into closed months and nobody has agreed to that; nothing is stored.
 class ReachesClosedMonths : public StoreError {
  public:
-  explicit ReachesClosedMonths(std::vector<Date> months);
-  const std::vector<Date>& months() const { return months_; }
+  explicit ReachesClosedMonths(std::vector<Month> months);
+  const std::vector<Month>& months() const { return months_; }
 
  private:
-  std::vector<Date> months_;
+  std::vector<Month> months_;
 };
 
 // The dated rows of one table: made before they are written and asked afterwards, both inside the writing transaction.
@@ -42,9 +43,9 @@ class ClosedReach {
 
   // The closed months reached, by the ID of each row that holds there now or did before: of settings also for their
   // scale, of month norms the month. Throws StoreError.
-  std::map<std::int32_t, std::vector<Date>> reached();
+  std::map<std::int32_t, std::vector<Month>> reached();
   // Throws ReachesClosedMonths for a month that is not among those agreed to.
-  void require(const std::vector<Date>& agreed);
+  void require(const std::vector<Month>& agreed);
 
   struct Dated;
 
@@ -63,14 +64,14 @@ class ClosedReach {
   using Pieces = std::vector<Piece>;
 
   std::map<std::int32_t, Pieces> read();  // by owner
-  static Pieces within(const Pieces& pieces, Date month);
-  bool has_document(std::int32_t employee, Date month);
-  void compare(const Pieces& before, const Pieces& after, std::map<std::int32_t, std::vector<Date>>& reached);
+  static Pieces within(const Pieces& pieces, const Month& month);
+  bool has_document(std::int32_t employee, const Month& month);
+  void compare(const Pieces& before, const Pieces& after, std::map<std::int32_t, std::vector<Month>>& reached);
 
   Database& database_;
   const Dated* dated_;
   std::int32_t record_;
-  std::vector<Date> closed_;  // first days, in order
+  std::vector<Month> closed_;  // in order
   std::map<std::int32_t, Pieces> before_;
   std::optional<std::set<std::pair<std::int32_t, std::int32_t>>> people_;  // month and employee, once asked for
 };
@@ -80,7 +81,7 @@ class ClosedReach {
 // ReachesClosedMonths when the user does not agree, and whatever the write throws.
 template <typename Write>
 void write_as_agreed(QuorApplication& application, const Write& write) {
-  std::vector<Date> agreed;
+  std::vector<Month> agreed;
   for (;;) {
     try {
       return write(agreed);

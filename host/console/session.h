@@ -6,8 +6,8 @@
 
 #include "host/application/application.h"
 #include "host/console/call.h"
-#include "host/payroll/month.h"
 #include "host/report/record_text.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

@@ -6,6 +6,8 @@
 #include <optional>
 #include <unicode/ustring.h>
 
+#include "platform/data/month.h"
+
 namespace quor {
 
 namespace {
@@ -39,21 +41,21 @@ std::optional<Date> day(std::string_view text) {
   return date && *date == date->without_time() ? date : std::nullopt;
 }
 
-// The first day of "2008-01", "2008.1" and the like.
-std::optional<Date> month(std::string_view text) {
-  const std::size_t separator = text.find_first_of("-./");
-  if (separator == std::string_view::npos || text.find_first_not_of("0123456789", separator + 1) != text.npos)
-    return std::nullopt;
-  return try_parse_date(std::string(text) + text[separator] + "1");
-}
-
 std::string day_text(Date date) {
   std::string text = date_text(date);
   std::replace(text.begin(), text.end(), '.', '-');
   return text;
 }
 
-std::string month_text(Date date) { return day_text(date).substr(0, day_text(date).rfind('-')); }
+std::string month_text(const Month& month) {
+  std::string text = month.text();
+  std::replace(text.begin(), text.end(), '.', '-');
+  return text;
+}
+
+std::optional<Date> first_day(const std::optional<Month>& month) {
+  return month ? std::optional(month->first_day()) : std::nullopt;
+}
 
 template <typename T>
 ParsedCell parsed(const std::optional<T>& value, std::string_view text, const std::string& what) {
@@ -81,9 +83,9 @@ ParsedCell parse_cell(CellType type, std::string_view text) {
     case CellType::kDate:
       return parsed(day(text), text, "data (rašykite, pvz., 2008-01-31)");
     case CellType::kMonth:
-      return parsed(month(text), text, "mėnuo (rašykite, pvz., 2008-01)");
+      return parsed(first_day(Month::try_parse(text)), text, "mėnuo (rašykite, pvz., 2008-01)");
     case CellType::kDayOrMonth:
-      if (const auto first_day = month(text)) return {Variant(month_text(*first_day)), {}};
+      if (const auto month = Month::try_parse(text)) return {Variant(month_text(*month)), {}};
       return parsed(day(text), text, "nei diena (2008-01-31), nei mėnuo (2008-01)");
     case CellType::kTimeCode:
     case CellType::kText:
@@ -96,12 +98,12 @@ ParsedCell parse_cell(CellType type, std::string_view text) {
 std::string cell_text(CellType type, const Variant& value, const CsvStyle& style) {
   if (value.kind() == Variant::Kind::kDouble) return plain_number(value.to_double(), style);
   if (value.kind() != Variant::Kind::kDate) return value.to_text();
-  return type == CellType::kMonth ? month_text(value.to_date()) : day_text(value.to_date());
+  return type == CellType::kMonth ? month_text(Month::of(value.to_date())) : day_text(value.to_date());
 }
 
 Date month_of_cell(const Variant& value) {
-  return value.kind() == Variant::Kind::kText ? month(value.to_text()).value_or(Date())
-                                              : first_of_month(value.to_date());
+  if (value.kind() == Variant::Kind::kDate) return Month::of(value.to_date()).first_day();
+  return first_day(Month::try_parse(value.to_text())).value_or(Date());
 }
 
 std::string key_text(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells) {

@@ -9,6 +9,7 @@
 #include "host/exchange/cell_values.h"
 #include "host/exchange/time_codes.h"
 #include "host/store/value_ranges.h"
+#include "platform/data/month.h"
 #include "platform/data/number_text.h"
 
 namespace quor {
@@ -131,7 +132,7 @@ double WrittenCheck::norm_of(Date month) {
     for (; !rows->Eof(); rows->MoveNext()) norms_[rows->field("Month").to_date()] = rows->field("Hours").to_double();
   }
   const auto [norm, is_new] = norms_.try_emplace(month, 0);
-  if (is_new) norm->second = working_days(month, last_of_month(month)) * kHoursOfWorkingDay;
+  if (is_new) norm->second = working_days(month, Month::of(month).last_day()) * kHoursOfWorkingDay;
   return norm->second;
 }
 

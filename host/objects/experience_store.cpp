@@ -121,7 +121,7 @@ class ExperienceStore {
 }  // namespace
 
 void store_experience(Company& company, const std::string& user, const Recordset& rows,
-                      const std::vector<Date>& agreed) {
+                      const std::vector<Month>& agreed) {
   ExperienceStore store(company, user, rows);
   // The one who writes, writes alone: what is compared in here stays so until it is committed.
   Transaction transaction(company.database());

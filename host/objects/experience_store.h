@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/company/company.h"
+#include "platform/data/month.h"
 
 namespace quor {
 
@@ -14,6 +15,6 @@ namespace quor {
 // employee's service meanwhile, a new value is out of its range, or the store cannot take one; ReachesClosedMonths when
 // somebody of a closed month that is not `agreed` to is among them.
 void store_experience(Company& company, const std::string& user, const Recordset& rows,
-                      const std::vector<Date>& agreed);
+                      const std::vector<Month>& agreed);
 
 }  // namespace quor

@@ -6,6 +6,7 @@
 #include "host/objects/record_types.h"
 #include "host/store/object_codes.h"
 #include "host/store/record_guard.h"
+#include "platform/data/month.h"
 
 namespace quor {
 
@@ -66,12 +67,11 @@ void refuse_used(Database& database, const RecordType& type, std::int32_t id, co
 void refuse_settings_of_closed_months(Database& database, std::int32_t id, const std::string& name) {
   const auto months = database.read("SELECT month FROM closed_months ORDER BY month", {{"Month", FieldType::kDate}});
   for (; !months->Eof(); months->MoveNext()) {
-    const Date month = months->field("Month").to_date();
+    const Month month = Month::of(months->field("Month").to_date());
     const auto in_force = database.read("SELECT id FROM settings WHERE id = " + id_in_force("settings", "", ":p0"),
-                                        {{"ID", FieldType::kInt32}}, {last_of_month(month)});
+                                        {{"ID", FieldType::kInt32}}, {month.last_day()});
     if (in_force->RecordCount() > 0 && in_force->int32(FieldHandle{0}) == id) {
-      refuse("Įrašo „" + name + "“ panaikinti negalima: pagal jį apskaičiuotas uždarytas mėnuo " +
-             date_text(month).substr(0, 7) + ".");
+      refuse("Įrašo „" + name + "“ panaikinti negalima: pagal jį apskaičiuotas uždarytas mėnuo " + month.text() + ".");
     }
   }
 }

@@ -80,7 +80,7 @@ SaveStatus StandardObjectUIO::Save(std::int32_t /*flag*/, const std::string& /*p
     if (const std::string text = refusal(); !text.empty()) return failed(text);
     record_->Filter("");  // commits what is being typed and stands on the record
     check_values();
-    write_as_agreed(application_, [this](const std::vector<Date>& agreed) {
+    write_as_agreed(application_, [this](const std::vector<Month>& agreed) {
       if (id_) return update_record(*id_, agreed);
       id_ = insert_record(agreed);
       oidr_ = read_oidr_ = object_key(object_type_, *id_);
@@ -227,7 +227,7 @@ Variant StandardObjectUIO::value_of(const RecordField& field, std::int32_t id) c
   return stored_value(company_.database(), type_->table, field, id, record_->field(field.info.name));
 }
 
-std::int32_t StandardObjectUIO::insert_record(const std::vector<Date>& agreed) {
+std::int32_t StandardObjectUIO::insert_record(const std::vector<Month>& agreed) {
   Database& database = company_.database();
   Transaction transaction(database);
   const std::int32_t id = database.reserve_ids(type_->table);
@@ -249,7 +249,7 @@ std::int32_t StandardObjectUIO::insert_record(const std::vector<Date>& agreed) {
   return id;
 }
 
-void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Date>& agreed) {
+void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Month>& agreed) {
   Database& database = company_.database();
   Transaction transaction(database);
   ClosedReach reach(database, type_->table, id);

@@ -16,6 +16,7 @@
 #include "frame/contract/quor_object_ui.h"
 #include "host/company/company.h"
 #include "host/objects/record_types.h"
+#include "platform/data/month.h"
 
 namespace quor {
 
@@ -74,8 +75,8 @@ class StandardObjectUIO : public QuorObjectUIO {
   void store_rows(std::int32_t id);
   Variant value_of(const RecordField& field, std::int32_t id) const;
   // Both throw ReachesClosedMonths for a month that is not agreed to.
-  std::int32_t insert_record(const std::vector<Date>& agreed);
-  void update_record(std::int32_t id, const std::vector<Date>& agreed);
+  std::int32_t insert_record(const std::vector<Month>& agreed);
+  void update_record(std::int32_t id, const std::vector<Month>& agreed);
   void show_name();
 
   QuorApplication& application_;

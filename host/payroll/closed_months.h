@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "host/application/application.h"
-#include "host/payroll/month.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "host/company/guid.h"
+#include "host/company/working_days.h"
 #include "host/objects/salary_document.h"
 #include "host/payroll/value_faults.h"
 #include "host/requests/parameter_text.h"

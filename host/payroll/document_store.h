@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "host/payroll/document_settings.h"
-#include "host/payroll/month.h"
 #include "host/payroll/month_document.h"
 #include "host/store/database.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

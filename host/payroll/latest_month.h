@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "host/payroll/month.h"
 #include "host/store/database.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

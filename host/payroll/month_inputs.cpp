@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/company/departments.h"
+#include "host/company/working_days.h"
 #include "host/payroll/month_settings.h"
 #include "host/payroll/value_faults.h"
 

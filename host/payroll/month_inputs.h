@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "host/company/company.h"
-#include "host/payroll/month.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

@@ -5,8 +5,8 @@
 #include <set>
 #include <string>
 
-#include "host/payroll/month.h"
 #include "host/store/database.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "host/payroll/month.h"
 #include "host/store/database.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

@@ -14,6 +14,7 @@
 #include "host/store/sort_key.h"
 #include "host/store/value_ranges.h"
 #include "platform/data/column.h"
+#include "platform/data/month.h"
 #include "platform/data/number_text.h"
 
 namespace quor::requests {
@@ -239,10 +240,10 @@ Answer office_employee_preview(Company& company, ParameterText& parameter) {
   const Date date = parameter.date();
   const std::int32_t department = parameter.whole();
   parameter.end();
-  const Date first = first_of_month(date);
+  const Month month = Month::of(date);
   return settings_of_closed_month(company, date).empty()
-             ? positions_in_force(company, first, last_of_month(date), department)
-             : positions_of_documents(company, first, department);
+             ? positions_in_force(company, month.first_day(), month.last_day(), department)
+             : positions_of_documents(company, month.first_day(), department);
 }
 
 Answer office_employee_surcharge(Company& company, ParameterText& parameter) {
@@ -250,7 +251,7 @@ Answer office_employee_surcharge(Company& company, ParameterText& parameter) {
   const std::int32_t department = parameter.whole();
   const std::vector<std::int32_t> codes = parameter.whole_list();
   parameter.end();
-  std::vector<Variant> values = {first_of_month(date)};
+  std::vector<Variant> values = {Month::of(date).first_day()};
   const std::string of_department = and_of_department(company, department, ":p1", values);
   const std::string has_code = and_has_code(codes, values);
   const auto sums = company.database().read(

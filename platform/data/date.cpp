@@ -113,16 +113,6 @@ int Date::month() const { return static_cast<int>(static_cast<unsigned>(calendar
 int Date::day() const { return static_cast<int>(static_cast<unsigned>(calendar_day(serial_).day())); }
 Date Date::without_time() const { return Date(day_number(serial_)); }
 
-Date first_of_month(Date date) {
-  const auto day = calendar_day(date.serial());
-  return Date::from_serial(serial_of(day.year() / day.month() / 1));
-}
-
-Date last_of_month(Date date) {
-  const auto day = calendar_day(date.serial());
-  return Date::from_serial(serial_of(day.year() / day.month() / chrono::last));
-}
-
 int months_between(Date from, Date to) { return (to.year() * 12 + to.month()) - (from.year() * 12 + from.month()); }
 
 Date add_days(Date date, int days) {

@@ -37,9 +37,6 @@ class Date {
   double serial_ = 0.0;
 };
 
-// First and last day of the date's month, without time of day.
-Date first_of_month(Date date);
-Date last_of_month(Date date);
 // Month boundaries from `from` to `to`; the day plays no part; negative when `to` is in an earlier month.
 int months_between(Date from, Date to);
 // Whole days later, at the same time of day. Throws Overflow.

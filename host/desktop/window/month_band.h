@@ -6,7 +6,7 @@
 #include <functional>
 #include <optional>
 
-#include "host/payroll/month.h"
+#include "platform/data/month.h"
 #include "platform/toolkit/form.h"
 
 namespace quor {

@@ -4,7 +4,7 @@
 #include <QDialog>
 
 #include "host/desktop/answers/desktop_application.h"
-#include "host/payroll/month.h"
+#include "platform/data/month.h"
 
 class QDateEdit;
 class QLabel;

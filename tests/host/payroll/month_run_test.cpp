@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "host/company/working_days.h"
 #include "host/payroll/month_comparison.h"
 #include "platform/data/error.h"
 #include "tests/support/outcome.h"
@@ -10,32 +11,7 @@
 namespace quor {
 namespace {
 
-TEST(Month, IsAYearAndAMonth) {
-  struct Case {
-    const char* text;
-    const char* days;
-  };
-  const Case cases[] = {{"2008-02", "2008.02.01-2008.02.29"},
-                        {"2007.12", "2007.12.01-2007.12.31"},
-                        {"2008-1", "2008.01.01-2008.01.31"},
-                        {"2008-00", "TypeMismatch"},
-                        {"2008-13", "TypeMismatch"},
-                        {"2008", "TypeMismatch"},
-                        {"08-01", "TypeMismatch"},
-                        {"2008-01-31", "TypeMismatch"},
-                        {"", "TypeMismatch"},
-                        {"sausis", "TypeMismatch"}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(outcome([&] {
-                const Month month = Month::parse(c.text);
-                return date_text(month.first_day()) + "-" + date_text(month.last_day());
-              }),
-              c.days)
-        << c.text;
-  }
-}
-
-TEST(Month, WorkingDaysAreMondaysToFridays) {
+TEST(WorkingDays, AreMondaysToFridays) {
   EXPECT_EQ(working_days(day("2008.01.01"), day("2008.01.31")), 23);
   EXPECT_EQ(working_days(day("2008.02.01"), day("2008.02.29")), 21);
   EXPECT_EQ(working_days(day("2008.01.05"), day("2008.01.06")), 0);  // Saturday and Sunday

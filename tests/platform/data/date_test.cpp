@@ -154,27 +154,6 @@ TEST(Date, TextAsDate) {
   }
 }
 
-TEST(Date, FirstAndLastDayOfTheMonth) {
-  struct Case {
-    const char* date;
-    const char* first;
-    const char* last;
-  };
-  const Case cases[] = {
-      {"2008.01.31", "2008.01.01", "2008.01.31"}, {"2008.02.10", "2008.02.01", "2008.02.29"},
-      {"2007.02.10", "2007.02.01", "2007.02.28"}, {"2008.12.31", "2008.12.01", "2008.12.31"},
-      {"1900.02.01", "1900.02.01", "1900.02.28"}, {"2100.02.28", "2100.02.01", "2100.02.28"},
-      {"1899.12.30", "1899.12.01", "1899.12.31"}, {"2008.04.30 18:00", "2008.04.01", "2008.04.30"},
-      {"9999.12.31", "9999.12.01", "9999.12.31"}, {"0100.01.01 6:00", "0100.01.01", "0100.01.31"},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.date);
-    EXPECT_EQ(first_of_month(parse_date(c.date)), parse_date(c.first));
-    EXPECT_EQ(last_of_month(parse_date(c.date)), parse_date(c.last));
-  }
-  EXPECT_EQ(first_of_month(Date()).serial(), -29.0);
-}
-
 TEST(Date, MonthBoundariesBetweenDates) {
   struct Case {
     const char* from;
