@@ -13,6 +13,7 @@
 #include "host/sample/sample_company.h"
 #include "host/store/addresses.h"
 #include "host/store/object_codes.h"
+#include "platform/data/case_folding.h"
 
 namespace quor {
 
@@ -60,16 +61,11 @@ constexpr std::string_view kEngineMethods[] = {
     "GetSalaryConstant",   "GetExtraUIOByGUID",   "CheckExtraComponents",      "CheckSalaryRows",
     "HandleSelectEvent",   "FillExtraUIOFields"};
 
-bool same_but_for_case(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [&](char x, char y) { return lower(x) == lower(y); });
-}
-
 bool say_unknown_method(const std::string& name) {
   if (std::count(std::begin(kEngineMethods), std::end(kEngineMethods), name) > 0) return false;
   std::cerr << "quor: variklis nežino metodo „" << name << "“";
   const auto* close = std::find_if(std::begin(kEngineMethods), std::end(kEngineMethods),
-                                   [&](std::string_view known) { return same_but_for_case(known, name); });
+                                   [&](std::string_view known) { return compare_folded(known, name) == 0; });
   if (close != std::end(kEngineMethods)) std::cerr << "; gal norėjote „" << *close << "“?";
   std::cerr << '\n';
   return true;

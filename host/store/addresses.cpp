@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "host/store/store_error.h"
+#include "platform/data/case_folding.h"
 
 namespace quor {
 namespace {
@@ -19,8 +20,9 @@ namespace fs = std::filesystem;
 
 std::string in_quotes(const std::string& text) { return "„" + shown_address(text) + "“"; }
 
+// The letters that words of an address have, a byte for a byte: what is found there stands in the text at that place.
 std::string lower_case(std::string text) {
-  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+  std::transform(text.begin(), text.end(), text.begin(), fold_ascii);
   return text;
 }
 

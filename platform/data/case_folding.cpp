@@ -69,7 +69,7 @@ char32_t take_folded(std::string_view& text) { return fold_case(take_character(t
 }  // namespace
 
 char32_t fold_case(char32_t character) {
-  if (character < 0x80) return character - U'A' < 26 ? character + 32 : character;
+  if (character < 0x80) return static_cast<char32_t>(fold_ascii(static_cast<char>(character)));
   const auto* range = std::upper_bound(std::begin(kRanges), std::end(kRanges), character,
                                        [](char32_t c, const FoldRange& r) { return c < r.first; });
   --range;  // the first range begins below

@@ -12,6 +12,8 @@
 namespace quor {
 
 char32_t fold_case(char32_t character);
+// Of a byte: an ASCII letter is folded, any other byte is itself. A text keeps its length by it.
+constexpr char fold_ascii(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte; }
 
 // Below 0, 0, above 0: `left` stands before, is equal to, stands behind `right`.
 int compare_folded(std::string_view left, std::string_view right);

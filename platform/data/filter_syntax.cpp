@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/data/case_folding.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -10,10 +11,10 @@ namespace {
 constexpr int kMaxDepth = 100;  // of parentheses, so that no text exhausts the stack
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 // Every character beyond ASCII counts as a letter.
 bool is_name_char(char c) {
-  return is_digit(c) || c == '_' || (lower(c) >= 'a' && lower(c) <= 'z') || static_cast<unsigned char>(c) >= 0x80;
+  return is_digit(c) || c == '_' || (fold_ascii(c) >= 'a' && fold_ascii(c) <= 'z') ||
+         static_cast<unsigned char>(c) >= 0x80;
 }
 
 class FilterParser {
@@ -148,7 +149,7 @@ class FilterParser {
     const std::string_view rest = text_.substr(at_);
     if (rest.size() < word.size()) return false;
     for (std::size_t i = 0; i < word.size(); ++i) {
-      if (lower(rest[i]) != word[i]) return false;
+      if (fold_ascii(rest[i]) != word[i]) return false;
     }
     if (rest.size() > word.size() && is_name_char(rest[word.size()])) return false;
     at_ += word.size();

@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/data/case_folding.h"
 #include "platform/data/error.h"
 #include "platform/data/number_text.h"
 
@@ -42,12 +43,6 @@ Whole to_whole(double value) {
 double finite(double value) {
   if (!std::isfinite(value)) throw Error(ErrorKind::kOverflow, "Skaičiavimo rezultatas per didelis.");
   return value;
-}
-
-// `lower` is lower-case ASCII.
-bool equals_in_any_case(std::string_view text, std::string_view lower) {
-  return std::equal(text.begin(), text.end(), lower.begin(), lower.end(),
-                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b; });
 }
 
 }  // namespace
@@ -133,8 +128,8 @@ std::string Variant::to_text() const {
 
 bool Variant::to_bool() const {
   if (const auto* text = std::get_if<std::string>(&value_)) {
-    if (equals_in_any_case(*text, "true")) return true;
-    if (equals_in_any_case(*text, "false")) return false;
+    if (compare_folded(*text, "true") == 0) return true;
+    if (compare_folded(*text, "false") == 0) return false;
   }
   return to_double() != 0.0;
 }

@@ -27,7 +27,8 @@ QString text_of(const Recordset& list, FieldHandle field) {
   return list.is_null(field) ? QString() : QString::fromStdString(list.field(field).to_text());
 }
 
-// "Žukas" as "zukas": who searches need not have Lithuanian letters on the keyboard.
+// "Žukas" as "zukas": who searches need not have Lithuanian letters on the keyboard. The folding of record sets
+// (case_folding.h) would not do: it tells marks apart.
 QString folded(const QString& text) {
   QString result = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
   result.removeIf([](QChar letter) { return letter.isMark(); });
