@@ -8,7 +8,7 @@
 //   month_salary.h         the rounded month salary (a pure rule)
 //   length_of_service.cpp  the length-of-service supplement (rules in length_of_service.h)
 //   extra_rows.cpp         the extra-row object of an identifier, and its completeness
-//   salary_row_checks.cpp  a month's rows against the limits (the rule in frame/charge_limits.h)
+//   salary_row_checks.cpp  a month's rows against the limits (the rule in frame/contract/over_limit.h)
 //   category_selection.cpp the choice of a category for a row, and the row's own fields
 #pragma once
 

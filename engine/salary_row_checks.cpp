@@ -4,6 +4,7 @@
 #include "engine/salary_engine.h"
 #include "frame/catalogue.h"
 #include "frame/charge_limits.h"
+#include "frame/contract/over_limit.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -13,14 +14,13 @@ using quor::Recordset;
 
 namespace {
 
-constexpr std::int32_t kOverLimit = 4;
 constexpr std::int32_t kUnusable = 16;
 
 MethodResult unusable(const std::string& message) { return {.Code = kUnusable, .Message = message, .Value = false}; }
 
 // The value says nothing about the limit: callers decide on the code.
 MethodResult over_limit(const std::string& what, double limit) {
-  return {.Code = kOverLimit,
+  return {.Code = quor::kOverLimit,
           .Message = "CheckSalaryRows: " + what + " suma viršija " + quor::general_text(limit) + "%!",
           .Value = true};
 }
@@ -87,14 +87,14 @@ MethodResult check_limits(MonthRows& rows, const ChargeLimits& limits, const std
   double surcharges = 0;
   if (limits.supplement > 0) {
     supplements = rows.supplements();
-    if (share_exceeds(supplements, base, limits.supplement)) return over_limit("Priedų", limits.supplement);
+    if (quor::share_exceeds(supplements, base, limits.supplement)) return over_limit("Priedų", limits.supplement);
   }
   if (limits.surcharge > 0) {
     surcharges = rows.surcharges(time_codes);
-    if (share_exceeds(surcharges, base, limits.surcharge)) return over_limit("Priemokų", limits.surcharge);
+    if (quor::share_exceeds(surcharges, base, limits.surcharge)) return over_limit("Priemokų", limits.surcharge);
   }
   // A kind whose own limit is off counts as 0 here too.
-  if (limits.total > 0 && share_exceeds(supplements + surcharges, base, limits.total)) {
+  if (limits.total > 0 && quor::share_exceeds(supplements + surcharges, base, limits.total)) {
     return over_limit("Priedų ir priemokų", limits.total);
   }
   return within_limits();
@@ -119,7 +119,7 @@ MethodResult UIO0402000::check_salary_rows(const std::shared_ptr<Recordset>& tim
   const quor::FilterScope salary_rows_end(salary_rows);
   MonthRows rows(*time_rows, *salary_rows);
   const double base = rows.base(OID(), fd_code);
-  return is_no_base(base) ? within_limits() : check_limits(rows, limits, codes, base);
+  return quor::is_no_base(base) ? within_limits() : check_limits(rows, limits, codes, base);
 }
 
 }  // namespace velmora

@@ -1,6 +1,6 @@
 #include "forms/preview/salary_charges.h"
 
-#include "frame/charge_limits.h"
+#include "frame/contract/over_limit.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -22,7 +22,7 @@ void PersonCharges::take(const ChargeRecord& record) {
 }
 
 double PersonCharges::total_percentage() const {
-  return is_no_base(pay) ? 0 : quor::round_even(total() / pay * 100, 2);
+  return quor::is_no_base(pay) ? 0 : quor::round_even(total() / pay * 100, 2);
 }
 
 std::string limit_caption(double limit) { return "% (iki " + quor::general_text(limit) + "%)"; }

@@ -1,4 +1,4 @@
-// The charges of a person in a month. Pure rules; those of the limits stand in frame/charge_limits.h.
+// The charges of a person in a month. Pure rules; those of the limits stand in frame/contract/over_limit.h.
 #pragma once
 
 #include <cstdint>

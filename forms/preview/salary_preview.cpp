@@ -1,6 +1,7 @@
 #include "forms/preview/salary_preview.h"
 
 #include "frame/catalogue.h"
+#include "frame/contract/over_limit.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -131,7 +132,7 @@ void frmOfficeEmployeePreview::show_charges(std::size_t row, const PersonCharges
   };
   const auto show_percentage = [&](std::size_t sum_column, std::size_t column, double percentage, double limit) {
     show(column, percentage);
-    if (percentage == 0 || !percentage_exceeds(percentage, limit)) return;
+    if (percentage == 0 || !quor::percentage_exceeds(percentage, limit)) return;
     for (const std::size_t red : {std::size_t{0}, sum_column, column}) {
       lvwRows.set_colour(row, red, quor::CellColour::kRed);
     }

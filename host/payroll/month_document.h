@@ -46,9 +46,6 @@ struct DocumentPosition {
   bool operator==(const DocumentPosition&) const = default;
 };
 
-// What "CheckSalaryRows" answers when a sum is over its limit.
-inline constexpr std::int32_t kOverLimit = 4;
-
 struct MonthDocument {
   std::string guid;
   std::int32_t employee = 0;

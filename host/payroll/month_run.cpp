@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
+#include "frame/contract/over_limit.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/whole_run.h"
 #include "host/store/object_codes.h"

@@ -1,10 +1,10 @@
 // Requests of the previews and the printed lists: everybody's positions and charges of a month, all categories.
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <optional>
 #include <unordered_map>
 
+#include "frame/contract/over_limit.h"
 #include "host/company/closed_month_basis.h"
 #include "host/company/departments.h"
 #include "host/company/in_force.h"
@@ -141,13 +141,6 @@ class PreviewColumns {
   TextColumn& names_ = std::get<TextColumn>(columns_[1].values);
   TextColumn& categories_ = std::get<TextColumn>(columns_[2].values);
 };
-
-// What share of the pay the sum is, in per cent; 0 without pay. One division of whole cents: a share that is exactly a
-// limit comes out as that limit, whatever the amounts, while sums of cents and two roundings may miss it by a hair.
-double percentage_of(double sum, double pay) {
-  const double pay_in_cents = std::nearbyint(pay * 100);
-  return pay_in_cents == 0 ? 0 : std::nearbyint(sum * 100) * 100 / pay_in_cents;
-}
 
 constexpr std::int16_t kBasePay = 0, kSupplement = 1, kSurcharge = 2;
 
