@@ -53,15 +53,20 @@ MethodResult UIO0402000::percentage_by_experience(std::int16_t years,
   return {.Code = 0, .Message = {}, .Value = percentage_for_years(years, settings.get())};
 }
 
-MethodResult UIO0402000::personal_extra_charge_components(std::int32_t person, quor::Date date) {
+MethodResult UIO0402000::years_of_service(std::int32_t person, quor::Date date) {
   const MethodResult& services = request("OfficeEmployeeExperience", quor::kNoParameter);
-  if (services.Code != 0) return no_components(services.Message);
-  std::int16_t years = 0;
+  if (services.Code != 0) return {.Code = kNoComponents, .Message = services.Message, .Value = {}};
   try {
-    years = years_of(services.Value.record_set().get(), person, date);
+    return {.Code = 0, .Message = {}, .Value = years_of(services.Value.record_set().get(), person, date)};
   } catch (const quor::Error& fault) {  // what is recorded of the person is no length of service
-    return no_components(fault.what());
+    return {.Code = kNoComponents, .Message = fault.what(), .Value = {}};
   }
+}
+
+MethodResult UIO0402000::personal_extra_charge_components(std::int32_t person, quor::Date date) {
+  const MethodResult service = years_of_service(person, date);
+  if (service.Code != 0) return no_components(service.Message);
+  const std::int16_t years = service.Value.to_int16();
 
   const MethodResult& settings = request("OfficeEmployeeSettings", catalogue::quoted(date));
   if (settings.Code != 0) return no_components(settings.Message);

@@ -95,6 +95,11 @@ constexpr Method kMethods[] = {
        const std::int16_t years = in.int16(0);
        return UIO0402000::percentage_by_experience(years, in.record_set(1));
      }},
+    {"GetYearsOfService",
+     [](UIO0402000& engine, const Arguments& in) {
+       const std::int32_t person = in.int32(0);
+       return engine.years_of_service(person, in.date(1));
+     }},
     {"GetPersonalExtraChargeComponents",
      [](UIO0402000& engine, const Arguments& in) {
        const std::int32_t person = in.int32(0);

@@ -44,6 +44,9 @@ class UIO0402000 : public ForwardingObject {
   // The supplement of the scale for whole years of service. Leaves its filter on the caller's record set.
   static quor::MethodResult percentage_by_experience(std::int16_t years,
                                                      const std::shared_ptr<quor::Recordset>& settings);
+  // A person's whole years of service at the date, the number that the supplement's comment ends with; 0 without
+  // recorded service. Code 16 with the cause when there is no telling.
+  quor::MethodResult years_of_service(std::int32_t person, quor::Date date);
   // A person's length-of-service supplement at the date: one row of ExtraChargePercentage and Comment.
   quor::MethodResult personal_extra_charge_components(std::int32_t person, quor::Date date);
   static quor::MethodResult action_components(const std::string& action);

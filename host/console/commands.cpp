@@ -59,7 +59,7 @@ constexpr std::string_view kEngineMethods[] = {
     "GetMMACode",          "GetMVACode",          "GetPercentageByExperience", "GetPersonalExtraChargeComponents",
     "GetActionComponents", "GetSalaryComponents", "GetMonthSalaryValue",       "GetSalaryComponentsByID",
     "GetSalaryConstant",   "GetExtraUIOByGUID",   "CheckExtraComponents",      "CheckSalaryRows",
-    "HandleSelectEvent",   "FillExtraUIOFields"};
+    "HandleSelectEvent",   "FillExtraUIOFields",  "GetYearsOfService"};
 
 bool say_unknown_method(const std::string& name) {
   if (std::count(std::begin(kEngineMethods), std::end(kEngineMethods), name) > 0) return false;

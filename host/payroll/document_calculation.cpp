@@ -1,7 +1,6 @@
 #include "host/payroll/document_calculation.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 
 #include "host/company/guid.h"
@@ -23,14 +22,6 @@ std::shared_ptr<Recordset> settings_at(Company& company, Date date) {
   const std::string quoted = "'" + date_text(date) + "'";
   ParameterText parameter(quoted);
   return requests::office_employee_settings(company, parameter);
-}
-
-// The engine says the years of service only in words, at the end of the supplement's comment.
-std::int16_t years_in_comment(const std::string& comment) {
-  const std::size_t blank = comment.rfind(' ');
-  std::int16_t years = 0;
-  std::from_chars(comment.data() + blank + 1, comment.data() + comment.size(), years);
-  return years;
 }
 
 // Tied to the salary extension: the percentage is the length-of-service supplement's.
@@ -108,11 +99,11 @@ MethodResult DocumentCalculation::run(const char* method, const Parameters& para
   return result;
 }
 
-// The one row that a method of the engine answers with.
-std::shared_ptr<Recordset> DocumentCalculation::ask(const char* method, const Parameters& parameters) {
+// What a method of the engine answers: a value, or a record set of one row.
+Variant DocumentCalculation::ask(const char* method, const Parameters& parameters) {
   const MethodResult result = run(method, parameters);
   if (result.Code != 0) throw Error(ErrorKind::kRefused, one_line(result.Message));
-  return result.Value.record_set();
+  return result.Value;
 }
 
 double DocumentCalculation::month_salary(const PositionPay& pay, double multiplier) {
@@ -123,7 +114,7 @@ void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMo
   MonthDocument& document = result.document;
   for (const PositionInput& position : person.positions) {
     const Date date = position.to;  // a position that ends within the month is in force no longer on its last day
-    const auto parts = ask("GetSalaryComponents", {salary_document_, position.key, std::int16_t{0}, date});
+    const auto parts = ask("GetSalaryComponents", {salary_document_, position.key, std::int16_t{0}, date}).record_set();
     PositionPay pay{.category = null_to_text(parts->field("TariffFactorName")),
                     .factor = null_to_double(parts->field("TariffFactorValue")),
                     .tariff = null_to_double(parts->field("ConstantValue")),
@@ -184,9 +175,10 @@ double DocumentCalculation::basic_hours(const PersonInput& person, const Positio
 // A charge above 0 is a fixed sum; otherwise it is a percentage of the base pay: the service's, or its own.
 void DocumentCalculation::add_supplements(const PersonInput& person, CalculatedMonth& result) {
   MonthDocument& document = result.document;
-  const auto service = ask("GetPersonalExtraChargeComponents", {person.employee, rules_.month.last_day()});
-  result.service_years = years_in_comment(null_to_text(service->field("Comment")));
-  result.supplement_percentage = null_to_double(service->field("ExtraChargePercentage"));
+  const Parameters of_person = {person.employee, rules_.month.last_day()};
+  result.supplement_percentage =
+      null_to_double(ask("GetPersonalExtraChargeComponents", of_person).record_set()->field("ExtraChargePercentage"));
+  result.service_years = ask("GetYearsOfService", of_person).to_int16();
   const double base = document.sum_of(SumType::kBasePay);
   result.service_supplement = round_half_up(base * result.supplement_percentage / 100, 2);
   for (const ChargeInput& charge : person.charges) {
@@ -218,7 +210,8 @@ void DocumentCalculation::add_other_time(const PersonInput& person, CalculatedMo
     document.time_rows.push_back({row_guid(document, "t" + place), engine_->OID(), 0, code, hours});
     if (!rules_.surcharge_codes.contains(code)) continue;
     const Date date = rules_.month.last_day();
-    const double tariff = null_to_double(ask("GetSalaryConstant", {std::int16_t{1}, date})->field("ConstantValue"));
+    const double tariff =
+        null_to_double(ask("GetSalaryConstant", {std::int16_t{1}, date}).record_set()->field("ConstantValue"));
     if (tariff == 0) throw Error(ErrorKind::kNotFound, "nėra bazinio valandinio atlygio datai " + date_text(date));
     require(value_fault("bazinis valandinis atlygis", tariff, kTariff));
     document.salary_rows.push_back({.guid = row_guid(document, "s" + place),

@@ -50,7 +50,7 @@ class DocumentCalculation {
 
  private:
   MethodResult run(const char* method, const Parameters& parameters);
-  std::shared_ptr<Recordset> ask(const char* method, const Parameters& parameters);
+  Variant ask(const char* method, const Parameters& parameters);
   double month_salary(const PositionPay& pay, double multiplier);
   void add_basic_time(const PersonInput& person, CalculatedMonth& result);
   void add_supplements(const PersonInput& person, CalculatedMonth& result);

@@ -103,6 +103,13 @@ TEST_F(SupplementTest, APersonsYearsGiveTheBandsPercentageAndAComment) {
   EXPECT_EQ(components(first, "2008.01.31"),
             "[16: Kliada!\r\nGetPersonalExtraChargeComponents:\r\nNetinkamas įrašytas tarnybos stažas: metai 40000, "
             "mėnesiai 3.]");
+  const auto years = [&](std::int32_t person, const char* date) {
+    return quor::called(engine_, "GetYearsOfService", {person, day(date)});
+  };
+  EXPECT_EQ(years(second, "2008.02.01"), "7");
+  EXPECT_EQ(years(second, "2008.01.31"), "6");
+  EXPECT_EQ(years(17, "2008.01.31"), "0");
+  EXPECT_EQ(years(first, "2008.01.31"), "[16: Netinkamas įrašytas tarnybos stažas: metai 40000, mėnesiai 3.]");
   EXPECT_TRUE(company_.application().shown_boxes().empty());
 }
 
