@@ -1,7 +1,5 @@
 #include "forms/personal/personal_experience_editor.h"
 
-#include <cmath>
-
 #include "frame/catalogue.h"
 #include "frame/numeric_box.h"
 #include "platform/data/error.h"
@@ -137,7 +135,7 @@ void frmOfficeEmployeePersonalExperience::show_second_service() {
   const int recorded = whole_number(txtYears.text()) * 12 + whole_number(txtMonthes.text());
   const int passed = quor::months_between(dtpDate.value(), dtpDate2.value());
   const int total = quor::Variant(std::int32_t{recorded + passed}).to_int16();
-  const int years = static_cast<int>(std::floor(total / 12.0));
+  const int years = static_cast<int>(quor::int_part(total / 12.0));
   txtYears2.set_text(std::to_string(years));
   txtMonthes2.set_text(std::to_string(total - 12 * years));
 }
