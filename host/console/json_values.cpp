@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "frame/contract/quor_object_uio.h"
+#include "host/text/plain_values.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -38,12 +39,6 @@ Json number(double value) {
   constexpr double kExactWhole = 9007199254740992.0;  // 2^53
   if (std::trunc(value) == value && std::abs(value) < kExactWhole) return static_cast<std::int64_t>(value);
   return value;
-}
-
-std::string iso_date(Date date) {
-  std::string text = date_text(date);
-  std::replace(text.begin(), text.end(), '.', '-');
-  return text;
 }
 
 Variant cell_from_json(const Json& json, const FieldInfo& field) {
@@ -107,7 +102,7 @@ Json to_json(const Variant& value) {
     case Kind::kDouble:
       return number(value.to_double());
     case Kind::kDate:
-      return iso_date(value.to_date());
+      return plain_day(value.to_date());
     case Kind::kText:
       return value.to_text();
     case Kind::kRecordSet:

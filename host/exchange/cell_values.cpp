@@ -1,12 +1,9 @@
 #include "host/exchange/cell_values.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <optional>
 #include <unicode/ustring.h>
 
-#include "platform/data/month.h"
+#include "host/text/plain_values.h"
 
 namespace quor {
 
@@ -17,40 +14,6 @@ bool storable(std::string_view text) {
   UErrorCode status = U_ZERO_ERROR;
   u_strFromUTF8(nullptr, 0, nullptr, text.data(), static_cast<std::int32_t>(text.size()), &status);
   return status != U_INVALID_CHAR_FOUND && text.find('\0') == std::string_view::npos;
-}
-
-std::optional<std::int32_t> whole(std::string_view text) {
-  std::int32_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return value;
-}
-
-std::optional<double> number(std::string_view text) {
-  std::string with_point(text);
-  std::replace(with_point.begin(), with_point.end(), ',', '.');
-  double value = 0.0;
-  const char* const last = with_point.data() + with_point.size();
-  const auto [end, error] = std::from_chars(with_point.data(), last, value);
-  if (error != std::errc() || end != last || !std::isfinite(value)) return std::nullopt;
-  return value;
-}
-
-std::optional<Date> day(std::string_view text) {
-  const auto date = try_parse_date(text);
-  return date && *date == date->without_time() ? date : std::nullopt;
-}
-
-std::string day_text(Date date) {
-  std::string text = date_text(date);
-  std::replace(text.begin(), text.end(), '.', '-');
-  return text;
-}
-
-std::string month_text(const Month& month) {
-  std::string text = month.text();
-  std::replace(text.begin(), text.end(), '.', '-');
-  return text;
 }
 
 std::optional<Date> first_day(const std::optional<Month>& month) {
@@ -68,25 +31,25 @@ ParsedCell parsed(const std::optional<T>& value, std::string_view text, const st
 ParsedCell parse_cell(CellType type, std::string_view text) {
   switch (type) {
     case CellType::kId: {
-      const auto id = whole(text);
+      const auto id = parse_plain_whole(text);
       const bool fits = id && kStoredId.holds(*id);
       return parsed(fits ? id : std::nullopt, text, "ID (sveikasis skaičius " + kStoredId.text() + ")");
     }
     case CellType::kWhole:
-      return parsed(whole(text), text, "sveikasis skaičius");
+      return parsed(parse_plain_whole(text), text, "sveikasis skaičius");
     case CellType::kFlag: {
-      const auto flag = whole(text);
+      const auto flag = parse_plain_whole(text);
       return parsed(flag == 0 || flag == 1 ? flag : std::nullopt, text, "0 arba 1");
     }
     case CellType::kNumber:
-      return parsed(number(text), text, "skaičius");
+      return parsed(parse_plain_number(text), text, "skaičius");
     case CellType::kDate:
-      return parsed(day(text), text, "data (rašykite, pvz., 2008-01-31)");
+      return parsed(parse_plain_day(text), text, "data (rašykite, pvz., 2008-01-31)");
     case CellType::kMonth:
       return parsed(first_day(Month::try_parse(text)), text, "mėnuo (rašykite, pvz., 2008-01)");
     case CellType::kDayOrMonth:
-      if (const auto month = Month::try_parse(text)) return {Variant(month_text(*month)), {}};
-      return parsed(day(text), text, "nei diena (2008-01-31), nei mėnuo (2008-01)");
+      if (const auto month = Month::try_parse(text)) return {Variant(plain_month(*month)), {}};
+      return parsed(parse_plain_day(text), text, "nei diena (2008-01-31), nei mėnuo (2008-01)");
     case CellType::kTimeCode:
     case CellType::kText:
       break;
@@ -96,9 +59,9 @@ ParsedCell parse_cell(CellType type, std::string_view text) {
 }
 
 std::string cell_text(CellType type, const Variant& value, const CsvStyle& style) {
-  if (value.kind() == Variant::Kind::kDouble) return plain_number(value.to_double(), style);
+  if (value.kind() == Variant::Kind::kDouble) return plain_number(value.to_double(), style.decimal_comma);
   if (value.kind() != Variant::Kind::kDate) return value.to_text();
-  return type == CellType::kMonth ? month_text(Month::of(value.to_date())) : day_text(value.to_date());
+  return type == CellType::kMonth ? plain_month(Month::of(value.to_date())) : plain_day(value.to_date());
 }
 
 Date month_of_cell(const Variant& value) {

@@ -5,12 +5,12 @@
 #include <unordered_map>
 
 #include "host/exchange/cell_values.h"
-#include "host/exchange/csv.h"
 #include "host/exchange/stored_rows.h"
 #include "host/exchange/table_rights.h"
 #include "host/exchange/time_codes.h"
 #include "host/store/addresses.h"
 #include "host/store/whole_file.h"
+#include "host/text/csv_writer.h"
 
 namespace quor {
 
@@ -63,33 +63,27 @@ FieldType shown_type(CellType type) {
 std::string export_table(RightsGuard& guard, const ExchangedTable& table, const CsvStyle& style) {
   require_export_right(guard, table);
   Database& database = guard.company().database();
-  std::string csv(csv_start(style));
+  CsvWriter csv(style);
   CodeTexts codes(database);
-  const auto end_cell = [&](std::size_t at) {
-    if (at + 1 == table.columns.size()) {
-      csv += "\r\n";
-    } else {
-      csv += style.separator;
-    }
-  };
-  for (std::size_t at = 0; at < table.columns.size(); ++at) {
-    csv += table.columns[at].name;
-    end_cell(at);
-  }
+  csv.start_file();
+  for (const ExchangedColumn& column : table.columns) csv.plain(column.name);
+  csv.end_line();
   read_stored(database, table, [&](const std::vector<Variant>& cells, std::int32_t /*id*/) {
     for (std::size_t at = 0; at < cells.size(); ++at) {
       const CellType type = table.columns[at].type;
       if (type == CellType::kTimeCode) {
-        append_csv_text(csv, codes.of(cells[at].to_int32()), style);
-      } else if (type == CellType::kText && !cells[at].is_null()) {
-        append_csv_text(csv, cells[at].to_text(), style);
-      } else if (!cells[at].is_null()) {
-        append_csv_cell(csv, cell_text(type, cells[at], style), style);
+        csv.text(codes.of(cells[at].to_int32()));
+      } else if (cells[at].is_null()) {
+        csv.null();
+      } else if (type == CellType::kText) {
+        csv.text(cells[at].to_text());
+      } else {
+        csv.plain(cell_text(type, cells[at], style));
       }
-      end_cell(at);
     }
+    csv.end_line();
   });
-  return csv;
+  return csv.take();
 }
 
 std::shared_ptr<Recordset> table_rows(RightsGuard& guard, const ExchangedTable& table) {

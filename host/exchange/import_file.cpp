@@ -6,8 +6,8 @@
 #include <stdexcept>
 
 #include "host/exchange/cell_values.h"
-#include "host/exchange/csv.h"
 #include "host/store/addresses.h"
+#include "host/text/csv_reader.h"
 
 namespace quor {
 

@@ -1,8 +1,7 @@
 #include "host/report/record_text.h"
 
-#include <algorithm>
-
 #include "host/report/report_text.h"
+#include "host/text/plain_values.h"
 #include "platform/data/number_text.h"
 
 namespace quor {
@@ -29,10 +28,9 @@ std::string cell_text(const Variant& value, int decimals) {
 std::string plain_text(const Variant& value, const CsvStyle& style) {
   using Kind = Variant::Kind;
   if (value.is_null()) return "";
-  if (value.kind() == Kind::kDouble) return plain_number(value.to_double(), style);
-  std::string text = cell_text(value, -1);
-  if (value.kind() == Kind::kDate) std::replace(text.begin(), text.end(), '.', '-');
-  return text;
+  if (value.kind() == Kind::kDouble) return plain_number(value.to_double(), style.decimal_comma);
+  if (value.kind() == Kind::kDate) return plain_day(value.to_date());
+  return cell_text(value, -1);
 }
 
 // The record set as the lines of a report; `text_of` makes a value its cell.

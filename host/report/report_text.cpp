@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/text/csv_writer.h"
 #include "platform/data/utf8.h"
 
 namespace quor {
@@ -112,9 +113,13 @@ class Table {
   std::string text_;
 };
 
-// A report holds texts alone: what reads as a number is left one.
-void append_cell(std::string& csv, const std::string& text, const CsvStyle& style) {
-  append_csv_cell(csv, reads_as_number(text) ? text : guarded(text), style);
+// A report holds texts alone: what reads as a number is left one, and an empty cell is nothing.
+void write_cell(CsvWriter& csv, const std::string& text) {
+  if (text.empty() || reads_as_number(text)) {
+    csv.plain(text);
+  } else {
+    csv.text(text);
+  }
 }
 
 }  // namespace
@@ -128,25 +133,20 @@ std::string table_text(const ReportData& report, const TableStyle& style) {
 }
 
 std::string csv_text(const ReportData& report, const CsvStyle& style) {
-  std::string text(csv_start(style));
-  for (std::size_t i = 0; i < report.columns.size(); ++i) {
-    if (i > 0) text += style.separator;
-    append_cell(text, report.columns[i].caption, style);
-  }
-  return text + "\r\n" + csv_lines(report, style);
+  CsvWriter csv(style);
+  csv.start_file();
+  for (const ReportColumn& column : report.columns) write_cell(csv, column.caption);
+  csv.end_line();
+  return csv.take() + csv_lines(report, style);
 }
 
 std::string csv_lines(const ReportData& report, const CsvStyle& style) {
-  std::string text;
+  CsvWriter csv(style);
   for (std::size_t at = 0; at < report.cells.size(); ++at) {
-    append_cell(text, report.cells[at].text, style);
-    if ((at + 1) % report.columns.size() == 0) {
-      text += "\r\n";
-    } else {
-      text += style.separator;
-    }
+    write_cell(csv, report.cells[at].text);
+    if ((at + 1) % report.columns.size() == 0) csv.end_line();
   }
-  return text;
+  return csv.take();
 }
 
 std::string json_text(const ReportData& report) {

@@ -1,5 +1,5 @@
-// Cells of CSV on their way out, for tables and reports alike: separators, numbers, and texts that a spreadsheet would
-// take for a formula.
+// What tables and reports in CSV share: the two styles, and the guard of texts that a spreadsheet would take for a
+// formula.
 //
 //   text "=1+1"     '=1+1      a leading apostrophe; `unguarded` takes it off again
 //   text "'=1+1"    ''=1+1     one more, so that every text comes back
@@ -24,12 +24,6 @@ inline constexpr CsvStyle kSpreadsheetCsv{';', true,
 // "csv" or "csv-semicolon"; none for another format.
 std::optional<CsvStyle> csv_style_named(std::string_view format);
 
-// The mark that the style puts before the first line; "" without one.
-std::string_view csv_start(const CsvStyle& style);
-
-// A number in decimal digits, as many as read back to the same number, never with an exponent.
-std::string plain_number(double value, const CsvStyle& style = kProgramCsv);
-
 // A text that begins with = + - @ or a control character, behind any apostrophes, with one apostrophe more: no
 // spreadsheet evaluates it. Any other text as it is.
 std::string guarded(std::string_view text);
@@ -37,8 +31,5 @@ std::string guarded(std::string_view text);
 std::string_view unguarded(std::string_view cell);
 // True for digits with a minus and one decimal mark at most: such a cell is a number to a spreadsheet, and harmless.
 bool reads_as_number(std::string_view cell);
-
-// Appends a cell, in quotes when it needs them.
-void append_csv_cell(std::string& csv, std::string_view cell, const CsvStyle& style = kProgramCsv);
 
 }  // namespace quor

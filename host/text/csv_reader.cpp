@@ -1,4 +1,4 @@
-#include "host/exchange/csv.h"
+#include "host/text/csv_reader.h"
 
 #include <csv.h>
 #include <new>
@@ -84,11 +84,6 @@ std::optional<CsvFault> read_csv(std::string_view bytes, const std::function<voi
   if (!reader.finish()) return CsvFault{reader.cell_line(), "kabutės neuždarytos"};
   reader.hand_over(take);
   return std::nullopt;
-}
-
-void append_csv_text(std::string& csv, std::string_view text, const CsvStyle& style) {
-  if (text.empty()) csv += "\"\"";
-  append_csv_cell(csv, guarded(text), style);
 }
 
 }  // namespace quor

@@ -1,8 +1,8 @@
-// CSV as RFC 4180 has it: cells in quotes may hold separators, line breaks and doubled quotes; UTF-8.
+// CSV on its way in, as RFC 4180 has it: cells in quotes may hold separators, line breaks and doubled quotes; UTF-8.
 //
 // An empty cell without quotes is a null, "" is an empty text. Lines end in CR LF, LF or CR; empty lines count, but
-// hold no record. Nothing is trimmed. A text that a spreadsheet would evaluate has an apostrophe before it
-// (csv_cells.h).
+// hold no record. Nothing is trimmed, also not the guard of a text (csv_cells.h): which cells are texts, the caller
+// knows.
 #pragma once
 
 #include <cstddef>
@@ -11,8 +11,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "host/text/csv_cells.h"
 
 namespace quor {
 
@@ -35,8 +33,5 @@ struct CsvFault {
 // a byte order mark before the first cell is skipped. Quotes that do not pair end the reading: what follows could mean
 // anything; the answer says where.
 std::optional<CsvFault> read_csv(std::string_view bytes, const std::function<void(const CsvRecord&)>& take);
-
-// Appends `text` to `csv`, guarded, in quotes when it needs them; an empty text does, so that it is no null.
-void append_csv_text(std::string& csv, std::string_view text, const CsvStyle& style = kProgramCsv);
 
 }  // namespace quor
