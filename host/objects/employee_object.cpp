@@ -16,7 +16,7 @@ MethodResult EmployeeObject::Methods(const std::string& name, const Parameters& 
   if (parameters.empty()) throw Error(ErrorKind::kIndexOutOfRange, "Parametras Nr. 0 nepateiktas.");
   const std::string guid = parameters.front().to_text();
   const auto employee = id_of_key(OIDR());
-  if (!employee) throw Error(ErrorKind::kObjectMissing, "„" + OIDR() + "“ nėra darbuotojo raktas.");
+  if (!employee) throw Error(ErrorKind::kTypeMismatch, "„" + OIDR() + "“ nėra darbuotojo raktas.");
   bool done = false;
   try {
     done = deletes ? delete_charge(*employee, guid) : edit_charge(*employee, guid);
