@@ -96,7 +96,7 @@ quor::ClickResult UI0402200::ClickMenu(const std::string& object, const std::str
 std::shared_ptr<quor::Form> UI0402200::desk_top_editor(const std::string& object) {
   const auto category = GetQuorObject(object);
   if (!category) return nullptr;
-  if (object.size() <= quor::kTypeCodeLength) category->OType(kCategoryRecord);
+  if (!quor::carries_object(object)) category->OType(kCategoryRecord);
   auto editor = std::make_shared<frmOfficeEmployeeCategories>(application());
   editor->QuorObjectUIO = category;
   return editor;

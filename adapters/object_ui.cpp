@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/data/quoted_text.h"
+
 namespace velmora {
 
 ObjectUI::ObjectUI(quor::QuorApplication& application, const char* name, std::vector<quor::IconEntry> icons)
@@ -70,6 +72,8 @@ void ObjectUI::add_separator(std::vector<quor::MenuEntry>& menu) { add_entry("",
 
 std::shared_ptr<quor::Form> ObjectUI::desk_top_editor(const std::string& /*object*/) { return nullptr; }
 
-std::string list_without_parent(const std::string& object_type) { return "'" + object_type + "',''"; }
+std::string list_without_parent(const std::string& object_type) {
+  return quor::quoted(object_type) + "," + quor::quoted("");
+}
 
 }  // namespace velmora

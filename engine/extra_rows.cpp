@@ -16,7 +16,7 @@ MethodResult UIO0402000::extra_uio_by_guid(const std::string& row_id, quor::Date
   const auto& row = rows.Value.record_set();
   if (!row || row->RecordCount() == 0) return {};
   const std::string identity = catalogue::null_to_text(row->field("OIDR"));
-  if (identity.size() <= quor::kTypeCodeLength) return {};
+  if (!quor::carries_object(identity)) return {};
   return {.Code = 0, .Message = {}, .Value = application().GetQuorObjectUIO(identity)};
 }
 

@@ -6,14 +6,6 @@
 
 namespace velmora::catalogue {
 
-std::string quoted(std::string_view text) {
-  std::string result = "'";
-  for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
-  return result += '\'';
-}
-
-std::string quoted(quor::Date date) { return quoted(quor::date_text(date)); }
-
 char32_t numeric_key(char32_t typed, std::string_view text, bool allow_negative, bool allow_decimal) {
   constexpr char32_t kBackspace = 8;
   constexpr char32_t kSwallow = 0;
@@ -61,14 +53,14 @@ void query_rights(quor::QuorApplication& application, Rights& rights, const std:
 }
 
 std::int32_t chosen_id(const std::string& tag) {
-  if (quor::key_of_identity(tag).size() <= quor::kTypeCodeLength) return 0;
+  if (!quor::carries_object(quor::key_of_identity(tag))) return 0;
   if (const auto id = quor::id_of_key(tag)) return *id;
   throw quor::Error(quor::ErrorKind::kTypeMismatch, "„" + tag + "“ nėra objekto raktas.");
 }
 
 std::string pick_object(quor::QuorApplication& application, const std::string& code, const std::string& current,
                         const std::string& mode) {
-  return application.SelectObject(code.substr(0, quor::kTypeCodeLength), current, mode).Identity;
+  return application.SelectObject(quor::type_of_key(code), current, mode).Identity;
 }
 
 }  // namespace velmora::catalogue

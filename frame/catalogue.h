@@ -11,6 +11,7 @@
 #include "frame/contract/quor_application.h"
 #include "platform/data/date.h"
 #include "platform/data/filter_test.h"
+#include "platform/data/quoted_text.h"
 #include "platform/data/variant.h"
 #include "platform/toolkit/text_box.h"
 
@@ -26,10 +27,7 @@ using quor::null_to_text;
 // Sets the filter and tells whether a row passes; none: the filter is removed. Missing and empty sets stay untouched.
 using quor::filter_test;
 
-// Text between single quotes as request parameters and filters carry it; a quote inside is doubled. A date goes in its
-// short date form.
-std::string quoted(std::string_view text);
-std::string quoted(quor::Date date);
+using quor::quoted;
 
 // What a numeric text box does with a typed character: the character to accept (a full stop becomes a comma),
 // or 0 to swallow it. `text` is the box's whole text, selected or not.

@@ -103,7 +103,7 @@ void frmOfficeEmployeeCategories::delete_row(const std::string& guid) {
 void frmOfficeEmployeeCategories::fill() {
   const auto hourglass = application_.hourglass();
   changed_ = false;
-  is_new_ = QuorObjectUIO->OIDR().size() <= quor::kTypeCodeLength;
+  is_new_ = !quor::carries_object(QuorObjectUIO->OIDR());
   if (is_new_) QuorObjectUIO->Fields()["GUID"].Value(QuorObjectUIO->GetGUID());
   txtName.set_text(catalogue::null_to_text(QuorObjectUIO->Fields()["Name"].Value()));
   show_heading();

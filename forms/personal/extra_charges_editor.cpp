@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "frame/catalogue.h"
+#include "frame/contract/open_bounds.h"
 #include "platform/data/number_text.h"
 
 namespace velmora {
@@ -14,17 +15,8 @@ constexpr char kNewCharge[] = "100";
 constexpr char kEditCharge[] = "101";
 constexpr char kDeleteCharge[] = "102";
 
-// The dates that stand for an open bound.
-const quor::Date kOpenStart = quor::Date::from_ymd(1990, 1, 1);
-const quor::Date kOpenEnd = quor::Date::from_ymd(2999, 12, 31);
-
 // The columns of the list.
 enum : std::size_t { kFrom, kTo, kSalaryCode, kSum, kPercentage, kComment };
-
-std::string bound_text(const quor::Variant& date, quor::Date open) {
-  const quor::Date bound = date.is_null() ? open : date.to_date();
-  return bound == open ? "" : quor::date_text(bound);
-}
 
 // A cell that holds no full date is an open bound.
 std::optional<quor::Date> shown_date(const std::string& cell) {
@@ -98,18 +90,18 @@ void frmOfficeEmployeeExtraCharges::fill() {
 }
 
 void frmOfficeEmployeeExtraCharges::add_charge(const quor::Recordset& charge) {
-  const std::size_t row = lvwExtraCharges.add_row(bound_text(charge.field("DateFrom"), kOpenStart),
+  const std::size_t row = lvwExtraCharges.add_row(quor::bound_text(charge.field("DateFrom"), quor::open_start()),
                                                   catalogue::null_to_text(charge.field("GUID")));
   const auto put = [&](std::size_t column, std::string text) {
     lvwExtraCharges.set_text(row, column, std::move(text));
   };
-  put(kTo, bound_text(charge.field("DateTo"), kOpenEnd));
+  put(kTo, quor::bound_text(charge.field("DateTo"), quor::open_end()));
   put(kSalaryCode, salary_code_text(catalogue::null_to_int32(charge.field("SalaryCodeID"))));
   const double sum = catalogue::null_to_double(charge.field("SumA"));
   if (sum > 0) {
     put(kSum, quor::fixed_text(sum, 2));
   } else {
-    const bool tied = catalogue::null_to_text(charge.field("SalaryExtraOID")).size() >= quor::kTypeCodeLength;
+    const bool tied = quor::names_type(catalogue::null_to_text(charge.field("SalaryExtraOID")));
     put(kPercentage,
         quor::general_text(tied ? service_percentage() : catalogue::null_to_double(charge.field("Percentage"))) + "%");
   }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "frame/catalogue.h"
+#include "frame/contract/host_types.h"
 #include "frame/contract/quor_object_ui.h"
 #include "frame/object_types.h"
 
@@ -11,8 +12,6 @@ namespace velmora {
 
 namespace {
 
-constexpr char kDepartmentType[] = "O0001604";
-constexpr char kEmployeeType[] = "O0400100";
 // How the department chooser is to offer its objects.
 constexpr char kChooserMode[] = "T";
 constexpr char kBlank[] = " ";
@@ -32,8 +31,6 @@ std::vector<quor::ListColumn> list_columns(std::span<const PreviewColumn> column
   }
   return result;
 }
-
-bool carries_object(const std::string& key) { return key.size() > quor::kTypeCodeLength; }
 
 }  // namespace
 
@@ -86,7 +83,8 @@ void PreviewForm::release() {
 }
 
 void PreviewForm::select_department() {
-  const quor::PickedObject department = application_.SelectObject(kDepartmentType, txtDepartment.tag(), kChooserMode);
+  const quor::PickedObject department =
+      application_.SelectObject(quor::kDepartmentType, txtDepartment.tag(), kChooserMode);
   if (department.Identity.empty()) return;
   txtDepartment.set_text(department.Name);
   txtDepartment.set_tag(quor::key_of_identity(department.Identity));
@@ -120,7 +118,7 @@ std::shared_ptr<quor::Recordset> PreviewForm::requested(const std::string& name,
 }
 
 std::size_t PreviewForm::add_row(std::int32_t user) {
-  const std::size_t row = lvwRows.add_row(kBlank, kEmployeeType + std::to_string(user));
+  const std::size_t row = lvwRows.add_row(kBlank, quor::object_key(quor::kEmployeeType, user));
   for (std::size_t column = 1; column < columns_.size(); ++column) lvwRows.set_text(row, column, kBlank);
   return row;
 }
@@ -131,13 +129,13 @@ void PreviewForm::open_menu() {
 
 std::string PreviewForm::selected_employee() const {
   const std::string& tag = lvwRows.selected_tag();
-  return carries_object(tag) ? tag : "";
+  return quor::carries_object(tag) ? tag : "";
 }
 
 void PreviewForm::place_on_desk_top() {
   const std::string employee = selected_employee();
   if (employee.empty()) return;
-  if (const auto ui = application_.GetQuorObjectUI(kEmployeeType)) ui->AddToDeskTopQuorObject(employee);
+  if (const auto ui = application_.GetQuorObjectUI(quor::kEmployeeType)) ui->AddToDeskTopQuorObject(employee);
 }
 
 void PreviewForm::print() {

@@ -2,6 +2,7 @@
 
 #include "forms/settings/experience_row_editor.h"
 #include "forms/settings/new_version.h"
+#include "frame/contract/host_types.h"
 #include "frame/numeric_box.h"
 #include "frame/object_types.h"
 #include "frame/row_dialog.h"
@@ -15,8 +16,6 @@ namespace {
 constexpr char kAddBand[] = "100";
 constexpr char kEditBand[] = "101";
 constexpr char kDeleteBand[] = "102";
-
-constexpr char kConstantType[] = "O0400600";  // salary constants, of the host
 
 std::string money(double value) { return quor::fixed_text(value, 2); }
 
@@ -81,7 +80,7 @@ void frmOfficeEmployeeSettings::opening() {
 
 void frmOfficeEmployeeSettings::choose_tariff(const Tariff& tariff) {
   const std::string picked =
-      quor::key_of_identity(catalogue::pick_object(application_, kConstantType, tariff.name.tag()));
+      quor::key_of_identity(catalogue::pick_object(application_, quor::kConstantType, tariff.name.tag()));
   if (picked.empty() || picked == tariff.name.tag()) return;
   const std::int32_t id = catalogue::chosen_id(picked);
   tariff.name.set_tag(picked);
@@ -154,7 +153,7 @@ void frmOfficeEmployeeSettings::cancel() {
 void frmOfficeEmployeeSettings::fill() {
   const auto hourglass = application_.hourglass();
   modified_ = false;
-  is_new_ = QuorObjectUIO->OIDR().size() <= quor::kTypeCodeLength;
+  is_new_ = !quor::carries_object(QuorObjectUIO->OIDR());
   if (is_new_) start_new_record();
   const quor::Fields fields = QuorObjectUIO->Fields();
   const quor::Variant date = fields["DateFrom"].Value();
@@ -185,7 +184,7 @@ void frmOfficeEmployeeSettings::fill_tariff(const Tariff& tariff, std::int32_t i
   const auto constants = named_rows("SalaryConstants", catalogue::quoted(dtpDate.value()));
   if (!catalogue::filter_test(constants, "ConstantTypeID = " + std::to_string(id))) return;
   tariff.value.set_text(money(catalogue::null_to_double(constants->field("ConstantValue"))));
-  tariff.name.set_tag(kConstantType + constants->field("ConstantTypeID").to_text());
+  tariff.name.set_tag(quor::object_key(quor::kConstantType, constants->field("ConstantTypeID").to_int32()));
   tariff.name.set_text(catalogue::null_to_text(constants->field("Name")));
 }
 

@@ -2,6 +2,7 @@
 #include "frame/contract/list_report.h"
 #include "frame/contract/named_members.h"
 #include "frame/contract/object_registry.h"
+#include "frame/contract/open_bounds.h"
 #include "frame/contract/open_objects.h"
 #include "frame/contract/quor_application.h"
 #include "frame/contract/quor_header.h"
@@ -11,6 +12,20 @@
 #include "frame/contract/quor_object_uio.h"
 
 namespace quor {
+
+Date open_start() {
+  static const Date date = Date::from_ymd(1990, 1, 1);
+  return date;
+}
+
+Date open_end() {
+  static const Date date = Date::from_ymd(2999, 12, 31);
+  return date;
+}
+
+std::string bound_text(const Variant& date, Date open) {
+  return date.is_null() || date.to_date() == open ? "" : date_text(date.to_date());
+}
 
 ListReport::~ListReport() = default;
 NamedMembers::~NamedMembers() = default;

@@ -6,13 +6,13 @@
 #include "host/application/host_object_ui.h"
 #include "host/application/main_bo.h"
 #include "host/company/desk_top.h"
-#include "host/company/row_copy.h"
 #include "host/objects/employee_object.h"
 #include "host/objects/picked_identity.h"
 #include "host/objects/standard_object_uio.h"
 #include "host/requests/object_lists.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
+#include "platform/data/quoted_text.h"
 #include "platform/toolkit/form.h"
 
 namespace quor {
@@ -34,7 +34,7 @@ std::shared_ptr<QuorObjectUIO> host_data_object(QuorApplication& application, Co
 
 // Stands on the object; false when the list does not have it.
 bool find_in_list(Recordset& list, const std::string& key) {
-  list.Filter(std::string(kKeyField) + " = '" + doubled_quotes(key) + "'");
+  list.Filter(std::string(kKeyField) + " = " + quoted(key));
   return list.RecordCount() > 0;
 }
 
@@ -77,7 +77,7 @@ std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& o
 
 std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& identity) {
   const std::string key = key_of_identity(identity);
-  const std::string object_type = key.substr(0, kTypeCodeLength);
+  const std::string object_type = type_of_key(key);
   const auto type = registrations_.types.find(object_type);
   const bool registered = type != registrations_.types.end();
   std::shared_ptr<QuorObjectUIO> object;

@@ -9,11 +9,9 @@ namespace quor {
 
 namespace {
 
-bool is_stored(const std::string& object) { return object.size() > kTypeCodeLength; }
-
 // An editor of a new object whose type is not told may be one of any type.
 bool may_become(const std::string& new_object, const std::string& stored) {
-  return !is_stored(new_object) && stored.starts_with(new_object);
+  return !carries_object(new_object) && stored.starts_with(new_object);
 }
 
 }  // namespace
@@ -41,7 +39,7 @@ void OpenObjects::leave(Form& editor) {
 }
 
 Form* OpenObjects::find(const std::string& object) const {
-  if (!is_stored(object)) return nullptr;
+  if (!carries_object(object)) return nullptr;
   const auto found =
       std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.object == object; });
   return found == entries_.end() ? nullptr : found->editor;
@@ -50,7 +48,7 @@ Form* OpenObjects::find(const std::string& object) const {
 std::string OpenObjects::object_of(const Form& editor) const {
   const auto found =
       std::find_if(entries_.begin(), entries_.end(), [&](const Entry& entry) { return entry.editor == &editor; });
-  return found == entries_.end() || !is_stored(found->object) ? "" : found->object;
+  return found == entries_.end() || !carries_object(found->object) ? "" : found->object;
 }
 
 void OpenObjects::written(QuorObjectUIO& object) {
@@ -67,7 +65,7 @@ bool OpenObjects::may_leave(const std::string& object) { return !may_leave_ || m
 
 void OpenObjects::left(const std::string& object, Form& editor) {
   const auto entry = entry_of(editor);
-  if (entry != entries_.end()) entry->object = object.substr(0, kTypeCodeLength);
+  if (entry != entries_.end()) entry->object = type_of_key(object);
   for (std::size_t i = 0; i < left_.size(); ++i) left_[i](object, editor);
 }
 

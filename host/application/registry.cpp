@@ -59,7 +59,7 @@ std::shared_ptr<Layout> Registry::AddLayout(const std::string& layout_code, cons
 
 void Registry::RegisterObjectType(const std::string& library, const std::string& object_type,
                                   const std::string& caption) {
-  if (object_type.size() != kTypeCodeLength) {
+  if (!is_type_code(object_type)) {
     throw Error(ErrorKind::kTypeMismatch, "„" + object_type + "“ nėra objekto tipo kodas.");
   }
   if (!registrations_.types.emplace(object_type, RegisteredType{library, caption, number_}).second) {

@@ -43,10 +43,4 @@ std::shared_ptr<Recordset> current_row_only(const Recordset& source, bool with_r
   return accepted(std::move(copy));
 }
 
-std::string doubled_quotes(std::string_view text) {
-  std::string result;
-  for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
-  return result;
-}
-
 }  // namespace quor

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 
 #include "platform/data/recordset.h"
@@ -13,8 +12,5 @@ namespace quor {
 std::shared_ptr<Recordset> rows_that_pass(const Recordset& kept, std::string_view filter);
 // A new set of the current row of `source`, or without rows.
 std::shared_ptr<Recordset> current_row_only(const Recordset& source, bool with_row);
-
-// Text as it goes between the quotes of a filter.
-std::string doubled_quotes(std::string_view text);
 
 }  // namespace quor

@@ -16,6 +16,7 @@
 #include "host/report/report_text.h"
 #include "host/store/object_codes.h"
 #include "platform/data/month.h"
+#include "platform/data/quoted_text.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/form.h"
@@ -104,7 +105,7 @@ class OpenPreview {
 // A list numbers its people in 16 bits. The rows of one person stand together. `department` 0 is everybody.
 bool fits_one_list(Session& session, const Month& month, std::int32_t department) {
   constexpr std::int32_t kPeopleOfList = 32767;
-  const std::string parameter = "'" + date_text(month.last_day()) + "'," + std::to_string(department);
+  const std::string parameter = quoted(month.last_day()) + "," + std::to_string(department);
   const auto rows = session.named_record_set("OfficeEmployeePreview", parameter);
   const FieldHandle user = rows->handle("UserID");
   std::int32_t people = 0, last = 0;

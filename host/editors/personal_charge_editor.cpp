@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "frame/contract/open_bounds.h"
 #include "host/store/database.h"
 #include "host/store/object_codes.h"
 #include "platform/data/number_text.h"
@@ -11,15 +12,7 @@ namespace quor {
 
 namespace {
 
-// The dates that stand for an open bound in what was entered elsewhere.
-const Date kOpenStart = Date::from_ymd(1990, 1, 1);
-const Date kOpenEnd = Date::from_ymd(2999, 12, 31);
-
 constexpr char kNoSalaryCode[] = "0";
-
-std::string bound_text(const Variant& date, Date open) {
-  return date.is_null() || date.to_date() == open ? "" : date_text(date.to_date());
-}
 
 std::string amount_text(double amount) { return amount > 0 ? general_text(amount) : ""; }
 
@@ -104,14 +97,14 @@ void PersonalChargeEditor::write() {
 void PersonalChargeEditor::show_charge() {
   const Fields fields = charge_.Fields();
   const double sum = null_to_double(fields["SumA"].Value());
-  const bool tied = null_to_text(fields["SalaryExtraOID"].Value()).size() >= kTypeCodeLength;
+  const bool tied = names_type(null_to_text(fields["SalaryExtraOID"].Value()));
   read_kind_ = sum > 0 ? kSum : tied ? kLengthOfService : kPercentage;
   const double percentage = null_to_double(fields["Percentage"].Value());
   lvwKind.select_row(read_kind_);
   txtSum.set_text(amount_text(sum));
   txtPercentage.set_text(read_kind_ == kPercentage ? amount_text(percentage) : "");
-  txtDateFrom.set_text(bound_text(fields["DateFrom"].Value(), kOpenStart));
-  txtDateTo.set_text(bound_text(fields["DateTo"].Value(), kOpenEnd));
+  txtDateFrom.set_text(bound_text(fields["DateFrom"].Value(), open_start()));
+  txtDateTo.set_text(bound_text(fields["DateTo"].Value(), open_end()));
   txtComment.set_text(null_to_text(fields["Comment"].Value()));
   show_salary_codes();
 }

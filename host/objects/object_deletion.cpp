@@ -80,7 +80,7 @@ void refuse_settings_of_closed_months(Database& database, std::int32_t id, const
 
 void delete_object(QuorApplication& application, Company& company, const std::string& identity) {
   const std::string key = key_of_identity(identity);
-  const std::string code = key.substr(0, kTypeCodeLength);
+  const std::string code = type_of_key(key);
   const RecordType* const type = record_type(code);
   if (type == nullptr || type->read_only) {
     refuse("Objekto „" + key + "“ čia panaikinti negalima: tokius tvarko kita programos dalis.");

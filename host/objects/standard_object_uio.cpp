@@ -15,8 +15,6 @@ namespace quor {
 
 namespace {
 
-bool is_new_key(const std::string& oidr) { return oidr.size() <= kTypeCodeLength; }
-
 SaveStatus failed(const std::string& text) { return {.Failed = true, .ErrorText = text}; }
 
 // One open row of the type's fields; the field for the rows that belong to it is null.
@@ -54,7 +52,7 @@ MethodResult StandardObjectUIO::Methods(const std::string& /*name*/, const Param
 SaveStatus StandardObjectUIO::Read() {
   if (type_ == nullptr) return failed("Nežinomas objekto tipas: „" + object_type_ + "“.");
   try {
-    if (is_new_key(oidr_) && !type_->read_only) {
+    if (!carries_object(oidr_) && !type_->read_only) {
       if (const std::string text = refusal_to_begin(); !text.empty()) return failed(text);
       make_new_record();
       preview_.clear();
@@ -113,7 +111,7 @@ void StandardObjectUIO::CancelUpdate() {
   record_->CancelBatch();
 }
 
-bool StandardObjectUIO::is_read() const { return record_ && (id_ ? oidr_ == read_oidr_ : is_new_key(oidr_)); }
+bool StandardObjectUIO::is_read() const { return record_ && (id_ ? oidr_ == read_oidr_ : !carries_object(oidr_)); }
 
 // Why the user may not store the record; "" when nothing is against it.
 std::string StandardObjectUIO::refusal() const {

@@ -13,19 +13,20 @@
 #include "platform/data/column.h"
 #include "platform/data/error.h"
 #include "platform/data/number_text.h"
+#include "platform/data/quoted_text.h"
 
 namespace quor {
 
 namespace {
 
 std::shared_ptr<Recordset> settings_at(Company& company, Date date) {
-  const std::string quoted = "'" + date_text(date) + "'";
-  ParameterText parameter(quoted);
+  const std::string text = quoted(date);
+  ParameterText parameter(text);
   return requests::office_employee_settings(company, parameter);
 }
 
 // Tied to the salary extension: the percentage is the length-of-service supplement's.
-bool tied(const ChargeInput& charge) { return charge.salary_extra_oid.size() >= kTypeCodeLength; }
+bool tied(const ChargeInput& charge) { return names_type(charge.salary_extra_oid); }
 
 // What the engine is going to ask for, once for everybody: read here it is of the same state as the other inputs, and a
 // connection that fails stops the calculation instead of each person's.
@@ -39,12 +40,11 @@ void read_ahead(Company& company, const Month& month, const MonthInputs& inputs)
     for (const PositionInput& position : person.positions) dates.insert(position.to);
   }
   for (const Date date : dates) {
-    const std::string quoted = "'" + date_text(date) + "'";
-    ask(requests::salary_constants, quoted);
-    ask(requests::office_employee_settings, quoted);
-    ask(requests::office_employee_category, "0," + quoted);
+    ask(requests::salary_constants, quoted(date));
+    ask(requests::office_employee_settings, quoted(date));
+    ask(requests::office_employee_category, "0," + quoted(date));
   }
-  ask(requests::salary_extra_row, "'','" + date_text(month.last_day()) + "'");
+  ask(requests::salary_extra_row, quoted("") + "," + quoted(month.last_day()));
   ask(requests::office_employee_experience, kNoParameter);
 }
 

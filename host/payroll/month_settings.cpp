@@ -4,6 +4,7 @@
 #include "host/payroll/value_faults.h"
 #include "host/requests/parameter_text.h"
 #include "platform/data/error.h"
+#include "platform/data/quoted_text.h"
 
 namespace quor {
 
@@ -41,9 +42,9 @@ std::string number_fault(const Recordset& row) {
 
 // Takes the codes of the list; answers what is wrong with it.
 std::string take_codes(const std::string& list, std::set<std::int32_t>& codes) {
-  const std::string quoted = "'" + list + "'";
+  const std::string text = quoted(list);
   try {
-    const auto read = ParameterText(quoted).whole_list();
+    const auto read = ParameterText(text).whole_list();
     codes.insert(read.begin(), read.end());
     return "";
   } catch (const Error&) {

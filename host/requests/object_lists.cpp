@@ -102,7 +102,7 @@ ListParameter parse(const std::string& text) {
 }
 
 std::int32_t parent_id(const ListedType& type, const std::string& key) {
-  const auto id = type.parent_type != nullptr && key.starts_with(type.parent_type) ? id_of_key(key) : std::nullopt;
+  const auto id = type.parent_type != nullptr ? id_of_key(key, type.parent_type) : std::nullopt;
   if (!id) throw Error(ErrorKind::kTypeMismatch, std::string(type.caption) + " nepriklauso objektui „" + key + "“.");
   return *id;
 }

@@ -33,7 +33,7 @@ Answer office_employee_settings(Company& company, ParameterText& parameter);
 // None. UserID, DateExperience, ExperienceYears, ExperienceMonthes: at most one row an employee.
 Answer office_employee_experience(Company& company, ParameterText& parameter);
 // None. ID, PersonalID, DateFrom, DateTo, SalaryExtraOID, SumA, Percentage, SalaryCodeID: every charge of everybody.
-// Open bounds are 1990.01.01 and 2999.12.31, so that a filter by dates finds them.
+// Open bounds are those of frame/contract/open_bounds.h.
 Answer office_employee_extra_charges(Company& company, ParameterText& parameter);
 // 'employee key' (O0400100 + ID). The charges of one employee; open bounds are null. Throws for an unknown employee.
 Answer personal_extra_charges(Company& company, ParameterText& parameter);

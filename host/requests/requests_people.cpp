@@ -1,9 +1,11 @@
 // Requests about people: departments, employees, their length of service, charges and positions.
+#include "frame/contract/open_bounds.h"
 #include "host/company/readable_columns.h"
 #include "host/company/row_copy.h"
 #include "host/requests/requests.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
+#include "platform/data/quoted_text.h"
 
 namespace quor::requests {
 
@@ -43,10 +45,6 @@ const std::vector<FieldInfo> kPositionFields = {{"ID", FieldType::kInt32},
                                                 {"Key", FieldType::kText},
                                                 {"DateFrom", FieldType::kDate},
                                                 {"DateTo", FieldType::kDate}};
-
-// The bounds that stand for open ends where charges are filtered by dates.
-const Date kOpenStart = Date::from_ymd(1990, 1, 1);
-const Date kOpenEnd = Date::from_ymd(2999, 12, 31);
 
 // All positions, read once for a month of requests that each ask for one; the rows of one key by date.
 Answer positions(Company& company) {
@@ -98,7 +96,7 @@ Answer office_employee_extra_charges(Company& company, ParameterText& parameter)
                                                  ", salary_extra_oid, " + readable_number("sum_a") + ", " +
                                                  readable_number("percentage") +
                                                  ", salary_code_id FROM extra_charges ORDER BY employee_id, id",
-                                             kExtraChargeFields, {kOpenStart, kOpenEnd});
+                                             kExtraChargeFields, {open_start(), open_end()});
             })
       ->Clone();
 }
@@ -106,7 +104,7 @@ Answer office_employee_extra_charges(Company& company, ParameterText& parameter)
 Answer personal_extra_charges(Company& company, ParameterText& parameter) {
   const std::string key = parameter.text();
   parameter.end();
-  const auto employee = key.starts_with(kEmployeeType) ? id_of_key(key) : std::nullopt;
+  const auto employee = id_of_key(key, kEmployeeType);
   if (!employee) throw Error(ErrorKind::kTypeMismatch, "„" + key + "“ nėra darbuotojo raktas.");
   Database& database = company.database();
   auto charges = database.read(
@@ -124,7 +122,7 @@ Answer salary_extra_row(Company& company, ParameterText& parameter) {
   const Date date = parameter.date();
   parameter.end();
   const auto of_key = positions(company)->Clone();
-  of_key->Filter("Key = '" + doubled_quotes(key) + "' AND DateFrom <= #" + date_text(date) + "#");
+  of_key->Filter("Key = " + quoted(key) + " AND DateFrom <= #" + date_text(date) + "#");
   const FieldHandle date_to = of_key->handle("DateTo");
   // Rows stand by date: the last one that has begun is in force, unless it has ended.
   if (of_key->RecordCount() > 0) of_key->MoveLast();

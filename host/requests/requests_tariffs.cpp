@@ -5,6 +5,7 @@
 #include "host/company/row_copy.h"
 #include "host/requests/requests.h"
 #include "platform/data/error.h"
+#include "platform/data/quoted_text.h"
 
 namespace quor::requests {
 
@@ -48,9 +49,9 @@ const std::vector<FieldInfo> kSalaryCodeFields = {
 std::string at(const char* name, Date date) { return std::string(name) + date_text(date); }
 
 bool is_code_list(const std::string& text) {
-  const std::string quoted = "'" + text + "'";
+  const std::string list = quoted(text);
   try {
-    ParameterText(quoted).whole_list();
+    ParameterText(list).whole_list();
     return true;
   } catch (const Error&) {
     return false;

@@ -1,14 +1,12 @@
 #include "host/sample/sample_people.h"
 
 #include "host/sample/sample_data.h"
+#include "host/store/object_codes.h"
 #include "host/store/sort_key.h"
 #include "platform/data/date.h"
 
 namespace quor {
 namespace {
-
-// The object type of an extra charge that is tied to the length of service.
-constexpr std::string_view kServiceChargeType = "O0402000";
 
 double share_of(std::int32_t number) {
   if (number % 10 == 3) return 0.5;
@@ -148,7 +146,7 @@ void SamplePeople::add_charges(std::int32_t number, std::int32_t employee, Date 
     const bool service = code == sample_data::kServiceCode;
     const std::string guid = random_.guid();
     charges_.add(static_cast<std::int32_t>(charges_.size()), guid, employee, from, to, sum, percentage,
-                 service ? std::optional(kServiceChargeType) : std::nullopt,
+                 service ? std::optional<std::string_view>(kSalaryExtensionType) : std::nullopt,
                  around_.first_salary_code + static_cast<std::int32_t>(code), comment, 1);
   };
   const double rank = 10.0 + 5.0 * random_.below(5);

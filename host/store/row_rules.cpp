@@ -1,6 +1,6 @@
 #include "host/store/row_rules.h"
 
-#include "frame/contract/quor_object_uio.h"
+#include "frame/contract/object_key.h"
 #include "host/store/value_ranges.h"
 #include "platform/data/number_text.h"
 
@@ -26,7 +26,7 @@ Broken scale_step_runs_backwards(const Values& values) {
 // A 0 says nothing where the charge is given another way; a percentage of 0 alone is one.
 Broken not_given_in_one_way(const Values& values) {
   const bool sum = null_to_double(values[0]) > 0;
-  const bool tied = null_to_text(values[2]).size() >= kTypeCodeLength;
+  const bool tied = names_type(null_to_text(values[2]));
   const bool percentage = null_to_double(values[1]) != 0 || (!values[1].is_null() && !sum && !tied);
   if (sum + percentage + tied == 1) return std::nullopt;
   const std::string one_of = "priedui nurodoma arba suma, arba procentas, arba sąsaja su tarnybos stažu";

@@ -4,10 +4,11 @@
 
 #include "host/desktop/edge/mnemonics.h"
 #include "host/requests/object_lists.h"
+#include "platform/data/quoted_text.h"
 
 namespace quor {
 
-MenuPlace place_of_object(const std::string& key) { return {key.substr(0, kTypeCodeLength), key, key}; }
+MenuPlace place_of_object(const std::string& key) { return {type_of_key(key), key, key}; }
 
 MenuPlace place_of_type(const std::string& object_type) { return {object_type, object_type + "K", ""}; }
 
@@ -49,13 +50,13 @@ std::shared_ptr<Recordset> list_of_type(DesktopApplication& application, const s
 }
 
 QString name_in(Recordset& list, const std::string& key) {
-  list.Filter(std::string(kKeyField) + " = '" + key + "'");
+  list.Filter(std::string(kKeyField) + " = " + quoted(key));
   if (list.RecordCount() == 0) return {};
   return QString::fromStdString(null_to_text(list.field(FieldHandle{kNameColumn})));
 }
 
 QString object_name(DesktopApplication& application, const std::string& key) {
-  const auto list = list_of_type(application, key.substr(0, kTypeCodeLength));
+  const auto list = list_of_type(application, type_of_key(key));
   return list ? name_in(*list, key) : QString();
 }
 

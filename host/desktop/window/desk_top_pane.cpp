@@ -28,7 +28,7 @@ void DeskTopPane::refresh() {
   clear();
   std::map<std::string, std::shared_ptr<Recordset>> lists;  // by type: one that cannot be read is told once
   for (const std::string& key : application_.desk_top()) {
-    const std::string object_type = key.substr(0, kTypeCodeLength);
+    const std::string object_type = type_of_key(key);
     const QString type = QString::fromStdString(application_.type_caption(object_type));
     QString name = type;
     if (!application_.guard().view_refusal(object_type).empty()) {

@@ -158,7 +158,7 @@ void EditorTabs::find_title(Editor& editor) {
   editor.title = name.isEmpty() ? caption : name.front().isDigit() ? caption + ' ' + name : name;
   show_title(editor);
   setTabToolTip(index, name.isEmpty() ? caption : caption + ": " + name);
-  setTabIcon(index, object.empty() ? QIcon() : object_icon(application_, object.substr(0, kTypeCodeLength)));
+  setTabIcon(index, object.empty() ? QIcon() : object_icon(application_, type_of_key(object)));
 }
 
 void EditorTabs::show_title(const Editor& editor) {

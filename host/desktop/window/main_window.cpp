@@ -107,8 +107,7 @@ void MainWindow::listen() {
   // Whoever has written goes on first: a fault of the lists is not his.
   const auto later = [this](const std::string& object) {
     QMetaObject::invokeMethod(
-        this, [this, object_type = object.substr(0, kTypeCodeLength)] { object_changed(object_type); },
-        Qt::QueuedConnection);
+        this, [this, object_type = type_of_key(object)] { object_changed(object_type); }, Qt::QueuedConnection);
   };
   OpenObjects& open = application_.open_objects();
   open.on_written([later, self = QPointer<MainWindow>(this)](QuorObjectUIO& object) {
