@@ -60,18 +60,18 @@ class MonthProgramTest : public testing::TestWithParam<Backend> {
 ON_EVERY_DATABASE(MonthProgramTest);
 
 TEST_P(MonthProgramTest, KilledAtAnyMomentItLeavesEachDocumentWholeOrAbsent) {
-  given_company(2000);
+  given_company(1300);
   const auto start = Clock::now();
   EXPECT_EQ(quor({"month", "2008-01"}).status, 0);
   const auto whole_run = Clock::now() - start;
   const auto expected = documents();
-  ASSERT_GT(expected.size(), 1500U);
+  ASSERT_GT(expected.size(), 1000U) << "more than one transaction";
 
   int killed = 0;
-  for (int moment = 1; moment <= 20; ++moment) {
+  for (int moment = 1; moment <= 7; ++moment) {
     remove_documents();
     const auto run = start_month();
-    std::this_thread::sleep_for(whole_run * moment / 21);
+    std::this_thread::sleep_for(whole_run * moment / 8);
     killed += run->stop(SIGKILL) ? 1 : 0;
     const auto found = documents();
     EXPECT_TRUE(std::includes(expected.begin(), expected.end(), found.begin(), found.end(),
@@ -80,7 +80,7 @@ TEST_P(MonthProgramTest, KilledAtAnyMomentItLeavesEachDocumentWholeOrAbsent) {
                               }))
         << "killed at moment " << moment;
   }
-  EXPECT_GT(killed, 4);  // on a machine whose speed changes, the later moments may come too late
+  EXPECT_GT(killed, 2);  // on a machine whose speed changes, the later moments may come too late
   EXPECT_EQ(quor({"month", "2008-01"}).status, 0);
   EXPECT_EQ(documents(), expected);
 }
@@ -99,7 +99,7 @@ TEST_P(MonthProgramTest, TwoAtOnceEndWithEachDocumentOnce) {
 }
 
 TEST_P(MonthProgramTest, CtrlCStopsBetweenPeopleAndSaysWhatIsDone) {
-  given_company(2000);
+  given_company(1300);
   const auto run = start_month();
   // Until the work has begun, Ctrl-C ends the program as any other: wait for the first thousand.
   for (int waits = 0; waits < 1500 && documents().empty(); ++waits) {

@@ -253,9 +253,9 @@ TEST_F(ProgramTest, AKilledInitLeavesNoCompany) {
     SCOPED_TRACE(backend.name);
     const auto place = backend.make_place();
     int killed = 0;
-    for (int wait = 0; wait < 8; ++wait) {
+    for (int wait = 0; wait < 5; ++wait) {
       RunningQuor running(folder_.path(""), {"init", "--employees", "5000", "--company", place->address()});
-      usleep(50000 + 60000 * static_cast<unsigned>(wait));
+      usleep(50000 + 100000 * static_cast<unsigned>(wait));
       if (!running.stop(SIGKILL)) break;
       ++killed;
       expect_refused(quor({"get", "Departments", "--company", place->address()}), 1, "į");
