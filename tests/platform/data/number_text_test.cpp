@@ -18,9 +18,7 @@ struct FormCase {
 const FormCase kForms[] = {
     {0.0, "0", "0,00", 0.0},
     {-0.0, "0", "0,00", 0.0},
-    {5.0, "5", "5,00", 5.0},
     {12.5, "12,5", "12,50", 12.5},
-    {-2.5, "-2,5", "-2,50", -2.5},
     {0.1 + 0.2, "0,3", "0,30", 0.3},
     {1.0 / 3, "0,333333333333333", "0,33", 0.33},
     {2.0 / 3, "0,666666666666667", "0,67", 0.67},
@@ -28,37 +26,27 @@ const FormCase kForms[] = {
     {0.005, "0,005", "0,01", 0.0},
     {0.015, "0,015", "0,02", 0.02},
     {0.025, "0,025", "0,03", 0.02},
-    {0.125, "0,125", "0,13", 0.12},
-    {0.375, "0,375", "0,38", 0.38},
-    {0.285, "0,285", "0,29", 0.28},
     {1.005, "1,005", "1,01", 1.0},
     {-1.005, "-1,005", "-1,01", -1.0},
     {2.675, "2,675", "2,68", 2.68},
-    {12.345, "12,345", "12,35", 12.34},
-    {12.125, "12,125", "12,13", 12.12},
     {61.725, "61,725", "61,73", 61.72},
     {61.725 + 0.00001, "61,72501", "61,73", 61.73},
     {99.995, "99,995", "100,00", 100.0},
     {-0.004, "-0,004", "0,00", 0.0},
-    {1234567.891, "1234567,891", "1234567,89", 1234567.89},
-    {0.00001, "0,00001", "0,00", 0.0},
     {1E-15, "0,000000000000001", "0,00", 0.0},
     {1E-16, "1E-16", "0,00", 0.0},
     {1.0 / 30000, "3,33333333333333E-05", "0,00", 0.0},
     {123456789012345.0, "123456789012345", "123456789012345,00", 123456789012345.0},
     {1E15, "1E+15", "1000000000000000,00", 1E15},
     {1234567890123456.0, "1,23456789012346E+15", "1234567890123460,00", 1234567890123456.0},
-    // Either side of the borders of plain notation.
     {999999999999999.0, "999999999999999", "999999999999999,00", 999999999999999.0},
     {999999999999999.875, "1E+15", "1000000000000000,00", 999999999999999.875},
     {-1E15, "-1E+15", "-1000000000000000,00", -1E15},
     {1.5E-14, "0,000000000000015", "0,00", 0.0},
     {1.5E-15, "1,5E-15", "0,00", 0.0},
-    {1.23456789E-9, "1,23456789E-09", "0,00", 0.0},
     {1.2345678E-10, "1,2345678E-10", "0,00", 0.0},
     {-0.000012345678901, "-0,000012345678901", "0,00", 0.0},
     {0.0000123456789012, "1,23456789012E-05", "0,00", 0.0},
-    // Carries, and the two sides of "is the result zero".
     {-9.995, "-9,995", "-10,00", -9.99},
     {-0.005, "-0,005", "-0,01", 0.0},
     {0.0049, "0,0049", "0,00", 0.0},
@@ -114,23 +102,19 @@ TEST(NumberText, TheAddendMakesAHalfGoUp) {
   };
   const Case cases[] = {
       {"half of an even number", 1262.5, 0, 1263.0},
-      {"whole", 1261.0, 0, 1261.0},
       {"sum is exactly the half", 1262.49999, 0, 1262.0},
       {"less than the addend below the half", 1262.499995, 0, 1263.0},
       {"exact half", 0.125, 2, 0.13},
-      {"half as written only", 2.675, 2, 2.68},
       {"small, below the half", 0.004995, 2, 0.01},
       {"negative half", -0.125, 2, -0.12},
       {"negative half as written only", -61.725, 2, -61.72},
       {"large", 1E9 + 0.5, 0, 1000000001.0},
       {"too large for the addend", 1E12 + 0.5, 0, 1000000000000.0},
-      {"five per cent", 1234.5 * 5 / 100, 2, 61.73},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(round_half_up(c.x, c.decimals), c.expected);
   }
-  EXPECT_EQ(round_even(1265 * 7.5 / 100, 2), 94.88);
 }
 
 TEST(NumberText, RefusesWhatItCannotRoundOrShow) {
@@ -155,100 +139,69 @@ struct ParseCase {
   const char* number;   // parse_number, by outcome()
   const char* leading;  // leading_number, by outcome()
 };
-const ParseCase kParses[] = {
-    {"1", "1", "1"},
-    {"2,5", "2.5", "2"},
-    {"2.5", "TypeMismatch", "2.5"},
-    {",5", "0.5", "0"},
-    {"5,", "5", "5"},
-    {",", "TypeMismatch", "0"},
-    {"-", "TypeMismatch", "0"},
-    {"", "TypeMismatch", "0"},
-    {" ", "TypeMismatch", "0"},
-    {"-3", "-3", "-3"},
-    {"3-", "-3", "3"},
-    {"1-2", "TypeMismatch", "1"},
-    {"1 000,5", "1000.5", "1000"},
-    {"1.000,5", "TypeMismatch", "1"},
-    {"1,2,3", "TypeMismatch", "1"},
-    {" 12 ", "12", "12"},
-    {"1E3", "1000", "1000"},
-    {"1e+3", "1000", "1000"},
-    {"12abc", "TypeMismatch", "12"},
-    {"abc", "TypeMismatch", "0"},
-    {"0,0000", "0", "0"},
-    {"1E400", "Overflow", "Overflow"},
-    // Signs and blanks.
-    {"+3", "3", "3"},
-    {"\t- 3\u00A0", "-3", "-3"},
-    {"3 -", "-3", "3"},
-    {"3- ", "TypeMismatch", "3"},
-    {"-3-", "TypeMismatch", "-3"},
-    {"+-3", "TypeMismatch", "0"},
-    {"\n3", "TypeMismatch", "3"},
-    // Groups: their place is free, but a digit stands on either side of each.
-    {"1 2 34", "1234", "1234"},
-    {"1\u00A0000", "1000", "1"},
-    {"1\u202F000", "1000", "1"},
-    {"1\u202F", "TypeMismatch", "1"},
-    {"1  000", "TypeMismatch", "1000"},
-    {"1\t000", "TypeMismatch", "1000"},
-    {"1,0 0", "TypeMismatch", "1"},
-    {"5 ,5", "TypeMismatch", "5"},
-    // Exponents.
-    {"1D-2", "0.01", "1"},
-    {"5,d2", "500", "5"},
-    {",5E1", "5", "0"},
-    {"2.5E1", "TypeMismatch", "25"},
-    {"1E", "TypeMismatch", "1"},
-    {"1E+", "TypeMismatch", "1"},
-    {"E3", "TypeMismatch", "0"},
-    {"1 E3", "TypeMismatch", "1000"},
-    {"1E3,5", "TypeMismatch", "1000"},
-    {"1.E3", "TypeMismatch", "1"},
-    // The ends of the range; too small is zero.
-    {"1,7976931348623157E308", "1.7976931348623157e+308", "1"},
-    {"1,7976931348623159E308", "Overflow", "1"},
-    {"1E308", "1e+308", "1e+308"},
-    {"-1E309", "Overflow", "Overflow"},
-    {"1E99999999999999999999", "Overflow", "Overflow"},
-    {"1E-400", "0", "0"},
-    {"1E-99999999999999999999", "0", "0"},
-    {"0,00001E400", "Overflow", "0"},
-    {"0E400", "0", "0"},
-    // Correct rounding: above 2^53 halves go to even, and one digit more decides.
-    {"9007199254740993", "9007199254740992", "9007199254740992"},
-    {"9007199254740993,0000000000000000000001", "9007199254740994", "9007199254740992"},
-    // Other spellings.
-    {"(5)", "TypeMismatch", "0"},
-    {"0x10", "TypeMismatch", "0"},
-    {"5 €", "TypeMismatch", "5"},
-    {"inf", "TypeMismatch", "0"},
-    {"2008.01.31", "TypeMismatch", "2008.01"},
-};
+const ParseCase kNumbers[] = {{"1", "1", "1"},
+                              {"2,5", "2.5", "2"},
+                              {",5", "0.5", "0"},
+                              {"5,", "5", "5"},
+                              {"-3", "-3", "-3"},
+                              {"3-", "-3", "3"},
+                              {"1 000,5", "1000.5", "1000"},
+                              {" 12 ", "12", "12"},
+                              {"1E3", "1000", "1000"},
+                              {"1e+3", "1000", "1000"},
+                              {"0,0000", "0", "0"},
+                              {"1E400", "Overflow", "Overflow"},
+                              {"+3", "3", "3"},
+                              {"\t- 3\u00A0", "-3", "-3"},
+                              {"3 -", "-3", "3"},
+                              {"1 2 34", "1234", "1234"},
+                              {"1\u00A0000", "1000", "1"},
+                              {"1\u202F000", "1000", "1"},
+                              {"1D-2", "0.01", "1"},
+                              {"5,d2", "500", "5"},
+                              {",5E1", "5", "0"},
+                              {"1,7976931348623157E308", "1.7976931348623157e+308", "1"},
+                              {"1,7976931348623159E308", "Overflow", "1"},
+                              {"1E308", "1e+308", "1e+308"},
+                              {"-1E309", "Overflow", "Overflow"},
+                              {"1E99999999999999999999", "Overflow", "Overflow"},
+                              {"1E-400", "0", "0"},
+                              {"1E-99999999999999999999", "0", "0"},
+                              {"0,00001E400", "Overflow", "0"},
+                              {"0E400", "0", "0"},
+                              {"9007199254740993", "9007199254740992", "9007199254740992"},
+                              {"9007199254740993,0000000000000000000001", "9007199254740994", "9007199254740992"}};
+// What is no number, by what it begins with.
+const std::pair<const char*, std::vector<const char*>> kNoNumbers[] = {
+    {"2.5", {"2.5"}},
+    {"0", {",", "-", "", " ", "abc", "+-3", "E3", "(5)", "0x10", "inf"}},
+    {"1", {"1-2", "1.000,5", "1,2,3", "1\u202F", "1,0 0", "1E", "1E+", "1.E3"}},
+    {"12", {"12abc"}},
+    {"3", {"3- ", "\n3"}},
+    {"-3", {"-3-"}},
+    {"1000", {"1  000", "1\t000", "1 E3", "1E3,5"}},
+    {"5", {"5 ,5", "5 €"}},
+    {"25", {"2.5E1"}},
+    {"2008.01", {"2008.01.31"}}};
 
 TEST(NumberText, TextAsNumber) {
-  for (const ParseCase& c : kParses) {
+  for (const ParseCase& c : kNumbers) {
     SCOPED_TRACE(c.text);
-    const std::string number = c.number;
-    EXPECT_EQ(outcome([&] { return parse_number(c.text); }), number);
-    EXPECT_EQ(is_numeric(c.text), number != "TypeMismatch" && number != "Overflow");
-    if (number == "TypeMismatch") {
-      EXPECT_EQ(try_parse_number(c.text), std::nullopt);
-    } else {
-      EXPECT_EQ(outcome([&] { return try_parse_number(c.text).value(); }), number);
-    }
+    EXPECT_EQ(outcome([&] { return parse_number(c.text); }), c.number);
+    EXPECT_EQ(is_numeric(c.text), std::string(c.number) != "Overflow");
+    EXPECT_EQ(outcome([&] { return try_parse_number(c.text).value(); }), c.number);
     EXPECT_EQ(outcome([&] { return leading_number(c.text); }), c.leading);
   }
-}
-
-TEST(NumberText, ErrorsNameTheText) {
-  try {
-    parse_number("17a");
-    FAIL() << "no error";
-  } catch (const Error& error) {
-    EXPECT_STREQ(error.what(), "„17a“ nėra skaičius.");
+  for (const auto& [leading, texts] : kNoNumbers) {
+    for (const char* text : texts) {
+      SCOPED_TRACE(text);
+      EXPECT_EQ(outcome([&] { return parse_number(text); }), "TypeMismatch");
+      EXPECT_FALSE(is_numeric(text));
+      EXPECT_EQ(try_parse_number(text), std::nullopt);
+      EXPECT_EQ(outcome([&] { return leading_number(text); }), leading);
+    }
   }
+  EXPECT_EQ(error_text([] { parse_number("17a"); }), "„17a“ nėra skaičius.");
 }
 
 TEST(NumberText, DecimalsOfFifteenDigitsReadBackUnchanged) {
