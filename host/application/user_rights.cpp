@@ -5,6 +5,7 @@
 #include "host/company/rights.h"
 #include "host/requests/object_lists.h"
 #include "host/store/object_codes.h"
+#include "host/store/tables/statements.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -27,14 +28,13 @@ void require_each_once(const std::vector<CompanyUser>& users) {
   }
 }
 
+constexpr const char* kRightColumns[] = {"can_view", "can_create", "can_delete", "can_print", "can_write"};
+
 void insert_rights(Database& database, std::int32_t id, const CompanyUser& user) {
   for (const auto& [component, flags] : user.rights) {
-    std::vector<Variant> values = {id, component};
-    for (const bool flag : flags) values.emplace_back(flag ? 1 : 0);
-    database.execute(
-        "INSERT INTO rights (user_id, component, can_view, can_create, can_delete, can_print, can_write)"
-        " VALUES (:p0, :p1, :p2, :p3, :p4, :p5, :p6)",
-        values);
+    std::vector<ColumnValue> values = {{"user_id", id}, {"component", component}};
+    for (std::size_t i = 0; i < flags.size(); ++i) values.push_back({kRightColumns[i], flags[i] ? 1 : 0});
+    insert_row(database, "rights", values);
   }
 }
 
@@ -66,8 +66,7 @@ void store_company_users(Application& application, const std::vector<CompanyUser
   database.execute("DELETE FROM users");
   for (const CompanyUser& user : users) {
     const std::int32_t id = database.reserve_ids("users");
-    database.execute("INSERT INTO users (id, name, administrator) VALUES (:p0, :p1, :p2)",
-                     {id, user.name, user.administrator ? 1 : 0});
+    insert_row(database, "users", {{"id", id}, {"name", user.name}, {"administrator", user.administrator ? 1 : 0}});
     insert_rights(database, id, user);
   }
   require_administrator_among_users(database);

@@ -1,6 +1,6 @@
 #include "host/company/tariff_gaps.h"
 
-#include "host/store/stored_columns.h"
+#include "host/store/tables/column_values.h"
 
 namespace quor {
 

@@ -10,11 +10,11 @@ namespace quor {
 
 namespace {
 
-const ExchangedTable& table_of(const std::string& name) {
-  const ExchangedTable* table = find_exchanged_table(name);
+const StoredTable& table_of(const std::string& name) {
+  const StoredTable* table = find_stored_table(name);
   if (table != nullptr) return *table;
   std::string known;
-  for (const ExchangedTable& each : exchanged_tables()) known += (known.empty() ? "" : ", ") + each.words();
+  for (const StoredTable& each : stored_tables()) known += (known.empty() ? "" : ", ") + each.words();
   throw UsageError("nėra lentelės „" + name + "“: yra " + known);
 }
 
@@ -32,7 +32,7 @@ std::vector<ImportSource> sources_of(const ImportCommand& command) {
 
 ExitStatus run(const ExportCommand& command, const CommonOptions& options, std::ostream& out) {
   if (command.table.empty() == command.folder.empty()) throw UsageError("rašykite lentelės vardą arba --all APLANKAS");
-  const ExchangedTable* const table = command.table.empty() ? nullptr : &table_of(command.table);
+  const StoredTable* const table = command.table.empty() ? nullptr : &table_of(command.table);
   const auto style = csv_style_named(options.format);
   if (table == nullptr && !style) {
     throw UsageError("su --all formatas „" + options.format + "“ netinka: yra csv, csv-semicolon");

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/exchange/tables.h"
+#include "host/store/tables/stored_tables.h"
 #include "host/text/csv_cells.h"
 #include "platform/data/variant.h"
 
@@ -19,17 +19,17 @@ struct ParsedCell {
 
 // The value of a cell that is not null; a text without its guard. Numbers have a decimal point or comma, dates the
 // forms of parse_date.
-ParsedCell parse_cell(CellType type, std::string_view text);
+ParsedCell parse_cell(ColumnKind type, std::string_view text);
 
 // How a value that is not null stands in a file; a text is not guarded yet.
-std::string cell_text(CellType type, const Variant& value, const CsvStyle& style = kProgramCsv);
+std::string cell_text(ColumnKind type, const Variant& value, const CsvStyle& style = kProgramCsv);
 
 // The first day of the month that a month, a day or a day's month is of.
 Date month_of_cell(const Variant& value);
 
 // The key columns' values as one text.
-std::string key_text(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells);
+std::string key_text(const StoredTable& table, const StoredTable::Names& key, const std::vector<Variant>& cells);
 // The same for people: "ID 5", "mėnuo 2008-01, darbuotojas 7".
-std::string key_words(const ExchangedTable& table, const ExchangedTable::Names& key, const std::vector<Variant>& cells);
+std::string key_words(const StoredTable& table, const StoredTable::Names& key, const std::vector<Variant>& cells);
 
 }  // namespace quor

@@ -36,22 +36,22 @@ class CodeTexts {
 void write_tables(RightsGuard& guard, const files::path& folder, const CsvStyle& style) {
   Database& database = guard.company().database();
   const std::int64_t begun_at = database.change_count();
-  for (const ExchangedTable& table : exchanged_tables())
+  for (const StoredTable& table : stored_tables())
     write_whole_file(folder / (std::string(table.name) + ".csv"), export_table(guard, table, style));
   if (database.change_count() != begun_at)
     throw std::runtime_error("tuo metu įmonės duomenis keitė kitas vartotojas, bandykite dar kartą");
 }
 
 // As a program sees the cells: days and months in the files' own form are texts but for whole days.
-FieldType shown_type(CellType type) {
+FieldType shown_type(ColumnKind type) {
   switch (type) {
-    case CellType::kId:
-    case CellType::kWhole:
-    case CellType::kFlag:
+    case ColumnKind::kId:
+    case ColumnKind::kWhole:
+    case ColumnKind::kFlag:
       return FieldType::kInt32;
-    case CellType::kNumber:
+    case ColumnKind::kNumber:
       return FieldType::kDouble;
-    case CellType::kDate:
+    case ColumnKind::kDate:
       return FieldType::kDate;
     default:
       return FieldType::kText;
@@ -60,22 +60,22 @@ FieldType shown_type(CellType type) {
 
 }  // namespace
 
-std::string export_table(RightsGuard& guard, const ExchangedTable& table, const CsvStyle& style) {
+std::string export_table(RightsGuard& guard, const StoredTable& table, const CsvStyle& style) {
   require_export_right(guard, table);
   Database& database = guard.company().database();
   CsvWriter csv(style);
   CodeTexts codes(database);
   csv.start_file();
-  for (const ExchangedColumn& column : table.columns) csv.plain(column.name);
+  for (const StoredColumn& column : table.columns) csv.plain(column.name);
   csv.end_line();
   read_stored(database, table, [&](const std::vector<Variant>& cells, std::int32_t /*id*/) {
     for (std::size_t at = 0; at < cells.size(); ++at) {
-      const CellType type = table.columns[at].type;
-      if (type == CellType::kTimeCode) {
+      const ColumnKind type = table.columns[at].kind;
+      if (type == ColumnKind::kTimeCode) {
         csv.text(codes.of(cells[at].to_int32()));
       } else if (cells[at].is_null()) {
         csv.null();
-      } else if (type == CellType::kText) {
+      } else if (type == ColumnKind::kText) {
         csv.text(cells[at].to_text());
       } else {
         csv.plain(cell_text(type, cells[at], style));
@@ -86,22 +86,22 @@ std::string export_table(RightsGuard& guard, const ExchangedTable& table, const 
   return csv.take();
 }
 
-std::shared_ptr<Recordset> table_rows(RightsGuard& guard, const ExchangedTable& table) {
+std::shared_ptr<Recordset> table_rows(RightsGuard& guard, const StoredTable& table) {
   require_export_right(guard, table);
   Database& database = guard.company().database();
   auto rows = std::make_shared<Recordset>();
   CodeTexts codes(database);
-  for (const ExchangedColumn& column : table.columns)
-    rows->Fields().Append(std::string(column.name), shown_type(column.type));
+  for (const StoredColumn& column : table.columns)
+    rows->Fields().Append(std::string(column.name), shown_type(column.kind));
   rows->Open();
   read_stored(database, table, [&](const std::vector<Variant>& cells, std::int32_t /*id*/) {
     rows->AddNew();
     for (std::size_t at = 0; at < cells.size(); ++at) {
-      const CellType type = table.columns[at].type;
+      const ColumnKind type = table.columns[at].kind;
       Variant shown = cells[at];
-      if (type == CellType::kTimeCode) {
+      if (type == ColumnKind::kTimeCode) {
         shown = codes.of(cells[at].to_int32());
-      } else if (!shown.is_null() && (type == CellType::kMonth || type == CellType::kDayOrMonth)) {
+      } else if (!shown.is_null() && (type == ColumnKind::kMonth || type == ColumnKind::kDayOrMonth)) {
         shown = cell_text(type, shown);
       }
       rows->set_field(FieldHandle{at}, shown);
@@ -112,7 +112,7 @@ std::shared_ptr<Recordset> table_rows(RightsGuard& guard, const ExchangedTable& 
 }
 
 void export_company(RightsGuard& guard, const std::string& folder, const CsvStyle& style) {
-  for (const ExchangedTable& table : exchanged_tables()) require_export_right(guard, table);
+  for (const StoredTable& table : stored_tables()) require_export_right(guard, table);
   std::error_code error;
   const bool made = files::create_directory(folder, error);
   if (error || (!made && !files::is_empty(folder, error)) || error)
@@ -121,7 +121,7 @@ void export_company(RightsGuard& guard, const std::string& folder, const CsvStyl
   try {
     write_tables(guard, folder, style);
   } catch (...) {
-    for (const ExchangedTable& table : exchanged_tables())
+    for (const StoredTable& table : stored_tables())
       files::remove(files::path(folder) / (std::string(table.name) + ".csv"), error);
     if (made) files::remove(folder, error);
     throw;

@@ -48,7 +48,7 @@ std::vector<WatchedPlan> watch_closed_months(Database& database, const std::vect
 }
 
 // The number by which the watch knows the row.
-std::int32_t watched_id(const ExchangedTable& table, const FileRow& row) {
+std::int32_t watched_id(const StoredTable& table, const FileRow& row) {
   const std::size_t month = table.column("month");
   if (month < table.columns.size()) return static_cast<std::int32_t>(month_of_cell(row.cells[month]).serial());
   return row.cells[table.column(table.name == "settings_rows" ? "settings_id" : "id")].to_int32();
@@ -58,7 +58,7 @@ std::int32_t watched_id(const ExchangedTable& table, const FileRow& row) {
 void faults_of_reach(WatchedPlan& watched, const std::vector<TableFile>& files, std::vector<ImportFault>& faults) {
   const auto reached = watched.reach.reached();
   if (reached.empty()) return;
-  const ExchangedTable& table = *watched.plan->table;
+  const StoredTable& table = *watched.plan->table;
   const auto file = std::find_if(files.begin(), files.end(), [&](const auto& each) { return each.table == &table; });
   for (const auto* rows : {&watched.plan->added, &watched.plan->changed}) {
     for (const FileRow& row : *rows) {
@@ -118,7 +118,7 @@ std::vector<ImportSource> sources_of_folder(const std::string& folder) {
   std::vector<ImportSource> sources;
   for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
     if (entry.path().extension() != ".csv") continue;
-    if (const ExchangedTable* table = find_exchanged_table(entry.path().stem().string())) {
+    if (const StoredTable* table = find_stored_table(entry.path().stem().string())) {
       sources.push_back({table, entry.path().string()});
     } else {
       unknown.push_back(entry.path().string());

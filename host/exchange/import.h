@@ -19,7 +19,7 @@
 namespace quor {
 
 struct ImportSource {
-  const ExchangedTable* table;
+  const StoredTable* table;
   std::string file;
 };
 

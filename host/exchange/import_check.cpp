@@ -4,7 +4,8 @@
 
 #include "host/exchange/cell_values.h"
 #include "host/exchange/stored_rows.h"
-#include "host/store/row_rules.h"
+#include "host/store/tables/column_values.h"
+#include "host/store/tables/row_rules.h"
 
 namespace quor {
 
@@ -13,7 +14,7 @@ namespace {
 constexpr char kClosed[] = "mėnuo uždarytas";
 constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
 
-bool has_values(const ExchangedTable& table, const ExchangedTable::Names& columns, const FileRow& row) {
+bool has_values(const StoredTable& table, const StoredTable::Names& columns, const FileRow& row) {
   return std::none_of(columns.begin(), columns.end(), [&](std::string_view name) {
     const Variant& value = row.cells[table.column(name)];
     return value.is_empty() || value.is_null();
@@ -40,7 +41,7 @@ ImportCheck::ImportCheck(Database& database, std::vector<TableFile>& files, std:
 }
 
 TablePlan ImportCheck::check(TableFile& file) {
-  const ExchangedTable& table = *file.table;
+  const StoredTable& table = *file.table;
   TablePlan plan{.table = &table, .added = {}, .changed = {}, .owners = {}};
   resolve_time_codes(file);
   check_references(file);
@@ -110,7 +111,7 @@ void ImportCheck::note_owner(const std::vector<Variant>& cells, TablePlan& plan)
 
 void ImportCheck::resolve_time_codes(TableFile& file) {
   for (std::size_t at = 0; at < file.table->columns.size(); ++at) {
-    if (file.table->columns[at].type != CellType::kTimeCode) continue;
+    if (file.table->columns[at].kind != ColumnKind::kTimeCode) continue;
     for (FileRow& row : file.rows) {
       if (row.cells[at].is_empty()) continue;
       const auto resolved = codes_.resolve(row.cells[at].to_text());
@@ -139,7 +140,7 @@ void ImportCheck::check_row_rules(const TableFile& file) {
 
 void ImportCheck::check_references(TableFile& file) {
   for (std::size_t at = 0; at < file.table->columns.size(); ++at) {
-    const ExchangedColumn& column = file.table->columns[at];
+    const StoredColumn& column = file.table->columns[at];
     if (column.references.empty() || !file.present[at]) continue;
     // What a file that broke off would have brought is not known: its gaps would be told as faults of others.
     const bool unknown = std::any_of(files_.begin(), files_.end(), [&](const TableFile& each) {
@@ -150,15 +151,15 @@ void ImportCheck::check_references(TableFile& file) {
     for (FileRow& row : file.rows) {
       const Variant& id = row.cells[at];
       if (id.is_empty() || id.is_null() || known.contains(id.to_int32())) continue;
-      file.add_fault(faults_, row, column.name,
-                     "„" + id.to_text() + "“: lentelėje " + find_exchanged_table(column.references)->words() +
-                         " tokio įrašo nėra");
+      file.add_fault(
+          faults_, row, column.name,
+          "„" + id.to_text() + "“: lentelėje " + find_stored_table(column.references)->words() + " tokio įrašo nėra");
       row.sound = false;
     }
   }
 }
 
-ImportCheck::RowByKey ImportCheck::rows_by_key(TableFile& file, const ExchangedTable::Names& key) {
+ImportCheck::RowByKey ImportCheck::rows_by_key(TableFile& file, const StoredTable::Names& key) {
   RowByKey rows;
   rows.reserve(file.rows.size());
   for (std::size_t at = 0; at < file.rows.size(); ++at) {
@@ -217,7 +218,7 @@ const std::unordered_set<std::int32_t>& ImportCheck::known_ids(std::string_view 
   return ids;
 }
 
-const std::unordered_set<std::int32_t>& ImportCheck::closed(const ExchangedTable& table) {
+const std::unordered_set<std::int32_t>& ImportCheck::closed(const StoredTable& table) {
   const bool by_document = table.closed_by == "document_id";
   const auto [entry, is_new] = closed_.try_emplace(by_document ? "documents" : "months");
   if (is_new) {
@@ -228,10 +229,10 @@ const std::unordered_set<std::int32_t>& ImportCheck::closed(const ExchangedTable
   return entry->second;
 }
 
-bool ImportCheck::is_closed(const ExchangedTable& table, const std::vector<Variant>& cells) {
+bool ImportCheck::is_closed(const StoredTable& table, const std::vector<Variant>& cells) {
   if (table.closed_by.empty()) return false;
   const std::size_t at = table.column(table.closed_by);
-  if (table.columns[at].type == CellType::kId) return closed(table).contains(cells[at].to_int32());
+  if (table.columns[at].kind == ColumnKind::kId) return closed(table).contains(cells[at].to_int32());
   return closed(table).contains(static_cast<std::int32_t>(month_of_cell(cells[at]).serial()));
 }
 

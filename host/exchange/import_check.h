@@ -19,7 +19,7 @@ namespace quor {
 
 // What becomes of the rows of a file. Rows to change have all their cells, also those that the file does not have.
 struct TablePlan {
-  const ExchangedTable* table;
+  const StoredTable* table;
   std::vector<FileRow> added;  // in an order in which they can be written
   std::vector<FileRow> changed;
   std::size_t unchanged = 0;
@@ -47,14 +47,14 @@ class ImportCheck {
   void check_row_rules(const TableFile& file);
   void check_references(TableFile& file);
   // The file's rows by that key; a row with the key of an earlier one is a fault.
-  RowByKey rows_by_key(TableFile& file, const ExchangedTable::Names& key);
+  RowByKey rows_by_key(TableFile& file, const StoredTable::Names& key);
   // Departments must form a tree. Puts the higher ones first.
   void check_tree(TableFile& file, std::vector<FileRow>& added);
 
   const std::unordered_set<std::int32_t>& known_ids(std::string_view table);
   // The months or documents that are closed, as the table's column names them.
-  const std::unordered_set<std::int32_t>& closed(const ExchangedTable& table);
-  bool is_closed(const ExchangedTable& table, const std::vector<Variant>& cells);
+  const std::unordered_set<std::int32_t>& closed(const StoredTable& table);
+  bool is_closed(const StoredTable& table, const std::vector<Variant>& cells);
 
   Database& database_;
   std::vector<TableFile>& files_;

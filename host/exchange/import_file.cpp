@@ -7,6 +7,7 @@
 
 #include "host/exchange/cell_values.h"
 #include "host/store/addresses.h"
+#include "host/store/tables/column_values.h"
 #include "host/text/csv_reader.h"
 
 namespace quor {
@@ -21,9 +22,9 @@ std::string content(const std::string& file) {
 }
 
 // Of a month that stands for a day or month, its first day is held to the range.
-std::string range_fault(const ExchangedColumn& column, const Variant& value, const std::string& written) {
-  const bool month = column.type == CellType::kDayOrMonth && value.kind() == Variant::Kind::kText;
-  return value_fault(*column.stored, month ? Variant(month_of_cell(value)) : value, written);
+std::string range_fault(const StoredColumn& column, const Variant& value, const std::string& written) {
+  const bool month = column.kind == ColumnKind::kDayOrMonth && value.kind() == Variant::Kind::kText;
+  return value_fault(column, month ? Variant(month_of_cell(value)) : value, written);
 }
 
 class FileReader {
@@ -69,7 +70,7 @@ class FileReader {
       columns_.push_back(column);
     }
     for (std::size_t column = 0; column < columns.size(); ++column) {
-      if (columns[column].required && !file_.present[column]) refuse("trūksta stulpelio " + columns[column].words());
+      if (columns[column].required() && !file_.present[column]) refuse("trūksta stulpelio " + columns[column].words());
     }
   }
 
@@ -81,10 +82,10 @@ class FileReader {
     }
     FileRow row{.line = record.line, .cells = std::vector<Variant>(file_.table->columns.size())};
     for (std::size_t at = 0; at < columns_.size(); ++at) {
-      const ExchangedColumn& column = file_.table->columns[columns_[at]];
+      const StoredColumn& column = file_.table->columns[columns_[at]];
       const CsvRecord::Cell& cell = record.cells[at];
-      ParsedCell parsed =
-          cell.null ? ParsedCell{kNull, column.required ? "trūksta reikšmės" : ""} : parse_cell(column.type, cell.text);
+      ParsedCell parsed = cell.null ? ParsedCell{kNull, column.required() ? "trūksta reikšmės" : ""}
+                                    : parse_cell(column.kind, cell.text);
       if (parsed.fault.empty()) parsed.fault = range_fault(column, parsed.value, cell.text);
       if (parsed.fault.empty()) {
         row.cells[columns_[at]] = std::move(parsed.value);
@@ -110,7 +111,7 @@ std::string line_of(const ImportFault& fault) {
          (fault.column.empty() ? "" : "stulpelis " + fault.column + ": ") + fault.text;
 }
 
-TableFile read_table_file(const ExchangedTable& table, const std::string& file, std::vector<ImportFault>& faults) {
+TableFile read_table_file(const StoredTable& table, const std::string& file, std::vector<ImportFault>& faults) {
   TableFile result{.table = &table, .name = file, .present = std::vector<bool>(table.columns.size()), .rows = {}};
   FileReader reader(result, faults);
   reader.finish(read_csv(content(file), [&](const CsvRecord& record) { reader.take(record); }));

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/exchange/tables.h"
+#include "host/store/tables/stored_tables.h"
 #include "platform/data/variant.h"
 
 namespace quor {
@@ -30,7 +30,7 @@ struct FileRow {
 };
 
 struct TableFile {
-  const ExchangedTable* table;
+  const StoredTable* table;
   std::string name;
   std::vector<bool> present;  // by column of the table
   std::vector<FileRow> rows;  // those with as many cells as the header has
@@ -44,6 +44,6 @@ struct TableFile {
 };
 
 // Reads the file and appends its faults. Throws std::runtime_error when it cannot be read at all.
-TableFile read_table_file(const ExchangedTable& table, const std::string& file, std::vector<ImportFault>& faults);
+TableFile read_table_file(const StoredTable& table, const std::string& file, std::vector<ImportFault>& faults);
 
 }  // namespace quor

@@ -5,7 +5,7 @@
 #include "host/exchange/stored_rows.h"
 #include "host/store/record_guard.h"
 #include "host/store/sort_key.h"
-#include "platform/data/column.h"
+#include "host/store/tables/table_rows.h"
 
 namespace quor {
 
@@ -14,27 +14,22 @@ namespace {
 constexpr char kChanges[] = "imported_changes";
 constexpr std::size_t kOwnersPerStatement = 500;
 
-// The rows as columns of the database: the file's, the hidden ID, the sort key.
-std::vector<ColumnData> columns_of(const ExchangedTable& table, const std::vector<FileRow>& rows) {
-  const std::vector<FieldInfo> fields = stored_fields(table);
-  std::vector<ColumnData> columns(fields.begin(), fields.end());
-  for (const FileRow& row : rows) append_row(table, row.cells, columns);
-  if (table.hidden_id) {
-    columns.emplace_back(FieldInfo{"id", FieldType::kInt32});
-    for (const FileRow& row : rows) columns.back().append(row.id);
+// The rows as the database holds them: the file's columns, the hidden ID, the sort key, and who changed it when.
+TableRows rows_of(const StoredTable& table, const std::vector<FileRow>& rows, const std::vector<Variant>& change) {
+  std::vector<std::string> names;
+  for (const FieldInfo& field : stored_fields(table)) names.push_back(field.name);
+  if (table.hidden_id) names.push_back("id");
+  if (table.named) names.push_back("sort_key");
+  if (!change.empty()) names.insert(names.end(), {"row_version", "changed_by", "changed_at"});
+  TableRows stored(table.name, names);
+  for (const FileRow& row : rows) {
+    std::vector<Variant> cells = stored_cells(table, row.cells);
+    if (table.hidden_id) cells.emplace_back(row.id);
+    if (table.named) cells.emplace_back(lithuanian_sort_key(row.cells[table.column("name")].to_text()));
+    cells.insert(cells.end(), change.begin(), change.end());
+    stored.append_row(cells);
   }
-  if (table.named) {
-    const std::size_t name = table.column("name");
-    columns.emplace_back(FieldInfo{"sort_key", FieldType::kText});
-    for (const FileRow& row : rows) columns.back().append(lithuanian_sort_key(row.cells[name].to_text()));
-  }
-  return columns;
-}
-
-void add_constant(std::vector<ColumnData>& columns, const char* name, FieldType type, const Variant& value) {
-  const std::size_t rows = columns.front().size();
-  columns.emplace_back(FieldInfo{name, type});
-  for (std::size_t row = 0; row < rows; ++row) columns.back().append(value);
+  return stored;
 }
 
 // IDs given from now on are larger than every one that came in.
@@ -51,32 +46,27 @@ void raise_next_id(Database& database, const TablePlan& plan) {
 
 void add_rows(Database& database, const TablePlan& plan, const std::string& user) {
   if (plan.added.empty()) return;
-  const ExchangedTable& table = *plan.table;
+  const StoredTable& table = *plan.table;
   std::vector<FileRow> rows = plan.added;
   if (table.hidden_id) {
     std::int32_t id = database.reserve_ids(table.name, static_cast<std::int32_t>(rows.size()));
     for (FileRow& row : rows) row.id = id++;
   }
-  std::vector<ColumnData> columns = columns_of(table, rows);
-  if (table.versioned) {
-    add_constant(columns, "row_version", FieldType::kInt32, 1);
-    add_constant(columns, "changed_by", FieldType::kText, user);
-    add_constant(columns, "changed_at", FieldType::kText, change_time());
-  }
-  database.insert(table.name, columns);
+  rows_of(table, rows, table.versioned ? std::vector<Variant>{1, user, change_time()} : std::vector<Variant>{})
+      .insert_into(database);
   raise_next_id(database, plan);
 }
 
 // The new values go into a table of their own first, so that one statement changes all rows.
 void change_rows(Database& database, const TablePlan& plan, const std::string& user) {
   if (plan.changed.empty()) return;
-  const ExchangedTable& table = *plan.table;
+  const StoredTable& table = *plan.table;
   const std::string name(table.name), changes(kChanges);
-  const std::vector<ColumnData> columns = columns_of(table, plan.changed);
-  const ExchangedTable::Names key = table.hidden_id ? ExchangedTable::Names{"id"} : table.key;
+  const TableRows rows = rows_of(table, plan.changed, {});
+  const StoredTable::Names key = table.hidden_id ? StoredTable::Names{"id"} : table.key;
 
   std::string list, assignments, same_key;
-  for (const ColumnData& column : columns) {
+  for (const ColumnData& column : rows.columns()) {
     const std::string& each = column.info.name;
     list += (list.empty() ? "" : ", ") + each;
     const bool in_key = std::find(key.begin(), key.end(), each) != key.end();
@@ -90,7 +80,7 @@ void change_rows(Database& database, const TablePlan& plan, const std::string& u
     values = {user, change_time()};
   }
   database.execute("CREATE TEMPORARY TABLE " + changes + " AS SELECT " + list + " FROM " + name + " WHERE 1 = 0");
-  database.insert(changes, columns);
+  database.insert(changes, rows.columns());
   const auto touched =
       database.execute("UPDATE " + name + " SET " + assignments + " FROM " + changes + " WHERE " + same_key, values);
   database.execute("DROP TABLE " + changes);
@@ -102,7 +92,7 @@ void change_rows(Database& database, const TablePlan& plan, const std::string& u
 // Whoever has the record open reads it again before the next save: what has come in would else be overwritten.
 void raise_owners(Database& database, const TablePlan& plan, const std::string& user) {
   if (plan.owners.empty()) return;
-  const ExchangedTable& table = *plan.table;
+  const StoredTable& table = *plan.table;
   const std::string owners(table.columns[table.column(table.owner)].references);
   for (auto owner = plan.owners.begin(); owner != plan.owners.end();) {
     std::vector<Variant> values = {user, change_time()};

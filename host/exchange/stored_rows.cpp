@@ -7,28 +7,9 @@ namespace quor {
 
 namespace {
 
-FieldType field_type(CellType type) {
-  switch (type) {
-    case CellType::kId:
-    case CellType::kWhole:
-    case CellType::kFlag:
-    case CellType::kTimeCode:
-      return FieldType::kInt32;
-    case CellType::kNumber:
-      return FieldType::kDouble;
-    case CellType::kDate:
-    case CellType::kMonth:
-    case CellType::kDayOrMonth:
-      return FieldType::kDate;
-    case CellType::kText:
-      break;
-  }
-  return FieldType::kText;
-}
-
 // Rows whose ID does not travel come in the order in which they were written, so that a company that has moved adds
 // them up in the same order; all others by their key.
-std::string order_of(const ExchangedTable& table) {
+std::string order_of(const StoredTable& table) {
   if (table.hidden_id) return "id";
   std::string order;
   for (const std::string_view name : table.key) order += (order.empty() ? "" : ", ") + std::string(name);
@@ -37,32 +18,20 @@ std::string order_of(const ExchangedTable& table) {
 
 }  // namespace
 
-std::vector<FieldInfo> stored_fields(const ExchangedTable& table) {
-  std::vector<FieldInfo> fields;
-  for (const ExchangedColumn& column : table.columns) {
-    if (column.type == CellType::kDayOrMonth) {
-      fields.push_back({"month", FieldType::kDate});
-      fields.push_back({"day", FieldType::kDate});
+std::vector<Variant> stored_cells(const StoredTable& table, const std::vector<Variant>& cells) {
+  std::vector<Variant> stored;
+  for (std::size_t cell = 0; cell < cells.size(); ++cell) {
+    if (table.columns[cell].kind == ColumnKind::kDayOrMonth) {
+      stored.emplace_back(month_of_cell(cells[cell]));
+      stored.push_back(cells[cell].kind() == Variant::Kind::kDate ? cells[cell] : Variant(kNull));
     } else {
-      const bool code = column.type == CellType::kTimeCode;
-      fields.push_back({code ? "time_code_id" : std::string(column.name), field_type(column.type)});
+      stored.push_back(cells[cell]);
     }
   }
-  return fields;
+  return stored;
 }
 
-void append_row(const ExchangedTable& table, const std::vector<Variant>& cells, std::vector<ColumnData>& columns) {
-  for (std::size_t cell = 0, at = 0; cell < cells.size(); ++cell) {
-    if (table.columns[cell].type == CellType::kDayOrMonth) {
-      columns[at++].append(month_of_cell(cells[cell]));
-      columns[at++].append(cells[cell].kind() == Variant::Kind::kDate ? cells[cell] : Variant(kNull));
-    } else {
-      columns[at++].append(cells[cell]);
-    }
-  }
-}
-
-void read_stored(Database& database, const ExchangedTable& table, const RowVisitor& visit) {
+void read_stored(Database& database, const StoredTable& table, const RowVisitor& visit) {
   std::vector<FieldInfo> fields = stored_fields(table);
   if (table.hidden_id) fields.push_back({"id", FieldType::kInt32});
   std::string sql;
@@ -73,9 +42,9 @@ void read_stored(Database& database, const ExchangedTable& table, const RowVisit
   for (; !rows->Eof(); rows->MoveNext()) {
     std::size_t at = 0;
     for (std::size_t cell = 0; cell < cells.size(); ++cell) {
-      if (table.columns[cell].type == CellType::kDayOrMonth) {
+      if (table.columns[cell].kind == ColumnKind::kDayOrMonth) {
         const Variant month = rows->field(FieldHandle{at++}), day = rows->field(FieldHandle{at++});
-        cells[cell] = day.is_null() ? Variant(cell_text(CellType::kMonth, month)) : day;
+        cells[cell] = day.is_null() ? Variant(cell_text(ColumnKind::kMonth, month)) : day;
       } else {
         cells[cell] = rows->field(FieldHandle{at++});
       }

@@ -45,21 +45,21 @@ constexpr TableRights kTableRights[] = {
     {"closed_months", kSalaryExtensionType, Import::kByAdministrator},
 };
 
-const TableRights* find(const ExchangedTable& table) {
+const TableRights* find(const StoredTable& table) {
   const auto* const found = std::find_if(std::begin(kTableRights), std::end(kTableRights),
                                          [&](const TableRights& each) { return each.table == table.name; });
   return found == std::end(kTableRights) ? nullptr : found;
 }
 
-std::string with_table(const char* verb, const ExchangedTable& table) {
+std::string with_table(const char* verb, const StoredTable& table) {
   return std::string(verb) + " lentelės „" + std::string(table.name) + "“";
 }
 
 }  // namespace
 
-bool is_guarded(const ExchangedTable& table) { return find(table) != nullptr; }
+bool is_guarded(const StoredTable& table) { return find(table) != nullptr; }
 
-void require_export_right(RightsGuard& guard, const ExchangedTable& table) {
+void require_export_right(RightsGuard& guard, const StoredTable& table) {
   const TableRights* const rights = find(table);
   const std::string what = with_table("išvesti", table);
   if (rights == nullptr || rights->about == nullptr) {
@@ -69,7 +69,7 @@ void require_export_right(RightsGuard& guard, const ExchangedTable& table) {
   }
 }
 
-void require_import_right(RightsGuard& guard, const ExchangedTable& table) {
+void require_import_right(RightsGuard& guard, const StoredTable& table) {
   const TableRights* const rights = find(table);
   const std::string what = with_table("įkelti", table);
   if (rights == nullptr || rights->about == nullptr || rights->import == Import::kByAdministrator) {

@@ -9,7 +9,7 @@
 namespace quor {
 
 TimeCodes::TimeCodes(Database& database) {
-  read_stored(database, *find_exchanged_table("indications"),
+  read_stored(database, *find_stored_table("indications"),
               [this](const std::vector<Variant>& cells, std::int32_t /*id*/) { put(cells); });
 }
 

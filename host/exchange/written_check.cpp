@@ -8,7 +8,7 @@
 #include "host/company/working_days.h"
 #include "host/exchange/cell_values.h"
 #include "host/exchange/time_codes.h"
-#include "host/store/value_ranges.h"
+#include "host/store/tables/value_ranges.h"
 #include "platform/data/month.h"
 #include "platform/data/number_text.h"
 

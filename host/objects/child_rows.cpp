@@ -2,6 +2,7 @@
 
 #include "host/company/readable_columns.h"
 #include "host/objects/record_checks.h"
+#include "host/store/tables/statements.h"
 
 namespace quor {
 
@@ -26,26 +27,25 @@ void refuse_unfit_row(const ChildRows& type, const RowChange& row) {
   refuse_unfit_values(type.table, type.fields, handles, row);
 }
 
-void insert_row(Database& database, const ChildRows& type, std::int32_t owner, const RowChange& row) {
-  std::string columns = std::string("id, ") + type.owner_column;
-  std::string binds = ":p0, :p1";
-  std::vector<Variant> values = {row.current(kId), owner};
+void append_values(Database& database, const ChildRows& type, std::int32_t id, const RowChange& row,
+                   std::vector<ColumnValue>& values) {
   for (std::size_t i = 0; i < type.fields.size(); ++i) {
-    columns += std::string(", ") + type.fields[i].column;
-    binds += ", :p" + std::to_string(values.size());
-    values.push_back(value_of(database, type, i, values.front().to_int32(), row));
+    values.push_back({type.fields[i].column(), value_of(database, type, i, id, row)});
   }
-  database.execute(std::string("INSERT INTO ") + type.table + " (" + columns + ") VALUES (" + binds + ")", values);
 }
 
-void update_row(Database& database, const ChildRows& type, const RowChange& row) {
-  std::string assignments;
-  std::vector<Variant> values = {row.base(kId)};
-  for (std::size_t i = 0; i < type.fields.size(); ++i) {
-    assignments += (i == 0 ? "" : ", ") + std::string(type.fields[i].column) + " = :p" + std::to_string(values.size());
-    values.push_back(value_of(database, type, i, values.front().to_int32(), row));
-  }
-  database.execute(std::string("UPDATE ") + type.table + " SET " + assignments + " WHERE id = :p0", values);
+void add_row(Database& database, const ChildRows& type, std::int32_t owner, const RowChange& row) {
+  const std::int32_t id = row.current(kId).to_int32();
+  std::vector<ColumnValue> values = {{"id", id}, {type.owner_column, owner}};
+  append_values(database, type, id, row, values);
+  insert_row(database, type.table, values);
+}
+
+void change_row(Database& database, const ChildRows& type, const RowChange& row) {
+  const std::int32_t id = row.base(kId).to_int32();
+  std::vector<ColumnValue> values;
+  append_values(database, type, id, row, values);
+  update_row(database, type.table, id, values);
 }
 
 }  // namespace
@@ -62,7 +62,7 @@ std::shared_ptr<Recordset> read_child_rows(Database& database, const ChildRows& 
   std::string columns = "id, CAST(:p1 AS TEXT)";
   for (const RecordField& field : type.fields) {
     const bool is_short = field.info.type == FieldType::kInt16;
-    columns += ", " + (is_short ? readable_int16(field.column) : std::string(field.column));
+    columns += ", " + (is_short ? readable_int16(field.column()) : field.column());
   }
   return database.read(
       "SELECT " + columns + " FROM " + type.table + " WHERE " + type.owner_column + " = :p0 ORDER BY " + type.order,
@@ -79,12 +79,11 @@ void store_child_rows(Database& database, const ChildRows& type, std::int32_t ow
     if (row.state() != RowState::kDeleted) refuse_unfit_row(type, row);
     switch (row.state()) {
       case RowState::kAdded:
-        return insert_row(database, type, owner, row);
+        return add_row(database, type, owner, row);
       case RowState::kModified:
-        return update_row(database, type, row);
+        return change_row(database, type, row);
       case RowState::kDeleted:
-        database.execute(std::string("DELETE FROM ") + type.table + " WHERE id = :p0", {row.base(kId)});
-        return;
+        return delete_row(database, type.table, row.base(kId).to_int32());
       case RowState::kUnchanged:
         return;
     }

@@ -1,13 +1,13 @@
 #include "host/objects/experience_store.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "host/company/closed_reach.h"
 #include "host/company/readable_columns.h"
 #include "host/objects/record_checks.h"
 #include "host/store/record_guard.h"
-#include "host/store/stored_columns.h"
+#include "host/store/tables/column_values.h"
+#include "host/store/tables/statements.h"
 
 namespace quor {
 
@@ -15,16 +15,18 @@ namespace {
 
 constexpr char kTable[] = "experience";
 
-const RecordField kFields[] = {
-    {{"UserID", FieldType::kInt32}, "employee_id", /*required=*/true, /*unique=*/true, /*references=*/"employees"},
-    {{"DateExperience", FieldType::kDate}, "date_experience"},
-    {{"ExperienceYears", FieldType::kInt32}, "experience_years"},
-    {{"ExperienceMonthes", FieldType::kInt32}, "experience_months"}};
+const std::vector<RecordField>& fields_of_experience() {
+  static const std::vector<RecordField> fields = record_fields(kTable, {{"UserID", "employee_id"},
+                                                                        {"DateExperience", "date_experience"},
+                                                                        {"ExperienceYears", "experience_years"},
+                                                                        {"ExperienceMonthes", "experience_months"}});
+  return fields;
+}
 constexpr FieldHandle kEmployee{0};  // of these, which a stored row is read with
 
 std::shared_ptr<Recordset> read_stored(Database& database, const Variant& employee) {
   std::vector<FieldInfo> fields;
-  for (const RecordField& field : kFields) fields.push_back(field.info);
+  for (const RecordField& field : fields_of_experience()) fields.push_back(field.info);
   // As the record set shows them, so that a row with a number that nobody can read can be mended.
   const std::string columns = "employee_id, " + readable_date("date_experience") + ", " +
                               readable_service("experience_years") + ", " + readable_service("experience_months") +
@@ -40,19 +42,18 @@ class ExperienceStore {
  public:
   ExperienceStore(Company& company, const std::string& user, const Recordset& rows)
       : database_(company.database()), user_(user) {
-    for (const RecordField& field : kFields) handles_.push_back(rows.handle(field.info.name));
+    for (const RecordField& field : fields_of_experience()) handles_.push_back(rows.handle(field.info.name));
   }
 
   void store(const RowChange& row) {
-    if (row.state() != RowState::kDeleted) refuse_unfit_values(kTable, kFields, handles_, row);
+    if (row.state() != RowState::kDeleted) refuse_unfit_values(kTable, fields_of_experience(), handles_, row);
     switch (row.state()) {
       case RowState::kAdded:
         return insert(row);
       case RowState::kModified:
         return update(row);
       case RowState::kDeleted:
-        database_.execute(std::string("DELETE FROM ") + kTable + " WHERE id = :p0", {id_of_unchanged(row)});
-        return;
+        return delete_row(database_, kTable, id_of_unchanged(row));
       case RowState::kUnchanged:
         return;
     }
@@ -85,37 +86,28 @@ class ExperienceStore {
     const Variant employee = row.current(handles_[kEmployee.index]);
     if (!employee.is_null()) refuse_second_record(employee);
     const std::int32_t id = database_.reserve_ids(kTable);
-    std::string columns = "id, row_version, changed_by, changed_at";
-    std::string binds = ":p0, :p1, :p2, :p3";
-    std::vector<Variant> values = {id, 1, user_, change_time()};
-    for (std::size_t i = 0; i < handles_.size(); ++i) {
-      columns += std::string(", ") + kFields[i].column;
-      binds += ", :p" + std::to_string(values.size());
-      values.push_back(value_of(row, i, id));
-    }
-    database_.execute(std::string("INSERT INTO ") + kTable + " (" + columns + ") VALUES (" + binds + ")", values);
+    std::vector<ColumnValue> values = {{"id", id}};
+    append_values(row, id, values);
+    insert_row(database_, kTable, values, user_);
   }
 
   void update(const RowChange& row) {
     const std::int32_t id = id_of_unchanged(row);
-    std::string assignments = "row_version = row_version + 1, changed_by = :p0, changed_at = :p1";
-    std::vector<Variant> values = {user_, change_time()};
-    for (std::size_t i = 0; i < handles_.size(); ++i) {
-      assignments += std::string(", ") + kFields[i].column + " = :p" + std::to_string(values.size());
-      values.push_back(value_of(row, i, id));
-    }
-    const std::string id_bind = ":p" + std::to_string(values.size());
-    values.push_back(id);
-    database_.execute(std::string("UPDATE ") + kTable + " SET " + assignments + " WHERE id = " + id_bind, values);
+    std::vector<ColumnValue> values;
+    append_values(row, id, values);
+    update_row(database_, kTable, id, values, user_);
   }
 
-  Variant value_of(const RowChange& row, std::size_t i, std::int32_t id) {
-    return stored_value(database_, kTable, kFields[i], id, row.current(handles_[i]));
+  void append_values(const RowChange& row, std::int32_t id, std::vector<ColumnValue>& values) {
+    for (std::size_t i = 0; i < handles_.size(); ++i) {
+      const RecordField& field = fields_of_experience()[i];
+      values.push_back({field.column(), stored_value(database_, kTable, field, id, row.current(handles_[i]))});
+    }
   }
 
   Database& database_;
   const std::string& user_;
-  std::vector<FieldHandle> handles_;  // of kFields in the record set
+  std::vector<FieldHandle> handles_;  // of the fields in the record set
 };
 
 }  // namespace

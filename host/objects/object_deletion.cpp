@@ -6,6 +6,7 @@
 #include "host/objects/record_types.h"
 #include "host/store/object_codes.h"
 #include "host/store/record_guard.h"
+#include "host/store/tables/statements.h"
 #include "platform/data/month.h"
 
 namespace quor {
@@ -43,8 +44,8 @@ std::string name_of(Database& database, const RecordType& type, std::int32_t id,
   for (const RecordField& field : type.fields) {
     if (type.name_field != nullptr && field.info.name == type.name_field) shown = &field;
   }
-  const auto record = database.read(std::string("SELECT ") + shown->column + " FROM " + type.table + " WHERE id = :p0",
-                                    {shown->info}, {id});
+  const auto record = database.read(
+      std::string("SELECT ") + shown->column() + " FROM " + type.table + " WHERE id = :p0", {shown->info}, {id});
   if (record->RecordCount() == 0) throw_changed_elsewhere(database, type.table, id);
   const std::string name = type.name_field == nullptr ? "" : null_to_text(record->field(FieldHandle{0}));
   return name.empty() ? key : name;
@@ -102,7 +103,7 @@ void delete_object(QuorApplication& application, Company& company, const std::st
     database.execute(std::string("DELETE FROM ") + type->rows->table + " WHERE " + type->rows->owner_column + " = :p0",
                      {*id});
   }
-  database.execute(std::string("DELETE FROM ") + type->table + " WHERE id = :p0", {*id});
+  delete_row(database, type->table, *id);
   transaction.commit();
   company.forget();
 }

@@ -6,27 +6,31 @@
 
 namespace quor {
 
+std::vector<RecordField> record_fields(const char* table, std::initializer_list<NamedField> fields) {
+  const StoredTable& described = stored_table(table);
+  const std::vector<FieldInfo> stored = stored_fields(described);
+  const auto type_of = [&](const StoredColumn& column) {
+    return std::find_if(stored.begin(), stored.end(), [&](const auto& each) { return each.name == column.name; })->type;
+  };
+  std::vector<RecordField> all;
+  for (const NamedField& field : fields) {
+    const StoredColumn& column = stored_column(table, field.column);
+    const bool unique = std::count(described.uniques.begin(), described.uniques.end(), StoredTable::Names{column.name});
+    all.push_back({{field.name, field.type.value_or(type_of(column))}, &column, unique});
+  }
+  return all;
+}
+
 namespace {
 
 constexpr char kGuidField[] = "GUID";
-
-RecordField guid() { return {{kGuidField, FieldType::kText}, "guid", /*required=*/true, /*unique=*/true}; }
-
-RecordField required(const char* name, FieldType type, const char* column, const char* references = nullptr) {
-  return {{name, type}, column, /*required=*/true, /*unique=*/false, references};
-}
-
-RecordField reference(const char* name, const char* column, const char* references) {
-  return {{name, FieldType::kInt32}, column, /*required=*/false, /*unique=*/false, references};
-}
 
 RecordType employees() {
   return {.object_type = kEmployeeType,
           .table = "employees",
           .plural = "darbuotojų kortelių",
-          .fields = {required("DepartmentID", FieldType::kInt32, "department_id", "departments"),
-                     required("Preview", FieldType::kText, "name"),
-                     {{"UsrAccDate", FieldType::kDate}, "usr_acc_date"}},
+          .fields = record_fields(
+              "employees", {{"DepartmentID", "department_id"}, {"Preview", "name"}, {"UsrAccDate", "usr_acc_date"}}),
           .name_field = "Preview",
           .rows = std::nullopt,
           .read_only = true};
@@ -36,71 +40,61 @@ RecordType personal_charges() {
   return {.object_type = kPersonalChargeType,
           .table = "extra_charges",
           .plural = "darbuotojų priedų",
-          .fields = {guid(),
-                     required("PersonalID", FieldType::kInt32, "employee_id", "employees"),
-                     {{"DateFrom", FieldType::kDate}, "date_from"},
-                     {{"DateTo", FieldType::kDate}, "date_to"},
-                     {{"SumA", FieldType::kDouble}, "sum_a"},
-                     {{"Percentage", FieldType::kDouble}, "percentage"},
-                     {{"SalaryExtraOID", FieldType::kText}, "salary_extra_oid"},
-                     reference("SalaryCodeID", "salary_code_id", "salary_codes"),
-                     {{"Comment", FieldType::kText}, "comment"}},
+          .fields = record_fields("extra_charges", {{kGuidField, "guid"},
+                                                    {"PersonalID", "employee_id"},
+                                                    {"DateFrom", "date_from"},
+                                                    {"DateTo", "date_to"},
+                                                    {"SumA", "sum_a"},
+                                                    {"Percentage", "percentage"},
+                                                    {"SalaryExtraOID", "salary_extra_oid"},
+                                                    {"SalaryCodeID", "salary_code_id"},
+                                                    {"Comment", "comment"}}),
           .name_field = "Comment",
           .rows = std::nullopt,
           .read_only = false};
 }
 
 RecordType positions() {
-  return {kSalaryExtensionType,
-          "positions",
-          "darbuotojų pareigybių",
-          {required("ParentID", FieldType::kInt32, "employee_id", "employees"),
-           required("PersonalContractGUID", FieldType::kText, "contract_guid"),
-           required("SalaryPersonalNormGUID", FieldType::kText, "norm_guid"),
-           {{"SalaryConstantTypeID", FieldType::kInt32}, "constant_type_id"},
-           reference("OfficeEmployeeCategoryID", "category_id", "categories"),
-           required("Share", FieldType::kDouble, "share"),
-           required("DateFrom", FieldType::kDate, "date_from"),
-           {{"DateTo", FieldType::kDate}, "date_to"}}};
+  return {kSalaryExtensionType, "positions", "darbuotojų pareigybių",
+          record_fields("positions", {{"ParentID", "employee_id"},
+                                      {"PersonalContractGUID", "contract_guid"},
+                                      {"SalaryPersonalNormGUID", "norm_guid"},
+                                      {"SalaryConstantTypeID", "constant_type_id"},
+                                      {"OfficeEmployeeCategoryID", "category_id"},
+                                      {"Share", "share"},
+                                      {"DateFrom", "date_from"},
+                                      {"DateTo", "date_to"}})};
 }
 
 RecordType categories() {
-  return {
-      kCategoryType,
-      "categories",
-      "pareigybių kategorijų",
-      {guid(), {{"Name", FieldType::kText}, "name"}},
-      "Name",
-      ChildRows{"Rows",
-                "category_rows",
-                "category_id",
-                "OfficeEmployeeCategoryGUID",
-                "date_from NULLS FIRST, id",
-                {guid(), {{"DateFrom", FieldType::kDate}, "date_from"}, {{"Factor", FieldType::kDouble}, "factor"}}}};
+  return {kCategoryType,
+          "categories",
+          "pareigybių kategorijų",
+          record_fields("categories", {{kGuidField, "guid"}, {"Name", "name"}}),
+          "Name",
+          ChildRows{
+              "Rows", "category_rows", "category_id", "OfficeEmployeeCategoryGUID", "date_from NULLS FIRST, id",
+              record_fields("category_rows", {{kGuidField, "guid"}, {"DateFrom", "date_from"}, {"Factor", "factor"}})}};
 }
 
 RecordType settings() {
   return {kSettingsType,
           "settings",
           "valstybės tarnautojų nustatymų",
-          {guid(),
-           {{"DateFrom", FieldType::kDate}, "date_from"},
-           reference("BaseMonthTariffID", "base_month_tariff_id", "constant_types"),
-           {{"BaseHourTariffID", FieldType::kInt32}, "base_hour_tariff_id"},
-           {{"PersonalTimeCodeIDList", FieldType::kText}, "personal_time_code_id_list"},
-           {{"ExtraChargePercentage", FieldType::kDouble}, "extra_charge_percentage"},
-           {{"SurChargePercentage", FieldType::kDouble}, "surcharge_percentage"},
-           {{"TotalChargePercentage", FieldType::kDouble}, "total_charge_percentage"}},
+          record_fields("settings", {{kGuidField, "guid"},
+                                     {"DateFrom", "date_from"},
+                                     {"BaseMonthTariffID", "base_month_tariff_id"},
+                                     {"BaseHourTariffID", "base_hour_tariff_id"},
+                                     {"PersonalTimeCodeIDList", "personal_time_code_id_list"},
+                                     {"ExtraChargePercentage", "extra_charge_percentage"},
+                                     {"SurChargePercentage", "surcharge_percentage"},
+                                     {"TotalChargePercentage", "total_charge_percentage"}}),
           "DateFrom",
-          ChildRows{"Rows",
-                    "settings_rows",
-                    "settings_id",
-                    "OfficeEmployeeSettingGUID",
-                    "year_from NULLS FIRST, id",
-                    {guid(),
-                     {{"YearFrom", FieldType::kInt16}, "year_from"},
-                     {{"YearTo", FieldType::kInt16}, "year_to"},
-                     {{"Percentage", FieldType::kDouble}, "percentage"}}}};
+          ChildRows{"Rows", "settings_rows", "settings_id", "OfficeEmployeeSettingGUID", "year_from NULLS FIRST, id",
+                    record_fields("settings_rows", {{kGuidField, "guid"},
+                                                    {"YearFrom", "year_from", FieldType::kInt16},
+                                                    {"YearTo", "year_to", FieldType::kInt16},
+                                                    {"Percentage", "percentage"}})}};
 }
 
 const std::vector<RecordType>& record_types() {

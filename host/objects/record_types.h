@@ -1,21 +1,35 @@
 // How the records of data objects lie in the store: object type -> table, field -> column.
 #pragma once
 
+#include <initializer_list>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/store/tables/stored_tables.h"
 #include "platform/data/recordset.h"
 
 namespace quor {
 
+// A field of a data object and the column that keeps it. What the column is and may hold, its description says.
 struct RecordField {
   FieldInfo info;
-  const char* column;
-  bool required = false;             // never null
-  bool unique = false;               // no two rows of the table have the same
-  const char* references = nullptr;  // the table whose ID it holds; null, or 0, for none
+  const StoredColumn* stored;
+  bool unique = false;  // no two rows of the table have the same
+
+  std::string column() const { return std::string(stored->name); }
 };
+
+// A field by its name and its column's; of the column's own type unless another is given.
+struct NamedField {
+  const char* name;
+  const char* column;
+  std::optional<FieldType> type = std::nullopt;
+};
+
+// The fields of a table's records. Throws std::logic_error for a column that the table does not have.
+std::vector<RecordField> record_fields(const char* table, std::initializer_list<NamedField> fields);
 
 // The rows that belong to a record: a record set in its field `field`. Their table also has an id.
 struct ChildRows {

@@ -8,7 +8,7 @@
 #include "host/objects/record_checks.h"
 #include "host/store/object_codes.h"
 #include "host/store/record_guard.h"
-#include "host/store/stored_columns.h"
+#include "host/store/tables/column_values.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -156,7 +156,7 @@ bool StandardObjectUIO::read_record(std::int32_t id) {
   std::string columns = "row_version";
   std::vector<FieldInfo> fields = {{"RowVersion", FieldType::kInt32}};
   for (const RecordField& field : type_->fields) {
-    columns += std::string(", ") + field.column;
+    columns += ", " + field.column();
     fields.push_back(field.info);
   }
   Database& database = company_.database();
@@ -221,8 +221,11 @@ void StandardObjectUIO::store_rows(std::int32_t id) {
   }
 }
 
-Variant StandardObjectUIO::value_of(const RecordField& field, std::int32_t id) const {
-  return stored_value(company_.database(), type_->table, field, id, record_->field(field.info.name));
+void StandardObjectUIO::append_values(std::int32_t id, std::vector<ColumnValue>& values) const {
+  for (const RecordField& field : type_->fields) {
+    values.push_back(
+        {field.column(), stored_value(company_.database(), type_->table, field, id, record_->field(field.info.name))});
+  }
 }
 
 std::int32_t StandardObjectUIO::insert_record(const std::vector<Month>& agreed) {
@@ -230,15 +233,9 @@ std::int32_t StandardObjectUIO::insert_record(const std::vector<Month>& agreed) 
   Transaction transaction(database);
   const std::int32_t id = database.reserve_ids(type_->table);
   ClosedReach reach(database, type_->table, id);
-  std::string columns = "id, row_version, changed_by, changed_at";
-  std::string binds = ":p0, :p1, :p2, :p3";
-  std::vector<Variant> values = {id, 1, user_, change_time()};
-  for (const RecordField& field : type_->fields) {
-    columns += std::string(", ") + field.column;
-    binds += ", :p" + std::to_string(values.size());
-    values.push_back(value_of(field, id));
-  }
-  database.execute(std::string("INSERT INTO ") + type_->table + " (" + columns + ") VALUES (" + binds + ")", values);
+  std::vector<ColumnValue> values = {{"id", id}};
+  append_values(id, values);
+  insert_row(database, type_->table, values, user_);
   store_rows(id);
   check_tariffs(id);
   reach.require(agreed);
@@ -251,20 +248,11 @@ void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Month>&
   Database& database = company_.database();
   Transaction transaction(database);
   ClosedReach reach(database, type_->table, id);
-  std::string assignments = "row_version = row_version + 1, changed_by = :p0, changed_at = :p1";
-  std::vector<Variant> values = {user_, change_time()};
-  for (const RecordField& field : type_->fields) {
-    assignments += std::string(", ") + field.column + " = :p" + std::to_string(values.size());
-    values.push_back(value_of(field, id));
+  std::vector<ColumnValue> values;
+  append_values(id, values);
+  if (!update_row(database, type_->table, id, values, user_, row_version_)) {
+    throw_changed_elsewhere(database, type_->table, id);
   }
-  const std::string id_bind = ":p" + std::to_string(values.size());
-  values.push_back(id);
-  const std::string version_bind = ":p" + std::to_string(values.size());
-  values.push_back(row_version_);
-  const auto touched = database.execute(std::string("UPDATE ") + type_->table + " SET " + assignments +
-                                            " WHERE id = " + id_bind + " AND row_version = " + version_bind,
-                                        values);
-  if (touched == 0) throw_changed_elsewhere(database, type_->table, id);
   store_rows(id);
   check_tariffs(id);
   reach.require(agreed);

@@ -16,6 +16,7 @@
 #include "frame/contract/quor_object_ui.h"
 #include "host/company/company.h"
 #include "host/objects/record_types.h"
+#include "host/store/tables/statements.h"
 #include "platform/data/month.h"
 
 namespace quor {
@@ -73,7 +74,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   void check_values() const;
   void check_tariffs(std::int32_t id) const;
   void store_rows(std::int32_t id);
-  Variant value_of(const RecordField& field, std::int32_t id) const;
+  void append_values(std::int32_t id, std::vector<ColumnValue>& values) const;
   // Both throw ReachesClosedMonths for a month that is not agreed to.
   std::int32_t insert_record(const std::vector<Month>& agreed);
   void update_record(std::int32_t id, const std::vector<Month>& agreed);

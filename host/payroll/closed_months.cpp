@@ -5,7 +5,8 @@
 #include "host/payroll/month_comparison.h"
 #include "host/payroll/whole_run.h"
 #include "host/store/record_guard.h"
-#include "host/store/value_ranges.h"
+#include "host/store/tables/statements.h"
+#include "host/store/tables/value_ranges.h"
 #include "platform/data/error.h"
 #include "platform/data/utf8.h"
 
@@ -55,9 +56,13 @@ std::string objections(Database& database, const Month& month, const MonthCompar
 
 void note(Database& database, const Month& month, bool closed, const std::string& user, const std::string& at,
           const std::string& reason) {
-  database.execute(
-      "INSERT INTO month_closings (id, month, closed, done_by, done_at, reason) VALUES (:p0, :p1, :p2, :p3, :p4, :p5)",
-      {database.reserve_ids("month_closings"), month.first_day(), closed ? 1 : 0, user, at, reason});
+  insert_row(database, "month_closings",
+             {{"id", database.reserve_ids("month_closings")},
+              {"month", month.first_day()},
+              {"closed", closed ? 1 : 0},
+              {"done_by", user},
+              {"done_at", at},
+              {"reason", reason}});
 }
 
 // Inside the open transaction. The newest document's settings answer for the month, if every document keeps its own.

@@ -3,25 +3,14 @@
 #include <charconv>
 
 #include "host/company/guid.h"
-#include "platform/data/column.h"
+#include "host/store/tables/table_rows.h"
 
 namespace quor {
 
 namespace {
 
-constexpr const char* kColumns[] = {"settings_id",
-                                    "settings_guid",
-                                    "date_from",
-                                    "base_month_tariff_id",
-                                    "base_hour_tariff_id",
-                                    "personal_time_code_id_list",
-                                    "extra_charge_percentage",
-                                    "surcharge_percentage",
-                                    "total_charge_percentage",
-                                    "row_guid",
-                                    "year_from",
-                                    "year_to",
-                                    "percentage"};
+// Of a line of the settings, in the order of the table's columns behind the GUID and the line's number.
+std::size_t kept_fields() { return stored_table("document_settings").columns.size() - 2; }
 
 // To the last bit: numbers that print alike may differ.
 std::string exact_text(const Variant& value) {
@@ -34,10 +23,11 @@ std::string exact_text(const Variant& value) {
 }  // namespace
 
 DocumentSettings document_settings(std::shared_ptr<Recordset> lines) {
+  const std::size_t kept = kept_fields();
   std::string content;
   const auto walked = lines->Clone();
   for (; !walked->Eof(); walked->MoveNext()) {
-    for (std::size_t i = 0; i < std::size(kColumns); ++i) content += exact_text(walked->field(FieldHandle{i})) + ";";
+    for (std::size_t i = 0; i < kept; ++i) content += exact_text(walked->field(FieldHandle{i})) + ";";
     content += "\n";
   }
   return {content.empty() ? "" : named_guid(content), std::move(lines)};
@@ -49,16 +39,14 @@ void store_settings(Database& database, const DocumentSettings& settings) {
                                     {{"Line", FieldType::kInt32}}, {settings.guid});
   if (stored->RecordCount() > 0) return;
   const auto lines = settings.lines->Clone();
-  std::vector<ColumnData> columns = {ColumnData({"guid", FieldType::kText}), ColumnData({"line", FieldType::kInt32})};
-  for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-    columns.push_back(ColumnData({kColumns[i], lines->field_info({i}).type}));
-  }
+  TableRows rows("document_settings");
+  const std::size_t kept = kept_fields();
   for (std::int32_t line = 1; !lines->Eof(); lines->MoveNext(), ++line) {
-    columns[0].append(settings.guid);
-    columns[1].append(line);
-    for (std::size_t i = 0; i < std::size(kColumns); ++i) columns[i + 2].append(lines->field(FieldHandle{i}));
+    std::vector<Variant> cells = {settings.guid, line};
+    for (std::size_t i = 0; i < kept; ++i) cells.push_back(lines->field(FieldHandle{i}));
+    rows.append_row(cells);
   }
-  database.insert("document_settings", columns);
+  rows.insert_into(database);
 }
 
 }  // namespace quor

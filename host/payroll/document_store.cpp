@@ -4,7 +4,7 @@
 
 #include "host/company/departments.h"
 #include "host/payroll/closed_months.h"
-#include "platform/data/column.h"
+#include "host/store/tables/table_rows.h"
 
 namespace quor {
 
@@ -13,24 +13,6 @@ namespace {
 struct StoredDocument {
   std::int32_t id;
   MonthDocument document;
-};
-
-// Columns of a table that are filled row by row and inserted at once.
-class Rows {
- public:
-  explicit Rows(std::vector<FieldInfo> fields) : columns_(fields.begin(), fields.end()) {}
-
-  void append(std::initializer_list<Variant> values) {
-    auto column = columns_.begin();
-    for (const Variant& value : values) (column++)->append(value);
-  }
-  std::int32_t size() const { return static_cast<std::int32_t>(columns_.front().size()); }
-  void insert_into(Database& database, const char* table) const {
-    if (size() > 0) database.insert(table, columns_);
-  }
-
- private:
-  std::vector<ColumnData> columns_;
 };
 
 Variant or_null(std::int32_t id) { return id == 0 ? Variant(kNull) : Variant(id); }
@@ -190,64 +172,31 @@ class DocumentRows {
   }
 
   void add(const Month& month, const MonthDocument& document) {
-    heads_.append({document_id_, document.guid, document.employee, month.first_day(), document.check_code,
-                   document.check_message, document.service_years, document.supplement_percentage,
-                   or_null(document.settings_guid)});
+    heads_.append_row(document_id_, document.guid, document.employee, month.first_day(), document.check_code,
+                      document.check_message, document.service_years, document.supplement_percentage,
+                      or_null(document.settings_guid));
     for (const TimeRow& row : document.time_rows) {
-      times_.append(
-          {time_id_++, row.guid, document_id_, row.salary_extra_oid, or_null(row.position), row.time_code, row.hours});
+      times_.append_row(time_id_++, row.guid, document_id_, row.salary_extra_oid, or_null(row.position), row.time_code,
+                        row.hours);
     }
     for (const SalaryRow& row : document.salary_rows) {
-      sums_.append({sum_id_++, row.guid, document_id_, or_null(row.time_row_guid), static_cast<std::int16_t>(row.type),
-                    row.sum, row.percentage, or_null(row.extra_charge), or_null(row.salary_code)});
+      sums_.append_row(sum_id_++, row.guid, document_id_, or_null(row.time_row_guid),
+                       static_cast<std::int32_t>(row.type), row.sum, row.percentage, or_null(row.extra_charge),
+                       or_null(row.salary_code));
     }
     for (const DocumentPosition& row : document.positions) {
-      positions_.append(
-          {position_id_++, document_id_, row.category, row.factor, row.tariff, row.share, row.month_salary});
+      positions_.append_row(position_id_++, document_id_, row.category, row.factor, row.tariff, row.share,
+                            row.month_salary);
     }
     ++document_id_;
   }
 
-  void insert_into(Database& database) const {
-    heads_.insert_into(database, "documents");
-    times_.insert_into(database, "time_rows");
-    sums_.insert_into(database, "salary_rows");
-    positions_.insert_into(database, "document_positions");
+  void insert_into(Database& database) {
+    for (TableRows* const rows : {&heads_, &times_, &sums_, &positions_}) rows->insert_into(database);
   }
 
  private:
-  Rows heads_{{{"id", FieldType::kInt32},
-               {"guid", FieldType::kText},
-               {"employee_id", FieldType::kInt32},
-               {"month", FieldType::kDate},
-               {"check_code", FieldType::kInt32},
-               {"check_message", FieldType::kText},
-               {"service_years", FieldType::kInt32},
-               {"supplement_percentage", FieldType::kDouble},
-               {"settings_guid", FieldType::kText}}};
-  Rows times_{{{"id", FieldType::kInt32},
-               {"guid", FieldType::kText},
-               {"document_id", FieldType::kInt32},
-               {"salary_extra_oid", FieldType::kText},
-               {"position_id", FieldType::kInt32},
-               {"time_code_id", FieldType::kInt32},
-               {"hours", FieldType::kDouble}}};
-  Rows sums_{{{"id", FieldType::kInt32},
-              {"guid", FieldType::kText},
-              {"document_id", FieldType::kInt32},
-              {"time_row_guid", FieldType::kText},
-              {"sum_type", FieldType::kInt16},
-              {"sum_a", FieldType::kDouble},
-              {"percentage", FieldType::kDouble},
-              {"personal_extra_charge_id", FieldType::kInt32},
-              {"salary_code_id", FieldType::kInt32}}};
-  Rows positions_{{{"id", FieldType::kInt32},
-                   {"document_id", FieldType::kInt32},
-                   {"category", FieldType::kText},
-                   {"factor", FieldType::kDouble},
-                   {"tariff", FieldType::kDouble},
-                   {"share", FieldType::kDouble},
-                   {"month_salary", FieldType::kDouble}}};
+  TableRows heads_{"documents"}, times_{"time_rows"}, sums_{"salary_rows"}, positions_{"document_positions"};
   std::int32_t document_id_ = 0, time_id_ = 0, sum_id_ = 0, position_id_ = 0;
 };
 
@@ -280,9 +229,9 @@ bool store_faults(Database& database, const Month& month, const std::vector<Pers
   if (same) return false;
   database.execute("DELETE FROM month_faults WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2",
                    {month.first_day(), first, last});
-  Rows rows({{"employee_id", FieldType::kInt32}, {"month", FieldType::kDate}, {"reason", FieldType::kText}});
-  for (const PersonFault& each : faults) rows.append({each.employee, month.first_day(), each.reason});
-  rows.insert_into(database, "month_faults");
+  TableRows rows("month_faults");
+  for (const PersonFault& each : faults) rows.append_row(each.employee, month.first_day(), each.reason);
+  rows.insert_into(database);
   return true;
 }
 

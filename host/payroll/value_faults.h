@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/store/value_ranges.h"
+#include "host/store/tables/value_ranges.h"
 
 namespace quor {
 

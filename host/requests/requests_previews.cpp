@@ -12,7 +12,7 @@
 #include "host/requests/position_salary.h"
 #include "host/requests/requests.h"
 #include "host/store/sort_key.h"
-#include "host/store/value_ranges.h"
+#include "host/store/tables/value_ranges.h"
 #include "platform/data/column.h"
 #include "platform/data/month.h"
 #include "platform/data/number_text.h"

@@ -6,8 +6,8 @@
 #include "host/sample/sample_data.h"
 #include "host/sample/sample_people.h"
 #include "host/sample/sample_random.h"
-#include "host/sample/table_rows.h"
 #include "host/store/sort_key.h"
+#include "host/store/tables/table_rows.h"
 #include "platform/data/date.h"
 
 namespace quor {
@@ -28,10 +28,7 @@ std::vector<std::int32_t> add_departments(Database& database, std::int32_t emplo
   const std::int32_t count = std::clamp(employees / kPeoplePerDepartment + 1, kDivisions + 1, most);
   const std::int32_t first = database.reserve_ids("departments", count);
 
-  TableRows rows("departments", {{"id", FieldType::kInt32},
-                                 {"parent_id", FieldType::kInt32},
-                                 {"name", FieldType::kText},
-                                 {"sort_key", FieldType::kText}});
+  TableRows rows("departments");
   std::vector<std::int32_t> ids;
   for (std::int32_t n = 0; n < count; ++n) {
     const std::string area(areas[static_cast<std::size_t>(n / (kDivisions + 1))]);
@@ -41,7 +38,7 @@ std::vector<std::int32_t> add_departments(Database& database, std::int32_t emplo
                    : area + " skyriaus " + std::string(tasks[static_cast<std::size_t>(place - 1)]) + " poskyris";
     const auto parent = place == 0 ? std::nullopt : std::optional(first + n - place);
     ids.push_back(first + n);
-    rows.add(first + n, parent, name, lithuanian_sort_key(name));
+    rows.append_row(first + n, parent, name, lithuanian_sort_key(name));
   }
   rows.insert_into(database);
   return ids;
@@ -49,99 +46,71 @@ std::vector<std::int32_t> add_departments(Database& database, std::int32_t emplo
 
 // Answers the ID of the first salary constant type.
 std::int32_t add_constants(Database& database) {
-  TableRows types("constant_types",
-                  {{"id", FieldType::kInt32}, {"code", FieldType::kText}, {"name", FieldType::kText}});
-  for (std::int32_t n = 0; const auto& type : sample_data::constant_types()) types.add(n++, type.code, type.name);
+  TableRows types("constant_types");
+  for (std::int32_t n = 0; const auto& type : sample_data::constant_types())
+    types.append_row(n++, type.code, type.name);
   const std::int32_t first = types.insert_with_ids(database);
 
-  TableRows values("constant_values", {{"id", FieldType::kInt32},
-                                       {"constant_type_id", FieldType::kInt32},
-                                       {"date_from", FieldType::kDate},
-                                       {"value", FieldType::kDouble}});
+  TableRows values("constant_values");
   for (std::int32_t n = 0; const auto& value : sample_data::constant_values()) {
-    values.add(n++, first + static_cast<std::int32_t>(value.type), date_of(value.from), value.value);
+    values.append_row(n++, first + static_cast<std::int32_t>(value.type), date_of(value.from), value.value);
   }
   values.insert_with_ids(database);
   return first;
 }
 
 void add_indications(Database& database) {
-  TableRows rows("indications", {{"id", FieldType::kInt32},
-                                 {"indication_code", FieldType::kText},
-                                 {"code_id", FieldType::kInt32},
-                                 {"code", FieldType::kText},
-                                 {"code_name", FieldType::kText}});
+  TableRows rows("indications");
   for (std::int32_t n = 0; const auto& row : sample_data::indications()) {
-    rows.add(n++, row.indication, row.code_id, row.code, row.name);
+    rows.append_row(n++, row.indication, row.code_id, row.code, row.name);
   }
   rows.insert_with_ids(database);
 }
 
 std::int32_t add_salary_codes(Database& database) {
-  TableRows rows("salary_codes", {{"id", FieldType::kInt32}, {"code", FieldType::kText}, {"name", FieldType::kText}});
-  for (std::int32_t n = 0; const auto& code : sample_data::salary_codes()) rows.add(n++, code.code, code.name);
+  TableRows rows("salary_codes");
+  for (std::int32_t n = 0; const auto& code : sample_data::salary_codes()) rows.append_row(n++, code.code, code.name);
   return rows.insert_with_ids(database);
 }
 
 std::vector<std::int32_t> add_categories(Database& database, SampleRandom& random) {
-  TableRows categories("categories", {{"id", FieldType::kInt32},
-                                      {"guid", FieldType::kText},
-                                      {"name", FieldType::kText},
-                                      {"row_version", FieldType::kInt32}});
+  TableRows categories("categories");
   for (std::int32_t n = 0; const auto& category : sample_data::categories()) {
-    categories.add(n++, random.guid(), category.name, 1);
+    categories.append_row(n++, random.guid(), category.name, 1);
   }
   const std::int32_t first = categories.insert_with_ids(database);
 
-  TableRows rows("category_rows", {{"id", FieldType::kInt32},
-                                   {"guid", FieldType::kText},
-                                   {"category_id", FieldType::kInt32},
-                                   {"date_from", FieldType::kDate},
-                                   {"factor", FieldType::kDouble}});
+  TableRows rows("category_rows");
   std::vector<std::int32_t> ids;
   std::int32_t row = 0;
   for (const auto& category : sample_data::categories()) {
     const std::int32_t id = first + static_cast<std::int32_t>(ids.size());
     ids.push_back(id);
-    rows.add(row++, random.guid(), id, Date::from_ymd(2005, 1, 1), category.factor_2005);
+    rows.append_row(row++, random.guid(), id, Date::from_ymd(2005, 1, 1), category.factor_2005);
     if (category.factor_2006 > 0.0)
-      rows.add(row++, random.guid(), id, Date::from_ymd(2006, 7, 1), category.factor_2006);
-    rows.add(row++, random.guid(), id, Date::from_ymd(2007, 7, 1), category.factor_2007);
+      rows.append_row(row++, random.guid(), id, Date::from_ymd(2006, 7, 1), category.factor_2006);
+    rows.append_row(row++, random.guid(), id, Date::from_ymd(2007, 7, 1), category.factor_2007);
   }
   rows.insert_with_ids(database);
   return ids;
 }
 
 void add_settings(Database& database, SampleRandom& random, std::int32_t first_constant) {
-  TableRows settings("settings", {{"id", FieldType::kInt32},
-                                  {"guid", FieldType::kText},
-                                  {"date_from", FieldType::kDate},
-                                  {"base_month_tariff_id", FieldType::kInt32},
-                                  {"base_hour_tariff_id", FieldType::kInt32},
-                                  {"personal_time_code_id_list", FieldType::kText},
-                                  {"extra_charge_percentage", FieldType::kDouble},
-                                  {"surcharge_percentage", FieldType::kDouble},
-                                  {"total_charge_percentage", FieldType::kDouble},
-                                  {"row_version", FieldType::kInt32}});
+  TableRows settings("settings");
   std::int32_t count = 0;
   for (const auto& each : sample_data::settings()) {
-    settings.add(count++, random.guid(), date_of(each.from),
-                 first_constant + static_cast<std::int32_t>(sample_data::kMonthTariff),
-                 first_constant + static_cast<std::int32_t>(sample_data::kHourTariff), each.time_codes,
-                 each.extra_limit, each.surcharge_limit, each.total_limit, 1);
+    settings.append_row(count++, random.guid(), date_of(each.from),
+                        first_constant + static_cast<std::int32_t>(sample_data::kMonthTariff),
+                        first_constant + static_cast<std::int32_t>(sample_data::kHourTariff), each.time_codes,
+                        each.extra_limit, each.surcharge_limit, each.total_limit, 1);
   }
   const std::int32_t first = settings.insert_with_ids(database);
 
   // One per cent a year of service, from the third year to the thirtieth.
-  TableRows rows("settings_rows", {{"id", FieldType::kInt32},
-                                   {"guid", FieldType::kText},
-                                   {"settings_id", FieldType::kInt32},
-                                   {"year_from", FieldType::kInt32},
-                                   {"year_to", FieldType::kInt32},
-                                   {"percentage", FieldType::kDouble}});
+  TableRows rows("settings_rows");
   for (std::int32_t n = 0, row = 0; n < count; ++n) {
     for (std::int32_t year = 3; year <= 30; ++year) {
-      rows.add(row++, random.guid(), first + n, year, year < 30 ? year + 1 : 100, static_cast<double>(year));
+      rows.append_row(row++, random.guid(), first + n, year, year < 30 ? year + 1 : 100, static_cast<double>(year));
     }
   }
   rows.insert_with_ids(database);

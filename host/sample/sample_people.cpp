@@ -17,42 +17,7 @@ double share_of(std::int32_t number) {
 
 }  // namespace
 
-SamplePeople::SamplePeople(SampleRandom& random, const SampleSurroundings& around)
-    : random_(random),
-      around_(around),
-      employees_("employees", {{"id", FieldType::kInt32},
-                               {"department_id", FieldType::kInt32},
-                               {"name", FieldType::kText},
-                               {"sort_key", FieldType::kText},
-                               {"usr_acc_date", FieldType::kDate},
-                               {"row_version", FieldType::kInt32}}),
-      experience_("experience", {{"id", FieldType::kInt32},
-                                 {"employee_id", FieldType::kInt32},
-                                 {"date_experience", FieldType::kDate},
-                                 {"experience_years", FieldType::kInt32},
-                                 {"experience_months", FieldType::kInt32},
-                                 {"row_version", FieldType::kInt32}}),
-      positions_("positions", {{"id", FieldType::kInt32},
-                               {"employee_id", FieldType::kInt32},
-                               {"contract_guid", FieldType::kText},
-                               {"norm_guid", FieldType::kText},
-                               {"constant_type_id", FieldType::kInt32},
-                               {"category_id", FieldType::kInt32},
-                               {"share", FieldType::kDouble},
-                               {"date_from", FieldType::kDate},
-                               {"date_to", FieldType::kDate},
-                               {"row_version", FieldType::kInt32}}),
-      charges_("extra_charges", {{"id", FieldType::kInt32},
-                                 {"guid", FieldType::kText},
-                                 {"employee_id", FieldType::kInt32},
-                                 {"date_from", FieldType::kDate},
-                                 {"date_to", FieldType::kDate},
-                                 {"sum_a", FieldType::kDouble},
-                                 {"percentage", FieldType::kDouble},
-                                 {"salary_extra_oid", FieldType::kText},
-                                 {"salary_code_id", FieldType::kInt32},
-                                 {"comment", FieldType::kText},
-                                 {"row_version", FieldType::kInt32}}) {}
+SamplePeople::SamplePeople(SampleRandom& random, const SampleSurroundings& around) : random_(random), around_(around) {}
 
 void SamplePeople::add(Database& database, std::int32_t first, std::int32_t count) {
   const std::int32_t first_id = database.reserve_ids("employees", count);
@@ -97,9 +62,9 @@ void SamplePeople::add_person(std::int32_t number, std::int32_t id) {
   const bool begins_later = career_of(number) == Career::kNotBegun;
   const Date hired = begins_later ? Date::from_ymd(2008, 2, 1) : Date::from_ymd(year, month, day);
 
-  employees_.add(id, department, full_name, lithuanian_sort_key(full_name), hired, 1);
+  employees_.append_row(id, department, full_name, hired, lithuanian_sort_key(full_name), 1);
   if (number % 20 != 13) {
-    experience_.add(static_cast<std::int32_t>(experience_.size()), id, hired, years, months, 1);
+    experience_.append_row(experience_.size(), id, hired, years, months, 1);
   }
   add_positions(number, id, hired);
   add_charges(number, id, hired);
@@ -136,8 +101,7 @@ void SamplePeople::add_position(std::int32_t number, std::int32_t employee, cons
   if (number % 26 == 15) tariff = around_.first_constant + static_cast<std::int32_t>(sample_data::kMonthTariff);
   const std::string norm = random_.guid();
   const std::int32_t category = random_.one_of(std::span<const std::int32_t>(around_.categories));
-  positions_.add(static_cast<std::int32_t>(positions_.size()), employee, contract, norm, tariff, category, share, from,
-                 to, 1);
+  positions_.append_row(positions_.size(), employee, contract, norm, tariff, category, share, from, to, 1);
 }
 
 void SamplePeople::add_charges(std::int32_t number, std::int32_t employee, Date hired) {
@@ -145,9 +109,9 @@ void SamplePeople::add_charges(std::int32_t number, std::int32_t employee, Date 
                        std::optional<double> percentage, std::string_view comment) {
     const bool service = code == sample_data::kServiceCode;
     const std::string guid = random_.guid();
-    charges_.add(static_cast<std::int32_t>(charges_.size()), guid, employee, from, to, sum, percentage,
-                 service ? std::optional<std::string_view>(kSalaryExtensionType) : std::nullopt,
-                 around_.first_salary_code + static_cast<std::int32_t>(code), comment, 1);
+    charges_.append_row(charges_.size(), guid, employee, from, to, sum, percentage,
+                        service ? std::optional<std::string_view>(kSalaryExtensionType) : std::nullopt,
+                        around_.first_salary_code + static_cast<std::int32_t>(code), comment, 1);
   };
   const double rank = 10.0 + 5.0 * random_.below(5);
   const double sum = 50.0 * (1 + random_.below(5));

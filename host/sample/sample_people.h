@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/sample/sample_random.h"
-#include "host/sample/table_rows.h"
+#include "host/store/tables/table_rows.h"
 
 namespace quor {
 
@@ -38,7 +38,7 @@ class SamplePeople {
 
   SampleRandom& random_;
   const SampleSurroundings& around_;
-  TableRows employees_, experience_, positions_, charges_;
+  TableRows employees_{"employees"}, experience_{"experience"}, positions_{"positions"}, charges_{"extra_charges"};
 };
 
 }  // namespace quor

@@ -24,11 +24,11 @@ ImportDialog::ImportDialog(DesktopApplication& application, QWidget* parent)
       state_(new QLabel("Įkeliama visa arba nieko.", this)),
       faults_(new QPlainTextEdit(this)) {
   setWindowTitle("CSV failo importas");
-  for (const ExchangedTable& table : exchanged_tables()) {
+  for (const StoredTable& table : stored_tables()) {
     const auto text = [](std::string_view part) {
       return QString::fromUtf8(part.data(), static_cast<qsizetype>(part.size()));
     };
-    table_->addItem(text(table_caption(table.name)) + " (" + text(table.name) + ")", text(table.name));
+    table_->addItem(text(table.caption) + " (" + text(table.name) + ")", text(table.name));
   }
   auto* const choose = new QPushButton("&Rinktis…", this);
   auto* const file_row = new QHBoxLayout;
@@ -74,7 +74,7 @@ void ImportDialog::take_file(const QString& path) {
 }
 
 void ImportDialog::import_file() {
-  const ExchangedTable* const table = find_exchanged_table(table_->currentData().toString().toStdString());
+  const StoredTable* const table = find_stored_table(table_->currentData().toString().toStdString());
   faults_->clear();
   faults_->setVisible(false);
   state_->setText("Neįkelta.");

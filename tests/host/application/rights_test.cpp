@@ -159,13 +159,13 @@ Office::Service click(const char* type, const char* object, const char* entry) {
   return [=](TestApplication& a) { (void)a.GetQuorObjectUI(type)->ClickMenu(object, entry, "", ""); };
 }
 Office::Service take_out(const char* table) {
-  return [=](TestApplication& a) { (void)export_table(a.guard(), *find_exchanged_table(table)); };
+  return [=](TestApplication& a) { (void)export_table(a.guard(), *find_stored_table(table)); };
 }
 Office::Service bring_in(const char* table, const std::string& text) {
   return [=](TestApplication& a) {
     const TemporaryFolder folder;
     std::ofstream(folder.path("a.csv")) << text;
-    (void)import_tables(a.guard(), {{find_exchanged_table(table), folder.path("a.csv")}});
+    (void)import_tables(a.guard(), {{find_stored_table(table), folder.path("a.csv")}});
   };
 }
 void calculate(TestApplication& application) { (void)calculate_month(application, kMonth, {}); }
@@ -286,7 +286,7 @@ TEST(ServiceRights, WhoeverMayCalculateCalculatesWholeAndSeesWhatHeMay) {
 }
 
 TEST(ServiceRights, EveryExchangedTableIsAboutSomething) {
-  for (const ExchangedTable& table : exchanged_tables()) EXPECT_TRUE(is_guarded(table)) << table.name;
+  for (const StoredTable& table : stored_tables()) EXPECT_TRUE(is_guarded(table)) << table.name;
 }
 
 TEST(UserRights, UsersNeverStandWithoutAnAdministrator) {

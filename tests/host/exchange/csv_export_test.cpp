@@ -12,7 +12,7 @@ namespace quor {
 namespace {
 
 std::string exported(TestCompany& company, const char* table) {
-  return export_table(company.application().guard(), *find_exchanged_table(table));
+  return export_table(company.application().guard(), *find_stored_table(table));
 }
 
 TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
@@ -67,7 +67,7 @@ TEST(CsvExport, GivesNoSpreadsheetAFormulaAndEveryTextBack) {
   database->execute(
       "INSERT INTO constant_values (id, constant_type_id, date_from, value) VALUES (1, 1, 39478, 100000), (2, 2, 1, "
       "-5.25)");
-  const ExchangedTable& values = *find_exchanged_table("constant_values");
+  const StoredTable& values = *find_stored_table("constant_values");
   EXPECT_EQ(export_table(company.application().guard(), values, kSpreadsheetCsv),
             "\xEF\xBB\xBFid;constant_type_id;date_from;value\r\n1;1;2008-01-31;100000\r\n2;2;1899-12-31;-5,25\r\n");
   const TemporaryFolder folder;
@@ -118,7 +118,7 @@ TEST_P(CsvCompany, MovesWholeIntoAnEmptyOne) {
   const TemporaryFolder folder;
   export_company(company.application().guard(), folder.path("iš"));
   import_tables(to.application().guard(), sources_of_folder(folder.path("iš")));
-  for (const ExchangedTable& table : exchanged_tables()) {
+  for (const StoredTable& table : stored_tables()) {
     const std::string text = export_table(company.application().guard(), table);
     EXPECT_EQ(export_table(to.application().guard(), table), text);
     EXPECT_GT(text.size(), text.find("\r\n") + 2) << table.name << ": a table without rows proves nothing";
@@ -151,27 +151,5 @@ TEST(CsvExport, LeavesNoHalfFolderAndMixesNoCompanies) {
 }
 
 // Tables stand behind those that they refer to, and every name that a declaration uses is there.
-TEST(CsvTables, AreDeclaredInTheOrderOfTheirReferences) {
-  const auto tables = exchanged_tables();
-  EXPECT_EQ(tables.size(), 25U);
-  for (const ExchangedTable& table : tables) {
-    SCOPED_TRACE(table.name);
-    std::vector<std::string_view> names = table.key;
-    for (const auto& unique : table.uniques) names.insert(names.end(), unique.begin(), unique.end());
-    if (!table.closed_by.empty()) names.push_back(table.closed_by);
-    for (const std::string_view name : names) {
-      EXPECT_LT(table.column(name), table.columns.size()) << name;
-    }
-    EXPECT_NE(table_caption(table.name), "");
-    for (const ExchangedColumn& column : table.columns) {
-      EXPECT_NE(column.stored->caption, "") << column.name;
-      const bool number = column.type == CellType::kNumber || column.type == CellType::kWhole;
-      EXPECT_EQ(column.stored->range == nullptr && number, column.name == "check_code") << column.name;
-      if (column.references.empty()) continue;
-      EXPECT_LE(find_exchanged_table(column.references), &table) << column.name;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace quor

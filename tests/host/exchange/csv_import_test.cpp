@@ -36,7 +36,7 @@ class CsvImport : public testing::TestWithParam<Backend> {
   std::vector<ImportedTable> bring(const std::vector<Source>& sources) {
     std::vector<ImportSource> files;
     for (const Source& source : sources) {
-      files.push_back({find_exchanged_table(source.table), folder_.path(std::string(source.table) + ".csv")});
+      files.push_back({find_stored_table(source.table), folder_.path(std::string(source.table) + ".csv")});
       std::ofstream(files.back().file, std::ios::binary) << source.text;
     }
     return import_tables(guard_, files);
@@ -60,10 +60,10 @@ class CsvImport : public testing::TestWithParam<Backend> {
     }
   }
 
-  std::string exported(const char* table) { return export_table(guard_, *find_exchanged_table(table)); }
+  std::string exported(const char* table) { return export_table(guard_, *find_stored_table(table)); }
   std::string everything() {
     std::string all = std::to_string(database().change_count()) + "\n";
-    for (const ExchangedTable& table : exchanged_tables()) all += export_table(guard_, table);
+    for (const StoredTable& table : stored_tables()) all += export_table(guard_, table);
     return all;
   }
 
@@ -281,7 +281,7 @@ TEST_P(CsvImport, HoldsEveryColumnToItsRange) {
   bring({{"categories", "id,guid,name\n1,A,a\n"}, {"settings", "id,guid,date_from\n1,S,2005-01-01\n"}});
   for (const auto& c : text_table(kRanges)) {
     ASSERT_EQ(c.size(), 6U) << c[0] << c[2];
-    const ExchangedTable& table = *find_exchanged_table(c[0]);
+    const StoredTable& table = *find_stored_table(c[0]);
     const std::string header = exported(c[0].c_str());
     const auto faults_with = [&](const std::string& value) {
       std::string row = c[2];
@@ -446,8 +446,7 @@ TEST_P(CsvImport, RowsThatComeInAreAChangeOfTheRecordTheyArePartOf) {
 TEST_P(CsvImport, CommitsNothingWhenNothingDiffers) {
   const std::string before = everything();
   std::vector<Source> same;
-  for (const ExchangedTable& table : exchanged_tables())
-    same.push_back({table.name.data(), export_table(guard_, table)});
+  for (const StoredTable& table : stored_tables()) same.push_back({table.name.data(), export_table(guard_, table)});
   for (const ImportedTable& done : bring(same)) EXPECT_EQ(done.added + done.changed, 0U) << done.source.file;
   EXPECT_EQ(everything(), before);
 }

@@ -1,7 +1,7 @@
-#include "host/store/row_rules.h"
+#include "host/store/tables/row_rules.h"
 
 #include "frame/contract/object_key.h"
-#include "host/store/value_ranges.h"
+#include "host/store/tables/value_ranges.h"
 #include "platform/data/number_text.h"
 
 namespace quor {

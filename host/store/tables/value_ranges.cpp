@@ -1,4 +1,4 @@
-#include "host/store/value_ranges.h"
+#include "host/store/tables/value_ranges.h"
 
 #include "platform/data/number_text.h"
 

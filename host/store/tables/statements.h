@@ -1,0 +1,28 @@
+// The statements that write one row of a described table. Of a versioned table they keep the row's version, who changed
+// it and when.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/store/database.h"
+
+namespace quor {
+
+struct ColumnValue {
+  std::string column;
+  Variant value;
+};
+
+// Each throws StoreError. `user` is who changes a row of a versioned table.
+void insert_row(Database& database, std::string_view table, const std::vector<ColumnValue>& values,
+                const std::string& user = "");
+// Writes the row of that ID, with `row_version` only while it has that version. False when there is no such row.
+bool update_row(Database& database, std::string_view table, std::int32_t id, const std::vector<ColumnValue>& values,
+                const std::string& user = "", std::optional<std::int32_t> row_version = std::nullopt);
+void delete_row(Database& database, std::string_view table, std::int32_t id);
+
+}  // namespace quor

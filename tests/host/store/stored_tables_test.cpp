@@ -1,0 +1,90 @@
+// The description of the tables against the schema that the migrations make.
+#include "host/store/tables/stored_tables.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+
+#include "host/store/tables/table_rows.h"
+#include "tests/support/company_place.h"
+
+namespace quor {
+namespace {
+
+using Columns = std::map<std::string, std::string>;  // by "table.column": "integer not null"
+
+// What the program keeps for itself and no file carries.
+const std::set<std::string> kOwnTables = {"company",    "counters", "desk_top",
+                                          "month_runs", "next_ids", "schema_migrations"};
+const std::set<std::string> kOwnColumns = {"sort_key", "row_version", "changed_by", "changed_at", "pay_inputs"};
+
+Columns columns_of_schema(Database& database) {
+  const auto rows = database.read(
+      database.on_server() ? "SELECT table_name, column_name, data_type, CASE WHEN is_nullable = 'NO' THEN 1 ELSE 0 END"
+                             " FROM information_schema.columns WHERE table_schema = current_schema()"
+                           : "SELECT m.name, c.name, LOWER(c.type), c.\"notnull\" OR c.pk FROM sqlite_master m"
+                             " JOIN pragma_table_info(m.name) c WHERE m.type = 'table' AND m.name NOT LIKE 'sqlite_%'",
+      {{"Table", FieldType::kText},
+       {"Column", FieldType::kText},
+       {"Type", FieldType::kText},
+       {"Needed", FieldType::kInt32}});
+  Columns columns;
+  for (; !rows->Eof(); rows->MoveNext()) {
+    const std::string table(rows->text({0})), column(rows->text({1}));
+    if (kOwnTables.count(table) > 0 || kOwnColumns.count(column) > 0) continue;
+    columns[table + "." + column] = std::string(rows->text({2})) + (rows->int32({3}) != 0 ? " not null" : "");
+  }
+  return columns;
+}
+
+std::string type_of(FieldType type) {
+  if (type == FieldType::kText) return "text";
+  return type == FieldType::kDouble ? "double precision" : "integer";
+}
+
+Columns described_columns() {
+  Columns columns;
+  for (const StoredTable& table : stored_tables()) {
+    const std::string name(table.name);
+    if (table.hidden_id) columns[name + ".id"] = "integer not null";
+    for (const FieldInfo& field : stored_fields(table)) {
+      const std::size_t at = table.column(field.name);
+      // A month behind a day or month is always there, the day only for a day.
+      const bool needed = at < table.columns.size() ? table.columns[at].required() : field.name != "day";
+      columns[name + "." + field.name] = type_of(field.type) + (needed ? " not null" : "");
+    }
+  }
+  return columns;
+}
+
+class StoredTables : public testing::TestWithParam<Backend> {};
+ON_EVERY_DATABASE(StoredTables);
+
+TEST_P(StoredTables, AreDescribedAsTheMigrationsMakeThem) {
+  const auto place = GetParam().make_place();
+  EXPECT_EQ(described_columns(), columns_of_schema(*Database::create(place->address())));
+}
+
+TEST(StoredTables, NameNothingThatIsNotDescribed) {
+  for (const StoredTable& table : stored_tables()) {
+    SCOPED_TRACE(table.name);
+    EXPECT_NE(table.caption, "");
+    StoredTable::Names names = table.key;
+    for (const auto& unique : table.uniques) names.insert(names.end(), unique.begin(), unique.end());
+    for (const auto name : {table.closed_by, table.owner}) names.push_back(name.empty() ? table.key.front() : name);
+    for (const std::string_view name : names) EXPECT_LT(table.column(name), table.columns.size()) << name;
+    for (const StoredColumn& column : table.columns) {
+      EXPECT_NE(column.caption, "") << column.name;
+      const bool number = column.kind == ColumnKind::kNumber || column.kind == ColumnKind::kWhole;
+      EXPECT_EQ(column.range == nullptr && number, column.name == "check_code") << column.name;
+      if (column.references.empty()) continue;
+      EXPECT_LE(find_stored_table(column.references), &table) << column.name;
+    }
+  }
+  EXPECT_THROW(stored_column("positions", "shares"), std::logic_error);
+  EXPECT_THROW(TableRows("positions", {"id", "shares"}), std::logic_error);
+  EXPECT_THROW(TableRows("departments").append_row(1, kNull), std::logic_error);
+}
+
+}  // namespace
+}  // namespace quor
