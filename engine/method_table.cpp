@@ -154,7 +154,25 @@ constexpr bool names_differ() {
 }
 static_assert(names_differ(), "two methods of one name: the second would never run");
 
+std::shared_ptr<quor::Recordset> method_names() {
+  auto names = std::make_shared<quor::Recordset>();
+  names->Fields().Append("Name", quor::FieldType::kText);
+  names->Open();
+  for (const Method& method : kMethods) {
+    names->AddNew();
+    names->Fields()["Name"].Value(std::string(method.name));
+  }
+  names->Update();
+  names->MoveFirst();
+  return names;
+}
+
 }  // namespace
+
+MethodResult UIO0402000::Properties(const std::string& name, const std::string& parameter) {
+  if (name == quor::kMethodNames) return {.Code = 0, .Message = {}, .Value = method_names()};
+  return ForwardingObject::Properties(name, parameter);
+}
 
 MethodResult UIO0402000::Methods(const std::string& name, const quor::Parameters& parameters) {
   const auto* method = std::find_if(std::begin(kMethods), std::end(kMethods),

@@ -25,6 +25,9 @@ class UIO0402000 : public ForwardingObject {
  public:
   explicit UIO0402000(quor::QuorApplication& application);
 
+  // Its named data, and the names of its methods.
+  quor::MethodResult Properties(const std::string& name, const std::string& parameter) override;
+
   // The methods of the table. A result with the plug-in's own failure code is shown once, here.
   quor::MethodResult Methods(const std::string& name, const quor::Parameters& parameters) override;
 

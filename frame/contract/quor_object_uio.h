@@ -23,6 +23,9 @@ class QuorObjectUI;
 
 using Parameters = std::vector<Variant>;
 
+// The named data that tell an object's named operations: a record set of the text field `Name`.
+inline constexpr char kMethodNames[] = "MethodNames";
+
 class QuorObjectUIO : public Object {
  public:
   ~QuorObjectUIO() override;
@@ -47,7 +50,8 @@ class QuorObjectUIO : public Object {
   // The object's record set; null before Read.
   virtual std::shared_ptr<Recordset> RsFields() = 0;
 
-  // Named data, mostly record sets. An unknown name is an empty result, not a failure.
+  // Named data, mostly record sets. An unknown name is an empty result, not a failure. `kMethodNames` is known to an
+  // object with named operations that are called by people.
   virtual MethodResult Properties(const std::string& name, const std::string& parameter) = 0;
   // Named operations. An unknown name is an empty result; a parameter that is missing or does not convert throws.
   virtual MethodResult Methods(const std::string& name, const Parameters& parameters) = 0;

@@ -1,11 +1,9 @@
 #include "host/console/commands.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <string_view>
 
 #include "host/console/exchange_commands.h"
 #include "host/console/json_values.h"
@@ -54,19 +52,18 @@ Variant argument(const std::string& text, Session& session) {
   return text;
 }
 
-// The engine answers an empty result for a name that it does not know; the program says so.
-constexpr std::string_view kEngineMethods[] = {
-    "GetMMACode",          "GetMVACode",          "GetPercentageByExperience", "GetPersonalExtraChargeComponents",
-    "GetActionComponents", "GetSalaryComponents", "GetMonthSalaryValue",       "GetSalaryComponentsByID",
-    "GetSalaryConstant",   "GetExtraUIOByGUID",   "CheckExtraComponents",      "CheckSalaryRows",
-    "HandleSelectEvent",   "FillExtraUIOFields",  "GetYearsOfService"};
-
-bool say_unknown_method(const std::string& name) {
-  if (std::count(std::begin(kEngineMethods), std::end(kEngineMethods), name) > 0) return false;
+// An object answers an empty result for a name that it does not know; the program says so, as the object tells its
+// names.
+bool say_unknown_method(QuorObjectUIO& engine, const std::string& name) {
+  const auto names = engine.Properties(kMethodNames, "").Value.record_set();
+  std::string close;
+  for (; names && !names->Eof(); names->MoveNext()) {
+    const std::string known(names->text(FieldHandle{0}));
+    if (known == name) return false;
+    if (compare_folded(known, name) == 0) close = known;
+  }
   std::cerr << "quor: variklis nežino metodo „" << name << "“";
-  const auto* close = std::find_if(std::begin(kEngineMethods), std::end(kEngineMethods),
-                                   [&](std::string_view known) { return compare_folded(known, name) == 0; });
-  if (close != std::end(kEngineMethods)) std::cerr << "; gal norėjote „" << *close << "“?";
+  if (!close.empty()) std::cerr << "; gal norėjote „" << close << "“?";
   std::cerr << '\n';
   return true;
 }
@@ -117,7 +114,7 @@ ExitStatus run(const CallCommand& command, const CommonOptions& options, std::os
                      {"Value", to_json(result.Value)},
                      {"messages", boxes_json(session.application().shown_boxes())}};
   out << json.dump() << '\n';
-  if (say_unknown_method(command.method)) return ExitStatus::kFailed;
+  if (say_unknown_method(*engine, command.method)) return ExitStatus::kFailed;
   return result.Code == 0 ? ExitStatus::kDone : ExitStatus::kFailed;
 }
 
