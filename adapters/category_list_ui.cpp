@@ -25,10 +25,6 @@ constexpr char kNewSettings[] = "4";
 constexpr char kDelete[] = "5";
 constexpr char kPrint[] = "6";
 
-// What a data object's OType tells the form that is opened with it.
-constexpr char kCategoryRecord[] = "CategoryType";
-constexpr char kPreviewRecord[] = "OfficeEmployeePreview";
-
 constexpr char kNameColumn[] = "ColName";
 constexpr char kFactorColumn[] = "ColFactor";
 
@@ -63,22 +59,21 @@ std::shared_ptr<quor::QuorObjectUIO> UI0402200::new_data_object() {
 
 std::vector<quor::MenuEntry> UI0402200::GetMenu(const std::string& context, const std::string& /*object_type*/,
                                                 const std::string& /*user*/) {
-  std::vector<quor::MenuEntry> menu;
+  using quor::MenuPurpose;
   if (context == BO()->GroupContext()) {
-    add_entry(kSalaryPreview, "Valstybės tarnautojų sąrašas", menu);
-    add_entry(kSupplementPreview, "Valstybės tarnautojų priedai", menu);
-    add_separator(menu);
-    return menu;
+    return {{kSalaryPreview, "Valstybės tarnautojų sąrašas", MenuPurpose::kPreview, kPreviewRecord, "salary"},
+            {kSupplementPreview, "Valstybės tarnautojų priedai", MenuPurpose::kPreview, kPreviewRecord, "supplements"},
+            quor::menu_separator()};
   }
-  if (!on_type(context)) add_entry(kEdit, "Padėti ant darbo stalo", menu);
-  add_entry(kNew, "Naujas įrašas", menu);
-  if (on_type(context)) return menu;
-  add_separator(menu);
-  add_entry(kDelete, "Panaikinti", menu);
-  add_separator(menu);
-  add_entry(kPrint, "Spausdinti", menu);
-  add_separator(menu);
-  return menu;
+  const quor::MenuEntry add = {kNew, "Naujas įrašas", MenuPurpose::kNew, kCategoryRecord};
+  if (quor::is_type_context(context)) return {add};
+  return {{kEdit, "Padėti ant darbo stalo", MenuPurpose::kOpen},
+          add,
+          quor::menu_separator(),
+          {kDelete, "Panaikinti", MenuPurpose::kDelete},
+          quor::menu_separator(),
+          {kPrint, "Spausdinti", MenuPurpose::kPrint, "", "categories"},
+          quor::menu_separator()};
 }
 
 quor::ClickResult UI0402200::ClickMenu(const std::string& object, const std::string& entry,

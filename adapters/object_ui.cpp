@@ -63,13 +63,6 @@ quor::BoxAnswer ObjectUI::show(const std::string& text, quor::BoxIcon icon, quor
   return application_.MessageBox(text, icon, buttons, title_);
 }
 
-void ObjectUI::add_entry(const std::string& identifier, const std::string& caption,
-                         std::vector<quor::MenuEntry>& menu) {
-  menu.push_back({.Identifier = identifier, .Caption = caption});
-}
-
-void ObjectUI::add_separator(std::vector<quor::MenuEntry>& menu) { add_entry("", "-", menu); }
-
 std::shared_ptr<quor::Form> ObjectUI::desk_top_editor(const std::string& /*object*/) { return nullptr; }
 
 std::string list_without_parent(const std::string& object_type) {

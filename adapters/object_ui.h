@@ -59,11 +59,6 @@ class ObjectUI : public quor::QuorObjectUI, public std::enable_shared_from_this<
   // Shows a box under the adapter's title.
   quor::BoxAnswer show(const std::string& text, quor::BoxIcon icon, quor::BoxButtons buttons) const;
 
-  static void add_entry(const std::string& identifier, const std::string& caption, std::vector<quor::MenuEntry>& menu);
-  static void add_separator(std::vector<quor::MenuEntry>& menu);
-  // Whether the menu is asked for on the type's own place, where no object is.
-  static bool on_type(const std::string& context) { return context.ends_with('K'); }
-
  private:
   // A new data object of the type, not read yet.
   virtual std::shared_ptr<quor::QuorObjectUIO> new_data_object() = 0;

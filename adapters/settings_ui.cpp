@@ -13,8 +13,6 @@ constexpr char kDeskTop[] = "0";
 constexpr char kNew[] = "1";
 constexpr char kDelete[] = "2";
 
-constexpr char kNewCaption[] = "Naujas įrašas";
-
 }  // namespace
 
 UI0402300::UI0402300(quor::QuorApplication& application)
@@ -26,17 +24,14 @@ std::shared_ptr<quor::QuorObjectUIO> UI0402300::new_data_object() {
 
 std::vector<quor::MenuEntry> UI0402300::GetMenu(const std::string& context, const std::string& /*object_type*/,
                                                 const std::string& /*user*/) {
-  std::vector<quor::MenuEntry> menu;
-  if (on_type(context)) {
-    add_entry(kNew, kNewCaption, menu);
-    return menu;
-  }
-  add_entry(kDeskTop, "Padėti ant darbo stalo", menu);
-  add_entry(kNew, kNewCaption, menu);
-  add_separator(menu);
-  add_entry(kDelete, "Panaikinti", menu);
-  add_separator(menu);
-  return menu;
+  using quor::MenuPurpose;
+  const quor::MenuEntry add = {kNew, "Naujas įrašas", MenuPurpose::kNew, kSettingsRecord};
+  if (quor::is_type_context(context)) return {add};
+  return {{kDeskTop, "Padėti ant darbo stalo", MenuPurpose::kOpen},
+          add,
+          quor::menu_separator(),
+          {kDelete, "Panaikinti", MenuPurpose::kDelete},
+          quor::menu_separator()};
 }
 
 quor::ClickResult UI0402300::ClickMenu(const std::string& object, const std::string& entry,

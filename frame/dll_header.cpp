@@ -26,14 +26,14 @@ void DLLHeader::register_object_types() {
 
 // The host keeps two icon tables: one for objects, one for its layout. Each picture is loaded right before its call.
 void DLLHeader::add_icons() {
-  registry_->AddObjectIcon("CategoryType", find_icon_("CategoryType"));
-  registry_->AddObjectIcon("OfficeEmployeeSettings", find_icon_("OfficeEmployeeSettings"));
-  registry_->AddObjectIcon("OfficeEmployeePreview", find_icon_("OFFICEEMPLOYEEPREVIEW"));
+  registry_->AddObjectIcon(kCategoryRecord, find_icon_(kCategoryRecord));
+  registry_->AddObjectIcon(kSettingsRecord, find_icon_(kSettingsRecord));
+  registry_->AddObjectIcon(kPreviewRecord, find_icon_("OFFICEEMPLOYEEPREVIEW"));
 
   registry_->AddLayoutIcon(kLayoutCode, find_icon_("LAYOUT"));
-  registry_->AddLayoutIcon("CategoryType", find_icon_("CategoryType"));
-  registry_->AddLayoutIcon("OfficeEmployeeSettings", find_icon_("OfficeEmployeeSettings"));
-  registry_->AddLayoutIcon("OfficeEmployeePreview", find_icon_("OFFICEEMPLOYEEPREVIEW"));
+  registry_->AddLayoutIcon(kCategoryRecord, find_icon_(kCategoryRecord));
+  registry_->AddLayoutIcon(kSettingsRecord, find_icon_(kSettingsRecord));
+  registry_->AddLayoutIcon(kPreviewRecord, find_icon_("OFFICEEMPLOYEEPREVIEW"));
 }
 
 }  // namespace velmora

@@ -10,8 +10,10 @@ inline constexpr char kTarificationType[] = "O0402100";  // tarification
 inline constexpr char kCategoryType[] = "O0402200";      // position categories
 inline constexpr char kSettingsType[] = "O0402300";      // civil-servant settings
 
-// The settings' record set: also the icon of the type, and what a new record tells as its OType.
+// What the records are called: also the keys of the icons, and what a new record tells as its OType.
+inline constexpr char kCategoryRecord[] = "CategoryType";
 inline constexpr char kSettingsRecord[] = "OfficeEmployeeSettings";
+inline constexpr char kPreviewRecord[] = "OfficeEmployeePreview";
 
 inline constexpr char kLayoutCode[] = "L04010021";
 inline constexpr char kLayoutKey[] = "CSalaryExtraLayout";

@@ -69,27 +69,28 @@ class Pictures {
 
 void take_editors(MainWindow& window, Pictures& pictures) {
   const std::string category = window.list()->current();
-  window.carry_out(place_of_object(category), kOpenEntry);
+  window.carry_out(place_of_object(category), MenuPurpose::kOpen);
   pictures.take_window("category_editor");
   pictures.stand_on("lvwFactors", 0);
   pictures.take_dialog("category_row_editor", [&] { pictures.key("lvwFactors", Qt::Key_Return); });
 
   window.show_type(kSettingsType);
-  window.carry_out(place_of_object(window.list()->current()), kOpenEntry);
+  window.carry_out(place_of_object(window.list()->current()), MenuPurpose::kOpen);
   pictures.take_window("settings_editor");
   pictures.stand_on("lvwExperience", 0);
   pictures.take_dialog("experience_row_editor", [&] { pictures.key("lvwExperience", Qt::Key_Return); });
 }
 
 void take_previews(DesktopApplication& application, MainWindow& window, Pictures& pictures) {
-  const MenuPlace group = place_of_group(application, kCategoryType);
+  const std::vector<CalledEntry> previews = called_entries(application, MenuPurpose::kPreview);
+  const auto show = [&](std::size_t at) { window.carry_out(previews.at(at).place, previews.at(at).entry); };
   window.resize(1660, 720);
-  window.carry_out(group, "2");
+  show(0);
   pictures.key("dtpDate", Qt::Key_F5);
   pictures.take_window("salary_preview");
   pictures.take_dialog("report_preview", [&] { pictures.key("lvwRows", Qt::Key_P, Qt::ControlModifier); });
 
-  window.carry_out(group, "3");
+  show(1);
   pictures.key("dtpDate", Qt::Key_F5);
   pictures.take_window("supplement_preview");
   pictures.stand_on("lvwRows", 2);

@@ -39,7 +39,7 @@ class PreviewForm : public quor::Form {
  public:
   quor::DatePicker dtpDate{*this, "dtpDate"};
   quor::TextBox txtDepartment{*this, "txtDepartment"};
-  quor::CommandButton cmdSelect{*this, "cmdSelect", "..."};
+  quor::CommandButton cmdSelect{*this, "cmdSelect", "...", quor::ButtonRole::kChoose};
   quor::CommandButton cmdClean{*this, "cmdClean", "Išvalyti"};
   quor::CommandButton cmdGo{*this, "cmdGo", "Užpildyti", quor::ButtonRole::kFill};
   quor::CommandButton cmdPrint{*this, "cmdPrint", "Spausdinti", quor::ButtonRole::kPrint};

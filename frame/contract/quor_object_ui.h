@@ -18,10 +18,29 @@ namespace quor {
 
 class Form;
 
-struct MenuEntry {
-  std::string Identifier;
-  std::string Caption;  // "-" is a separator
+// What a menu entry is for, so that whoever shows the menu can give it the usual key.
+enum class MenuPurpose {
+  kPlain,
+  kOpen,     // the object: a double click, Enter
+  kNew,      // another object of the type: Insert
+  kDelete,   // the object: Del
+  kPrint,    // a list report
+  kPreview,  // a form that fills a list for a month and prints it
 };
+
+struct MenuEntry {
+  std::string Identifier;  // for ClickMenu; nobody else reads it
+  std::string Caption;     // "-" is a separator
+  MenuPurpose Purpose = MenuPurpose::kPlain;
+  // The key of a registered icon, "" for none: a layout icon on a group, else an object icon. The icon of a new object
+  // stands for all of a type that has none in its GetIconsTable.
+  std::string Icon = {};
+  // ASCII, for a program without windows: what it calls a list or preview by, with no object chosen; "" for none.
+  std::string Word = {};
+};
+
+inline MenuEntry menu_separator() { return {.Identifier = "", .Caption = "-"}; }
+inline bool is_separator(const MenuEntry& entry) { return entry.Caption == "-"; }
 
 struct IconEntry {
   std::string Key;
@@ -35,6 +54,10 @@ struct ClickResult {
   std::shared_ptr<Form> EditorForm;  // with kShowForm
 };
 
+// What GetMenu is asked with on the type's own place, where no object is.
+inline std::string type_context(const std::string& object_type) { return object_type + 'K'; }
+inline bool is_type_context(const std::string& context) { return context.ends_with('K'); }
+
 class QuorObjectUI : public Object {
  public:
   ~QuorObjectUI() override;
@@ -43,8 +66,8 @@ class QuorObjectUI : public Object {
   virtual void OID(const std::string& value) = 0;
   virtual std::string OName() const = 0;
 
-  // The menu for what was clicked. `context` is the key of an object, the type code and "K" on the type's own place, or
-  // the business object's GroupContext on the group that holds the type.
+  // The menu for what was clicked. `context` is the key of an object, the type_context on the type's own place, or the
+  // business object's GroupContext on the group that holds the type.
   virtual std::vector<MenuEntry> GetMenu(const std::string& context, const std::string& object_type,
                                          const std::string& user) = 0;
   virtual ClickResult ClickMenu(const std::string& object, const std::string& entry, const std::string& context,

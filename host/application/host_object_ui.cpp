@@ -13,7 +13,7 @@ constexpr char kPlaceOnDeskTop[] = "0";
 std::vector<MenuEntry> HostObjectUI::GetMenu(const std::string& context, const std::string& /*object_type*/,
                                              const std::string& /*user*/) {
   if (!id_of_key(context)) return {};  // the type's own place or its group: nothing is made here
-  return {{kPlaceOnDeskTop, "Padėti ant darbo stalo"}};
+  return {{kPlaceOnDeskTop, "Padėti ant darbo stalo", MenuPurpose::kOpen}};
 }
 
 ClickResult HostObjectUI::ClickMenu(const std::string& object, const std::string& entry, const std::string& /*context*/,

@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <iterator>
 #include <unistd.h>
 
+#include "host/application/menu_places.h"
 #include "host/company/departments.h"
 #include "host/console/department_lists.h"
 #include "host/console/session.h"
@@ -25,23 +25,7 @@ namespace quor {
 
 namespace {
 
-// What a call names, and the entry of the categories' menu that it stands for.
-struct Listed {
-  const char* name;
-  const char* entry;
-};
-constexpr Listed kPreviews[] = {{"salary", "2"}, {"supplements", "3"}};
-constexpr char kPrintCategories[] = "6";
 constexpr char kPdf[] = "pdf";
-
-std::string preview_entry(const std::string& kind) {
-  const auto* found =
-      std::find_if(std::begin(kPreviews), std::end(kPreviews), [&](const Listed& p) { return kind == p.name; });
-  if (found == std::end(kPreviews)) {
-    throw UsageError("nežinoma peržiūra „" + kind + "“: yra salary, supplements");
-  }
-  return found->entry;
-}
 
 // A user's act on the application. When it showed a box that tells of a failure, the command has failed.
 template <typename Act>
@@ -55,22 +39,32 @@ void acted(Application& application, const Act& act) {
   if (failed) throw std::runtime_error("Sąrašas nesudarytas.");
 }
 
-ClickResult click_categories(Application& application, const std::string& entry) {
-  const auto ui = application.GetQuorObjectUI(kCategoryType);
-  if (!ui) throw std::runtime_error(std::string("Tipo „") + kCategoryType + "“ niekas neregistravo.");
+// The plug-ins' entry that the word names, without one the first; throws UsageError with the words there are.
+CalledEntry called(Application& application, MenuPurpose purpose, const std::optional<std::string>& word,
+                   const char* unknown) {
+  const std::vector<CalledEntry> entries = called_entries(application, purpose);
+  std::string words;
+  for (const CalledEntry& each : entries) {
+    if (!word || each.entry.Word == *word) return each;
+    words += (words.empty() ? "" : ", ") + each.entry.Word;
+  }
+  throw UsageError(unknown + (" „" + word.value_or("")) + "“: yra " + words);
+}
+
+ClickResult click(Application& application, const CalledEntry& called) {
   ClickResult result;
-  acted(application, [&] { result = ui->ClickMenu("", entry, "", application.user()); });
+  acted(application, [&] { result = click_entry(application, called.place, called.entry); });
   return result;
 }
 
-// One preview of the plug-in, open for a month.
+// One preview of a plug-in, open for a month.
 class OpenPreview {
  public:
-  OpenPreview(Application& application, const std::string& entry, const Month& month)
-      : application_(application), form_(click_categories(application, entry).EditorForm) {
+  OpenPreview(Application& application, const CalledEntry& called, const Month& month)
+      : application_(application), form_(click(application, called).EditorForm) {
     if (!form_) throw std::runtime_error("Įskiepis neparodė peržiūros lango.");
     acted(application_, [&] { form_->load(); });
-    control<DatePicker>("dtpDate").pick(month.first_day());
+    control<DatePicker>("mėnesio", [](const DatePicker&) { return true; }).pick(month.first_day());
   }
   OpenPreview(const OpenPreview&) = delete;
   OpenPreview& operator=(const OpenPreview&) = delete;
@@ -80,22 +74,25 @@ class OpenPreview {
   std::shared_ptr<const ReportData> report(std::optional<std::int32_t> department) {
     if (department) {
       application_.set_pick(object_key(kDepartmentType, *department));
-      press("cmdSelect");
+      press(ButtonRole::kChoose, "mygtuko padaliniui parinkti");
     }
-    press("cmdGo");
-    press("cmdPrint");
+    press(ButtonRole::kFill, "mygtuko sąrašui užpildyti");
+    press(ButtonRole::kPrint, "mygtuko sąrašui spausdinti");
     return application_.shown_report();
   }
 
  private:
-  template <typename Kind>
-  Kind& control(const char* name) {
-    auto* found = dynamic_cast<Kind*>(form_->find(name));
-    if (found == nullptr) throw std::runtime_error(std::string("Peržiūros lange nėra „") + name + "“.");
-    return *found;
+  // The first control of the kind that is so; `what` says what is missing when there is none.
+  template <typename Kind, typename Test>
+  Kind& control(const char* what, const Test& is_so) {
+    for (Control* each : form_->controls()) {
+      if (auto* const found = dynamic_cast<Kind*>(each); found != nullptr && is_so(*found)) return *found;
+    }
+    throw std::runtime_error(std::string("Peržiūros lange nėra ") + what + ".");
   }
-  void press(const char* button) {
-    acted(application_, [&] { control<CommandButton>(button).click(); });
+  void press(ButtonRole role, const char* what) {
+    const auto has_role = [&](const CommandButton& button) { return button.role() == role; };
+    acted(application_, [&] { control<CommandButton>(what, has_role).click(); });
   }
 
   Application& application_;
@@ -158,27 +155,27 @@ void check_output(const CommonOptions& options) {
 
 ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std::ostream& out) {
   check_output(options);
-  const std::string entry = preview_entry(command.kind);
   const Month month = month_of(command.month);
   Session session(options);
   Application& application = session.application();
+  const CalledEntry called_preview = called(application, MenuPurpose::kPreview, command.kind, "nežinoma peržiūra");
   if (options.format != kPdf) application.read_reports_on_screen();
   if (command.department) require_department(application.company(), *command.department);
   const std::string state = month_state_line(month_state(application, month));
   if (!state.empty()) std::cerr << state << '\n';
-  OpenPreview preview(application, entry, month);
+  OpenPreview preview(application, called_preview, month);
   write_reports(reports_of(session, preview, month, command.department), options, application, out);
   return ExitStatus::kDone;
 }
 
 ExitStatus run(const PrintCommand& command, const CommonOptions& options, std::ostream& out) {
   check_output(options);
-  if (command.what != "categories") throw UsageError("nežinomas sąrašas „" + command.what + "“: yra categories");
   Session session(options);
   Application& application = session.application();
-  application.guard().require_view(kCategoryType);
-  click_categories(application, kPrintCategories);
-  if (!application.shown_report()) throw std::runtime_error("Įskiepis kategorijų sąrašo neparodė.");
+  const CalledEntry list = called(application, MenuPurpose::kPrint, command.what, "nežinomas sąrašas");
+  application.guard().require_view(list.place.object_type);
+  click(application, list);
+  if (!application.shown_report()) throw std::runtime_error("Įskiepis sąrašo neparodė.");
   write_reports({application.shown_report()}, options, application, out);
   return ExitStatus::kDone;
 }

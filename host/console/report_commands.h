@@ -1,4 +1,4 @@
-// The commands that print a list report of the plug-in: the previews of a month, the list of categories.
+// The commands that print a list report of a plug-in: the previews of a month, and what its menus print.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +11,12 @@
 namespace quor {
 
 struct PreviewCommand {
-  std::string kind;  // "salary" or "supplements"
+  std::optional<std::string> kind;  // the word of a preview's menu entry; none: the first preview there is
   std::string month;
   std::optional<std::int32_t> department;
 };
 struct PrintCommand {
-  std::string what;  // "categories"
+  std::string what;  // the word of a menu entry that prints
 };
 
 // Formats: also "pdf", which needs a file to go to.

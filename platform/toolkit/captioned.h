@@ -50,6 +50,7 @@ enum class ButtonRole {
   kNew,      // Ctrl+N
   kFill,     // F5
   kPrint,    // Ctrl+P
+  kChoose,   // lets the user choose what the form is about; no key
 };
 
 class CommandButton : public Captioned {

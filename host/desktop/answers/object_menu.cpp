@@ -1,45 +1,23 @@
 #include "host/desktop/answers/object_menu.h"
 
-#include <algorithm>
-
 #include "host/desktop/edge/mnemonics.h"
 #include "host/requests/object_lists.h"
 #include "platform/data/quoted_text.h"
 
 namespace quor {
 
-MenuPlace place_of_object(const std::string& key) { return {type_of_key(key), key, key}; }
-
-MenuPlace place_of_type(const std::string& object_type) { return {object_type, object_type + "K", ""}; }
-
-MenuPlace place_of_group(DesktopApplication& application, const std::string& object_type) {
-  const auto ui = application.GetQuorObjectUI(object_type);
-  return {object_type, ui ? ui->BO()->GroupContext() : "", ""};
-}
-
-std::vector<MenuEntry> menu_of(DesktopApplication& application, const MenuPlace& place) {
-  const auto ui = application.GetQuorObjectUI(place.object_type);
-  return ui ? ui->GetMenu(place.context, place.object_type, application.user()) : std::vector<MenuEntry>();
-}
-
-std::string entry_captioned(const std::vector<MenuEntry>& entries, const std::string& caption) {
-  const auto found =
-      std::find_if(entries.begin(), entries.end(), [&](const MenuEntry& entry) { return entry.Caption == caption; });
-  return found == entries.end() ? "" : found->Identifier;
-}
-
 // Qt shows no separator at an end.
 void add_entries(PassingMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place,
                  const ChooseEntry& choose) {
   for (const MenuEntry& entry : entries) {
-    if (entry.Caption == "-") {
+    if (is_separator(entry)) {
       menu.addSeparator();
       continue;
     }
     QString caption = without_mnemonic(QString::fromStdString(entry.Caption));
-    if (entry.Caption == kNewCaption) caption += "\tIns";
-    if (entry.Caption == kDeleteCaption) caption += "\tDel";
-    menu.add_choice(caption, [choose, place, id = entry.Identifier] { choose(place, id); });
+    if (entry.Purpose == MenuPurpose::kNew) caption += "\tIns";
+    if (entry.Purpose == MenuPurpose::kDelete) caption += "\tDel";
+    menu.add_choice(caption, [choose, place, entry] { choose(place, entry); });
   }
 }
 

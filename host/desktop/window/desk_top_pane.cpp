@@ -48,7 +48,7 @@ void DeskTopPane::refresh() {
 }
 
 void DeskTopPane::open(QListWidgetItem* item) {
-  if (item != nullptr && on_entry) on_entry(place_of_object(key_of(*item)), kOpenEntry);
+  if (item != nullptr && on_want) on_want(place_of_object(key_of(*item)), MenuPurpose::kOpen);
 }
 
 void DeskTopPane::asked(const QPoint& place) {

@@ -15,7 +15,7 @@ class DeskTopPane : public QListWidget {
   // Reads again what stands on the desk top. An object whose record is gone is shown as such, to be taken away.
   void refresh();
 
-  ChooseEntry on_entry;
+  WantEntry on_want;
   std::function<void(const MenuPlace& place, const QPoint& at)> on_menu;
   // The user takes the object away.
   std::function<void(const std::string& key)> on_remove;

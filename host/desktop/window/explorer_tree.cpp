@@ -14,7 +14,7 @@ namespace {
 
 enum Kind { kSection, kGroup, kType, kCommand };
 constexpr int kKindRole = Qt::UserRole, kTypeRole = Qt::UserRole + 1, kContextRole = Qt::UserRole + 2,
-              kEntryRole = Qt::UserRole + 3;
+              kEntryRole = Qt::UserRole + 3, kPurposeRole = Qt::UserRole + 4;
 
 QTreeWidgetItem* item(Kind kind, const std::string& caption, const QIcon& icon, const MenuPlace& place) {
   auto* const made = new QTreeWidgetItem({QString::fromStdString(caption)});
@@ -27,6 +27,11 @@ QTreeWidgetItem* item(Kind kind, const std::string& caption, const QIcon& icon, 
 }
 
 int kind_of(const QTreeWidgetItem& of) { return of.data(0, kKindRole).toInt(); }
+
+MenuEntry entry_of(const QTreeWidgetItem& command) {
+  return {command.data(0, kEntryRole).toString().toStdString(), command.text(0).toStdString(),
+          static_cast<MenuPurpose>(command.data(0, kPurposeRole).toInt())};
+}
 
 // Whether a group of that section holds the type.
 bool is_grouped(const RegisteredLayout& layout, const std::string& object_type) {
@@ -72,9 +77,10 @@ void ExplorerTree::add_group(QTreeWidgetItem& section, const RegisteredGroup& gr
   section.addChild(added);
   for (const std::string& object_type : group.objects) add_type(*added, object_type);
   for (const MenuEntry& entry : menu_of(application_, place)) {
-    if (entry.Caption == "-") continue;
-    auto* const command = item(kCommand, entry.Caption, group_command_icon(application_.registrations()), place);
+    if (is_separator(entry)) continue;
+    auto* const command = item(kCommand, entry.Caption, layout_icon(application_.registrations(), entry.Icon), place);
     command->setData(0, kEntryRole, QString::fromStdString(entry.Identifier));
+    command->setData(0, kPurposeRole, static_cast<int>(entry.Purpose));
     added->addChild(command);
   }
 }
@@ -116,7 +122,7 @@ void ExplorerTree::turned_to(QTreeWidgetItem* now) {
 void ExplorerTree::opened(QTreeWidgetItem* now) {
   if (now == nullptr) return;
   if (kind_of(*now) == kCommand) {
-    if (on_entry) on_entry(place_of(*now), now->data(0, kEntryRole).toString().toStdString());
+    if (on_entry) on_entry(place_of(*now), entry_of(*now));
   } else if (kind_of(*now) != kType) {
     now->setExpanded(!now->isExpanded());
   }

@@ -95,11 +95,11 @@ void MainWindow::add_panes() {
 }
 
 void MainWindow::listen() {
-  const auto choose = [this](const MenuPlace& place, const std::string& entry) { carry_out(place, entry); };
+  const auto want = [this](const MenuPlace& place, MenuPurpose purpose) { carry_out(place, purpose); };
   explorer_->on_type = [this](const std::string& object_type) { show_type(object_type); };
-  explorer_->on_entry = choose;
+  explorer_->on_entry = [this](const MenuPlace& place, const MenuEntry& entry) { carry_out(place, entry); };
   explorer_->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, false); };
-  desk_top_->on_entry = choose;
+  desk_top_->on_want = want;
   desk_top_->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, true); };
   desk_top_->on_remove = [this](const std::string& key) { take_off_desk_top(key); };
   application_.on_desk_top(
@@ -135,7 +135,7 @@ void MainWindow::show_type(const std::string& object_type) {
     ObjectListPane*& pane = panes_[object_type];
     if (pane == nullptr) {
       auto* const made = new ObjectListPane(application_, object_type, lists_);
-      made->on_entry = [this](const MenuPlace& place, const std::string& entry) { carry_out(place, entry); };
+      made->on_want = [this](const MenuPlace& place, MenuPurpose purpose) { carry_out(place, purpose); };
       made->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, false); };
       lists_->addWidget(made);
       pane = made;
@@ -175,7 +175,7 @@ void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_des
   auto menu = std::make_unique<PassingMenu>(this);
   act([&] {
     add_entries(*menu, menu_of(application_, place), place,
-                [this](const MenuPlace& chosen, const std::string& entry) { choose(chosen, entry); });
+                [this](const MenuPlace& chosen, const MenuEntry& entry) { choose(chosen, entry); });
   });
   if (on_desk_top) {
     menu->addSeparator();
@@ -186,36 +186,37 @@ void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_des
 
 // The entry that opens an object says that it puts it on the desk top, too: of a company that may only be read, it
 // opens it.
-void MainWindow::choose(const MenuPlace& place, const std::string& entry) {
+void MainWindow::choose(const MenuPlace& place, const MenuEntry& entry) {
   act([&] {
     click(place, entry);
-    if (entry != kOpenEntry || place.object.empty() || object_name(application_, place.object).isEmpty()) return;
-    if (!application_.company().database().may_write()) return;
-    application_.place_on_desk_top(place.object, nullptr);
+    const bool opens = entry.Purpose == MenuPurpose::kOpen && !place.object.empty();
+    if (!opens || object_name(application_, place.object).isEmpty()) return;
+    if (application_.company().database().may_write()) application_.place_on_desk_top(place.object, nullptr);
   });
 }
 
-void MainWindow::carry_out(const MenuPlace& place, const std::string& entry) {
+void MainWindow::carry_out(const MenuPlace& place, const MenuEntry& entry) {
   act([&] { click(place, entry); });
 }
 
-void MainWindow::click(const MenuPlace& place, const std::string& entry) {
+void MainWindow::carry_out(const MenuPlace& place, MenuPurpose purpose) {
+  act([&] {
+    if (const auto entry = wanted_entry(application_, place, purpose)) click(place, *entry);
+  });
+}
+
+void MainWindow::click(const MenuPlace& place, const MenuEntry& entry) {
+  const bool opens = entry.Purpose == MenuPurpose::kOpen;
   const bool on_group = place.object.empty() && place != place_of_type(place.object_type);
-  const QString opened_by = on_group ? QString::fromStdString(place.object_type + ' ' + entry) : QString();
-  if (entry == kOpenEntry && tabs_->bring_forward(place.object)) return;
+  const QString opened_by = on_group ? QString::fromStdString(place.object_type + ' ' + entry.Identifier) : QString();
+  if (opens && tabs_->bring_forward(place.object)) return;
   if (tabs_->bring_forward_opened_by(opened_by)) return;
-  const auto ui = application_.GetQuorObjectUI(place.object_type);
-  if (!ui) throw Error(ErrorKind::kNotFound, "Tipo „" + place.object_type + "“ niekas neregistravo.");
-  const ClickResult result = ui->ClickMenu(place.object, entry, place.context, application_.user());
+  const ClickResult result = click_entry(application_, place, entry);
   switch (result.Action) {
     case ClickAction::kShowForm:
       // What opens an object shows it; what else shows a form of a type, makes a new object. A group has none.
       if (result.EditorForm) {
-        tabs_->open(result.EditorForm,
-                    on_group              ? ""
-                    : entry == kOpenEntry ? place.object
-                                          : place.object_type,
-                    opened_by);
+        tabs_->open(result.EditorForm, on_group ? "" : opens ? place.object : place.object_type, opened_by);
       }
       break;
     case ClickAction::kRemoved:

@@ -35,7 +35,9 @@ class MainWindow : public QMainWindow {
   // Shows the list of a type.
   void show_type(const std::string& object_type);
   // Carries out an entry of a menu as the type's UI decides.
-  void carry_out(const MenuPlace& place, const std::string& entry);
+  void carry_out(const MenuPlace& place, const MenuEntry& entry);
+  // The same by what the entry is for; nothing when the place has none.
+  void carry_out(const MenuPlace& place, MenuPurpose purpose);
   // What the company holds may have changed: every list, the desk top and the status line are read again.
   void refresh_all();
 
@@ -53,8 +55,8 @@ class MainWindow : public QMainWindow {
   void listen();
 
   void show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top);
-  void choose(const MenuPlace& place, const std::string& entry);
-  void click(const MenuPlace& place, const std::string& entry);
+  void choose(const MenuPlace& place, const MenuEntry& entry);
+  void click(const MenuPlace& place, const MenuEntry& entry);
   void put_on_desk_top(const std::string& object, const std::shared_ptr<Form>& editor);
   void take_off_desk_top(const std::string& object);
   void object_changed(const std::string& object_type);

@@ -40,13 +40,13 @@ void MainWindow::add_group_commands(QMenu& menu, QToolBar& tools) {
     for (const auto& group : layout->groups) {
       const MenuPlace place = place_of_group(application_, group->object_type);
       for (const MenuEntry& entry : menu_of(application_, place)) {
-        if (entry.Caption == "-") continue;
+        if (is_separator(entry)) continue;
         const QString caption = QString::fromStdString(entry.Caption);
         auto* const command =
-            new QAction(group_command_icon(application_.registrations()), without_mnemonic(caption), this);
+            new QAction(layout_icon(application_.registrations(), entry.Icon), without_mnemonic(caption), this);
         if (++number <= 9) command->setShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_0 + number)));
         command->setToolTip(caption + " (" + command->shortcut().toString(QKeySequence::NativeText) + ")");
-        connect(command, &QAction::triggered, this, [this, place, id = entry.Identifier] { carry_out(place, id); });
+        connect(command, &QAction::triggered, this, [this, place, entry] { carry_out(place, entry); });
         menu.addAction(command);
         tools.addAction(command);
       }

@@ -196,22 +196,21 @@ bool ObjectListPane::key_pressed(int key) {
   switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (!object.empty() && on_entry) on_entry(place_of_object(object), kOpenEntry);
+      if (!object.empty()) want(place_of_object(object), MenuPurpose::kOpen);
       return true;
     case Qt::Key_Insert:
-      choose_captioned(place_of_type(object_type_), kNewCaption);
+      want(place_of_type(object_type_), MenuPurpose::kNew);
       return true;
     case Qt::Key_Delete:
-      if (!object.empty()) choose_captioned(place_of_object(object), kDeleteCaption);
+      if (!object.empty()) want(place_of_object(object), MenuPurpose::kDelete);
       return true;
     default:
       return false;
   }
 }
 
-void ObjectListPane::choose_captioned(const MenuPlace& place, const std::string& caption) {
-  const std::string entry = entry_captioned(menu_of(application_, place), caption);
-  if (!entry.empty() && on_entry) on_entry(place, entry);
+void ObjectListPane::want(const MenuPlace& place, MenuPurpose purpose) {
+  if (on_want) on_want(place, purpose);
 }
 
 // Beside the rows, it is the type's place.

@@ -30,8 +30,8 @@ class ObjectListPane : public QWidget {
   void focus_list();
   QTreeView& view() { return *view_; }
 
-  // An entry of the menu of an object, or of the type, was chosen.
-  ChooseEntry on_entry;
+  // An object is to be opened or deleted, or a new one made.
+  WantEntry on_want;
   // The user asks for a menu at that place of the screen.
   std::function<void(const MenuPlace& place, const QPoint& at)> on_menu;
 
@@ -43,7 +43,7 @@ class ObjectListPane : public QWidget {
   void search(const QString& text);
   void show_count();
   bool key_pressed(int key);
-  void choose_captioned(const MenuPlace& place, const std::string& caption);
+  void want(const MenuPlace& place, MenuPurpose purpose);
   void asked(const QPoint& place);
 
   DesktopApplication& application_;

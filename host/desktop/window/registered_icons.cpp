@@ -4,15 +4,12 @@
 #include <QPixmap>
 #include <QStyle>
 
+#include "host/application/menu_places.h"
 #include "host/store/object_codes.h"
 
 namespace quor {
 
 namespace {
-
-// Icons are registered by what their records are called.
-constexpr char kCategoryRecord[] = "CategoryType";
-constexpr char kPreviewRecord[] = "OfficeEmployeePreview";
 
 QIcon icon_of(const std::map<std::string, Picture>& icons, const std::string& key) {
   const auto found = icons.find(key);
@@ -25,23 +22,21 @@ QIcon icon_of(const std::map<std::string, Picture>& icons, const std::string& ke
 
 }  // namespace
 
-QIcon layout_icon(const Registrations& registrations, const std::string& layout_code) {
-  return icon_of(registrations.layout_icons, layout_code);
+QIcon layout_icon(const Registrations& registrations, const std::string& key) {
+  return icon_of(registrations.layout_icons, key);
 }
 
 QIcon object_icon(Application& application, const std::string& object_type) {
   const auto& icons = application.registrations().object_icons;
-  if (object_type == kCategoryType) return icon_of(icons, kCategoryRecord);
   if (const auto ui = application.GetQuorObjectUI(object_type)) {
-    for (const IconEntry& entry : ui->GetIconsTable()) {
+    std::vector<IconEntry> entries = ui->GetIconsTable();
+    const auto add = wanted_entry(application, place_of_type(object_type), MenuPurpose::kNew);
+    if (add) entries.push_back({.Key = object_type, .Icon = add->Icon});
+    for (const IconEntry& entry : entries) {
       if (QIcon icon = icon_of(icons, entry.Icon); !icon.isNull()) return icon;
     }
   }
   return QApplication::style()->standardIcon(object_type == kDepartmentType ? QStyle::SP_DirIcon : QStyle::SP_FileIcon);
-}
-
-QIcon group_command_icon(const Registrations& registrations) {
-  return icon_of(registrations.layout_icons, kPreviewRecord);
 }
 
 }  // namespace quor

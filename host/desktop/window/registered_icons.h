@@ -8,11 +8,9 @@
 
 namespace quor {
 
-// Each is a null icon when nobody has registered one.
-QIcon layout_icon(const Registrations& registrations, const std::string& layout_code);
+// Of a section, by its code, or of a command of a group; a null icon when nobody has registered one.
+QIcon layout_icon(const Registrations& registrations, const std::string& key);
 // Of a type's objects; for the types that the host keeps itself, the system's.
 QIcon object_icon(Application& application, const std::string& object_type);
-// Of the commands of a group.
-QIcon group_command_icon(const Registrations& registrations);
 
 }  // namespace quor
