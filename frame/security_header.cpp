@@ -6,7 +6,7 @@ namespace velmora {
 
 std::vector<quor::SecurityComponent> SecurityHeader::GetComponentList() {
   std::vector<quor::SecurityComponent> components;
-  add(kLayoutCaption, std::string("DLL|") + kLayoutCode, quor::kLibraryComponent, "", components);
+  add(kLayoutCaption, quor::library_component(kLayoutCode), quor::kLibraryComponent, "", components);
   add("Aplinkos peržūra", kLayoutKey, quor::kLayoutComponent, "", components);
   add(kGroupCaption, kGroupKey, quor::kLayoutComponent, "", components);
   return components;

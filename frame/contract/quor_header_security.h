@@ -24,6 +24,9 @@ struct SecurityComponent {
 inline constexpr std::int32_t kLibraryComponent = 10;  // the library itself
 inline constexpr std::int32_t kLayoutComponent = 2;    // a layout section or a group
 
+// The key of a library in which a layout section of that code was registered.
+inline std::string library_component(const std::string& layout_code) { return "DLL|" + layout_code; }
+
 class QuorHeaderSecurity : public Object {
  public:
   ~QuorHeaderSecurity() override;

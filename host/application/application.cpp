@@ -51,11 +51,23 @@ Application::Application(Company& company, ApplicationOptions options)
 // ---- plug-ins and their objects
 
 void Application::load_plugin(const std::string& file) {
-  plugins_.emplace_back(file);
-  auto header = plugins_.back().create<QuorHeader>("Velmora.DLLHeader", *this);
+  const PluginLibrary plugin(file);
+  auto header = plugin.create<QuorHeader>(class_id(plugin.name(), kHeaderClass), *this);
+  plugins_.push_back(plugin);
   header->DllInicialize();
   headers_.push_back(std::move(header));
   object_uis_.clear();  // of a type that it has registered, the UI is its own from now on
+}
+
+std::vector<SecurityComponent> Application::security_components() {
+  std::vector<SecurityComponent> components;
+  for (const PluginLibrary& plugin : plugins_) {
+    const auto header = std::dynamic_pointer_cast<QuorHeaderSecurity>(
+        plugin.create_object(class_id(plugin.name(), kSecurityHeaderClass), *this));
+    if (!header) continue;
+    for (SecurityComponent& component : header->GetComponentList()) components.push_back(std::move(component));
+  }
+  return components;
 }
 
 std::shared_ptr<Object> Application::create(const std::string& class_id) {
@@ -69,7 +81,7 @@ std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& o
   guard_.require_view(object_type);
   const auto type = registrations_.types.find(object_type);
   if (type == registrations_.types.end()) throw PluginError("Objekto tipo „" + object_type + "“ niekas neregistravo.");
-  const std::string class_id = type->second.class_id("UIO", object_type);
+  const std::string class_id = type->second.class_id(kDataObjectClass, object_type);
   auto object = std::dynamic_pointer_cast<QuorObjectUIO>(create(class_id));
   if (!object) throw PluginError("Įskiepis neturi klasės „" + class_id + "“.");
   return object;
@@ -81,7 +93,8 @@ std::shared_ptr<QuorObjectUIO> Application::GetQuorObjectUIO(const std::string& 
   const auto type = registrations_.types.find(object_type);
   const bool registered = type != registrations_.types.end();
   std::shared_ptr<QuorObjectUIO> object;
-  if (registered) object = std::dynamic_pointer_cast<QuorObjectUIO>(create(type->second.class_id("UIO", object_type)));
+  if (registered)
+    object = std::dynamic_pointer_cast<QuorObjectUIO>(create(type->second.class_id(kDataObjectClass, object_type)));
   if (!object) object = host_data_object(*this, company_, options_, object_type);
   // A type whose plug-in brings no data class of its own is served by the standard object.
   if (!object && registered) object = NewStandardObjectUIO(object_type);
@@ -105,7 +118,8 @@ std::shared_ptr<QuorObjectUI> Application::new_object_ui(const std::string& obje
   const bool registered = type != registrations_.types.end();
   if (!registered && listed_caption(object_type).empty()) return nullptr;
   std::shared_ptr<QuorObjectUI> ui;
-  if (registered) ui = std::dynamic_pointer_cast<QuorObjectUI>(create(type->second.class_id("UI", object_type)));
+  if (registered)
+    ui = std::dynamic_pointer_cast<QuorObjectUI>(create(type->second.class_id(kObjectUIClass, object_type)));
   if (!ui) ui = std::make_shared<HostObjectUI>(*this);
   ui->BO(NewMainBO());
   ui->QuorS(std::make_shared<SharedServices>(*this));

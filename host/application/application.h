@@ -13,6 +13,7 @@
 
 #include "frame/contract/quor_application.h"
 #include "frame/contract/quor_header.h"
+#include "frame/contract/quor_header_security.h"
 #include "frame/contract/quor_object_ui.h"
 #include "host/application/open_editors.h"
 #include "host/application/plugin_library.h"
@@ -64,9 +65,11 @@ class Application : public QuorApplication {
 
   // Loads the library and lets its header register what it contributes. Throws PluginError or quor::Error.
   void load_plugin(const std::string& file);
+  // What the loaded plug-ins give rights on, in the order in which they were loaded.
+  std::vector<SecurityComponent> security_components();
   // A new object of a plug-in's class; null when no loaded plug-in has it.
   std::shared_ptr<Object> create(const std::string& class_id);
-  // A new data object of a registered type ("O0402000"); throws PluginError when no plug-in has registered it.
+  // A new data object of a registered type; throws PluginError when no plug-in has registered it.
   std::shared_ptr<QuorObjectUIO> new_data_object(const std::string& object_type);
 
   Company& company() { return company_; }

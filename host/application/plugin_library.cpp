@@ -1,12 +1,25 @@
 #include "host/application/plugin_library.h"
 
+#include <algorithm>
 #include <dlfcn.h>
 #include <filesystem>
 
 namespace quor {
 
+namespace {
+
+std::string library_name(const std::string& file) {
+  std::string name = std::filesystem::path(file).filename();
+  name.erase(std::min(name.find('.'), name.size()));
+  if (name.starts_with("lib")) name.erase(0, 3);
+  if (!name.empty() && name[0] >= 'a' && name[0] <= 'z') name[0] = static_cast<char>(name[0] - 'a' + 'A');
+  return name;
+}
+
+}  // namespace
+
 // The library stays loaded until the process ends: objects of its classes may outlive this one.
-PluginLibrary::PluginLibrary(const std::string& file) : file_(file) {
+PluginLibrary::PluginLibrary(const std::string& file) : file_(file), name_(library_name(file)) {
   if (!std::filesystem::exists(file)) fail("nerastas");
   void* const library = dlopen(std::filesystem::absolute(file).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) fail("neįkeliamas: " + std::string(dlerror()));

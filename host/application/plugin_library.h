@@ -20,7 +20,10 @@ class PluginLibrary {
   // Loads the file and checks its number before anything of it runs. Throws PluginError naming the file.
   explicit PluginLibrary(const std::string& file);
 
-  // A new object of the class ("Velmora.DLLHeader"); throws PluginError when the library has none.
+  // What the library is called, by its file (see plugin_entry.h).
+  const std::string& name() const { return name_; }
+
+  // A new object of the class identifier; throws PluginError when the library has none.
   template <typename T>
   std::shared_ptr<T> create(const std::string& class_id, QuorApplication& application) const {
     auto object = std::dynamic_pointer_cast<T>(create_object(class_id, application));
@@ -35,6 +38,7 @@ class PluginLibrary {
   [[noreturn]] void fail(const std::string& what) const;
 
   std::string file_;
+  std::string name_;
   PluginCreate* create_ = nullptr;
 };
 

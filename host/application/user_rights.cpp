@@ -74,8 +74,8 @@ void store_company_users(Application& application, const std::vector<CompanyUser
   application.company().forget();
 }
 
-std::vector<SecurityComponent> host_components() {
-  std::vector<SecurityComponent> components;
+std::vector<SecurityComponent> grantable_components(Application& application) {
+  std::vector<SecurityComponent> components = application.security_components();
   for (const char* type : {kEmployeeType, kDepartmentType, kConstantType}) {
     components.push_back({.ParentKey = "", .Key = type, .Caption = listed_caption(type), .Kind = kLayoutComponent});
   }

@@ -27,7 +27,7 @@ std::vector<CompanyUser> company_users(Application& application);
 // administrator, when a name is empty or there twice, or when no user would be one. Throws StoreError.
 void store_company_users(Application& application, const std::vector<CompanyUser>& users);
 
-// The host's own object types, which no plug-in lists, to be granted beside the plug-ins' components.
-std::vector<SecurityComponent> host_components();
+// What can be granted: what the plug-ins list, then the host's own object types.
+std::vector<SecurityComponent> grantable_components(Application& application);
 
 }  // namespace quor

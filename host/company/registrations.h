@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/contract/object_registry.h"
+#include "frame/contract/plugin_entry.h"
 
 namespace quor {
 
@@ -32,9 +32,9 @@ struct RegisteredType {
   std::string caption;
   std::size_t registry;
 
-  // "Velmora" and type "O0402000" give "Velmora.UIO0402000" for the data side (`side` "UIO").
-  std::string class_id(const std::string& side, const std::string& object_type) const {
-    return library + "." + side + object_type.substr(1);
+  // The identifier of the type's class (see plugin_entry.h).
+  std::string class_id(std::string_view side, const std::string& object_type) const {
+    return type_class_id(library, side, object_type);
   }
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "frame/contract/quor_header_security.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
 
@@ -37,8 +38,6 @@ std::shared_ptr<Recordset> grants_of(Company& company, const std::string& user) 
             })
       ->Clone();
 }
-
-std::string library_key(const RegisteredLayout& layout) { return "DLL|" + layout.code; }
 
 bool holds(const RegisteredGroup& group, const std::string& asked) {
   return group.key == asked || std::count(group.objects.begin(), group.objects.end(), asked) > 0;
@@ -83,7 +82,7 @@ std::vector<std::string> deciding_components(const Registrations& registrations,
       if (group->key == asked && !group->object_type.empty()) components.insert(components.begin(), group->object_type);
       add(group->key);
       add(layout->key);
-      add(library_key(*layout));
+      add(library_component(layout->code));
       return components;
     }
   }
@@ -92,7 +91,7 @@ std::vector<std::string> deciding_components(const Registrations& registrations,
     const bool registered_with_it = type != registrations.types.end() && type->second.registry == layout->registry;
     if (layout->key != asked && !registered_with_it) continue;
     add(layout->key);
-    add(library_key(*layout));
+    add(library_component(layout->code));
     break;
   }
   return components;

@@ -3,6 +3,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace quor {
 
@@ -17,7 +18,7 @@ enum class ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
 // What the options of every command say, as text until a command needs it.
 struct CommonOptions {
   std::string company;
-  std::string plugin;
+  std::vector<std::string> plugins;  // none: those that stand beside the program
   std::string today;
   std::string format = "table";
   std::string output;

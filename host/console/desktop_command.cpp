@@ -16,7 +16,7 @@ ExitStatus show_in_terminal(const CommonOptions& options, std::ostream& out) {
   std::cerr << "quor: nėra ekrano langams, tad rodoma darbo užmokesčio peržiūra.\n";
   const auto month = latest_month(*Database::open(options.company));
   if (!month) throw std::runtime_error("nė vienas mėnuo dar neapskaičiuotas: quor month MĖNUO");
-  return run(PreviewCommand{.kind = "salary", .month = month->text(), .department = {}}, options, out);
+  return run(PreviewCommand{.kind = {}, .month = month->text(), .department = {}}, options, out);
 }
 
 }  // namespace
@@ -25,7 +25,7 @@ ExitStatus run(const DesktopCommand& command, const CommonOptions& options, std:
   if (!has_display()) return show_in_terminal(options, out);
   const bool done = run_desktop({.company = options.company,
                                  .company_named = command.company_named,
-                                 .plugin = options.plugin,
+                                 .plugins = options.plugins,
                                  .user = options.user,
                                  .today = today_of(options)});
   return done ? ExitStatus::kDone : ExitStatus::kFailed;

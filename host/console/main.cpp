@@ -20,13 +20,6 @@ namespace {
 
 using quor::ExitStatus;
 
-// The plug-in stands beside the program.
-std::string default_plugin() {
-  std::error_code error;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-  return (program.parent_path() / "libvelmora.so").string();
-}
-
 // The commands that print on paper, too.
 constexpr char kPreview[] = "preview";
 constexpr char kPrint[] = "print";
@@ -130,7 +123,9 @@ void label_in_lithuanian(CLI::App& app) {
 void add_common_options(CLI::App& app, quor::CommonOptions& options) {
   app.add_option("--company", options.company, "įmonės failas arba postgresql://naudotojas@serveris/bazė")
       ->envname("QUOR_COMPANY");
-  app.add_option("--plugin", options.plugin, "įskiepio biblioteka")->envname("QUOR_PLUGIN");
+  app.add_option("--plugin", options.plugins, "įskiepio biblioteka; be jos – visos, esančios šalia programos")
+      ->allow_extra_args(false)
+      ->envname("QUOR_PLUGIN");
   app.add_option("--user", options.user, "naudotojo vardas")->envname("QUOR_USER");
   app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
   app.add_option("--format", options.format,
@@ -205,13 +200,13 @@ void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOpt
 
 void add_report_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
   CLI::App& preview = add_command(app, kPreview, "parodo mėnesio peržiūros sąrašą", words.preview, options, command);
-  preview.add_option("PERŽIŪRA", words.preview.kind, "salary arba supplements")->required();
+  preview.add_option("PERŽIŪRA", words.preview.kind, "peržiūros vardas, pvz., salary arba supplements")->required();
   preview.add_option("MĖNUO", words.preview.month, "mėnuo, pvz., 2008-01")->required();
   preview.add_option("--department", words.preview.department,
                      "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
 
   CLI::App& print = add_command(app, kPrint, "atspausdina sąrašą", words.print, options, command);
-  print.add_option("SĄRAŠAS", words.print.what, "categories")->required();
+  print.add_option("SĄRAŠAS", words.print.what, "sąrašo vardas, pvz., categories")->required();
 }
 
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
@@ -252,8 +247,7 @@ int main(int argc, char** argv) {
   CLI::App app("Valstybės tarnautojų darbo užmokestis", "quor");
   app.require_subcommand(1);
   app.fallthrough();
-  quor::CommonOptions options{
-      .company = "sample.quor", .plugin = default_plugin(), .today = {}, .output = {}, .user = {}};
+  quor::CommonOptions options{.company = "sample.quor", .plugins = {}, .today = {}, .output = {}, .user = {}};
   label_in_lithuanian(app);
   add_common_options(app, options);
   AllWords words;

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "host/application/main_bo.h"
+#include "host/application/plugin_files.h"
 #include "host/console/json_values.h"
 #include "host/editors/personal_charge_editor.h"
 #include "platform/data/error.h"
@@ -30,7 +31,7 @@ Session::Session(const CommonOptions& options, const std::string& pick) {
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
     std::cerr << "[" << icon_name(box.icon) << "] " << box.title << ": " << text << '\n';
   });
-  application_->load_plugin(options.plugin);
+  load_plugins(*application_, options.plugins, [](const std::string& text) { std::cerr << "quor: " << text << '\n'; });
 }
 
 Month month_of(const std::string& word) {

@@ -13,8 +13,8 @@ namespace quor {
 
 class Session {
  public:
-  // Opens the company and loads the plug-in. Message boxes go to standard error; `pick` is what the object picker
-  // answers.
+  // Opens the company and loads the plug-ins; one that was left out is told on standard error. Message boxes go to
+  // standard error; `pick` is what the object picker answers.
   explicit Session(const CommonOptions& options, const std::string& pick = "");
 
   Application& application() { return *application_; }

@@ -1,11 +1,14 @@
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <set>
 #include <sstream>
 
-#include "frame/contract/quor_header_security.h"
-#include "frame/contract/quor_object_ui.h"
+#include "host/application/menu_places.h"
+#include "host/application/plugin_files.h"
+#include "host/application/user_rights.h"
+#include "platform/toolkit/form.h"
 #include "tests/support/company_place.h"
 #include "tests/support/test_company.h"
 
@@ -29,7 +32,7 @@ TEST(PluginLibrary, OnlyAPluginOfThisContractIsLoaded) {
                         {text_file, "neįkeliamas: "},
                         {folder.path(""), "neįkeliamas: "},
                         {VELMORA_LIBQUOR, "nėra šios programos įskiepis."},
-                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 4, reikia 3."}};
+                        {VELMORA_OTHER_PLUGIN, "skirtas kitai programos versijai: jo sąsajos numeris 5, reikia 4."}};
   for (const Case& c : cases) {
     const std::string expected = "Įskiepis „" + c.file + "“ " + c.reason;
     EXPECT_EQ(loading(c.file).substr(0, expected.size()), expected);
@@ -132,6 +135,99 @@ std::set<std::string> exported_symbols(const std::string& file) {
 
 TEST(Plugin, ShowsTheHostTwoSymbols) {
   EXPECT_EQ(exported_symbols(VELMORA_PLUGIN), (std::set<std::string>{"quor_plugin_abi", "quor_plugin_create"}));
+}
+
+TEST(PluginFiles, WhatTheProgramFindsItLoadsAndTellsOfTheRest) {
+  const TemporaryFolder folder;
+  const auto put = [&](const char* file, const char* name) {
+    std::filesystem::create_symlink(file, folder.path(name));
+  };
+  std::vector<std::string> skipped;
+  const auto load = [&](Application& application) {
+    skipped.clear();
+    return error_text(
+        [&] { load_plugins_in(application, folder.path(""), [&](const auto& t) { skipped.push_back(t); }); });
+  };
+  TestCompany company;
+  put(VELMORA_LIBQUOR, "libquor.so");  // no plug-in: not a word of it
+  put(VELMORA_PLUGIN, "velmora.so");   // no library's name
+  std::ofstream(folder.path("libtekstas.so")) << "ne biblioteka";
+  const std::string none = "Aplanke „" + folder.path("") + "“ nėra įskiepio, kurį ši programa galėtų įkelti.";
+  EXPECT_EQ(load(company.application()), none);
+  EXPECT_EQ(skipped.size(), 0U);
+  put(VELMORA_OTHER_PLUGIN, "libkitas.so");
+  put(VELMORA_SECOND_PLUGIN, "libkitavardis.so");
+  std::ofstream(folder.path("libsugadintas.so")) << "quor_plugin_abi quor_plugin_create";
+  EXPECT_EQ(load(company.application()), none);
+  put(VELMORA_SECOND_PLUGIN, "libsecond.so");
+  put(VELMORA_PLUGIN, "libvelmora.so");
+  EXPECT_EQ(load(company.application()), "no error");
+  const char* const reasons[] = {"libkitas.so“ skirtas kitai programos versijai",
+                                 "libkitavardis.so“ neturi klasės „Kitavardis.DLLHeader“.",
+                                 "libsugadintas.so“ neįkeliamas: "};
+  ASSERT_EQ(skipped.size(), std::size(reasons));
+  for (std::size_t i = 0; i < skipped.size(); ++i) {
+    EXPECT_NE(skipped[i].find(reasons[i]), std::string::npos) << skipped[i];
+  }
+  EXPECT_EQ(company.application().registrations().types.size(), 5U);
+}
+
+// Beside the first plug-in one of other names, which the host has never heard of.
+class SecondPlugin : public testing::Test {
+ protected:
+  static constexpr char kBook[] = "O09001001";
+
+  void SetUp() override {
+    for (const char* file : {VELMORA_PLUGIN, VELMORA_SECOND_PLUGIN}) application_.load_plugin(file);
+  }
+  ClickResult click(const MenuPlace& place, MenuPurpose purpose) {
+    return click_entry(application_, place, wanted_entry(application_, place, purpose).value());
+  }
+  std::string opened(const MenuPlace& place, MenuPurpose purpose) {
+    return click(place, purpose).EditorForm->caption();
+  }
+  std::string words(MenuPurpose purpose) {
+    std::string text;
+    for (const CalledEntry& called : called_entries(application_, purpose)) text += called.entry.Word + " ";
+    return text;
+  }
+
+  TestCompany company_;
+  TestApplication& application_ = company_.application();
+};
+
+TEST_F(SecondPlugin, EachEntryDoesWhatItIsFor) {
+  EXPECT_EQ(opened(place_of_object(kBook), MenuPurpose::kOpen), "Pirmoji knyga O09001001");
+  EXPECT_EQ(opened(place_of_type("O0900100"), MenuPurpose::kNew), "Nauja knyga");
+  EXPECT_EQ(opened(place_of_group(application_, "O0900100"), MenuPurpose::kPreview), "Visos knygos");
+  EXPECT_EQ(opened(place_of_type("O0402200"), MenuPurpose::kNew), "Pareigybių kategorija") << "the first one's";
+  EXPECT_EQ(words(MenuPurpose::kPreview), "salary supplements books ");
+  EXPECT_EQ(words(MenuPurpose::kPrint), "categories books ");
+  click(place_of_object(kBook), MenuPurpose::kPrint);
+  EXPECT_EQ(application_.shown_report()->title, "Knygų sąrašas");
+  const auto list = [&] { return application_.GetQuorObjectUI("O0900100")->GetQuorObjectList("O0900100", "", ""); };
+  EXPECT_EQ(list()->RecordCount(), 1);
+  EXPECT_EQ(click(place_of_object(kBook), MenuPurpose::kDelete).Action, ClickAction::kRemoved);
+  EXPECT_EQ(list()->RecordCount(), 0);
+}
+
+TEST_F(SecondPlugin, ItsObjectsAreReadByWhoeverMayViewThem) {
+  EXPECT_EQ(application_.GetQuorObjectUIO(kBook)->Fields()["Name"].Value().to_text(), "Pirmoji knyga");
+  EXPECT_EQ(application_.GetQuorObjectUIO("O09001002"), nullptr);
+  std::string captions;
+  for (const SecurityComponent& component : grantable_components(application_)) captions += component.Caption + "; ";
+  EXPECT_EQ(captions,
+            "Darbo užmokesčio išplėtimas; Aplinkos peržūra; Valstybės tarnautojai; Skaitykla; Darbuotojai; Padaliniai; "
+            "Darbo užmokesčio konstantos; ");
+  company_.given_user("vadovė", true);
+  const std::int32_t user = company_.given_user("testuotojas");
+  for (const auto& [component, told] :
+       {std::pair{"COfficeEmployees", "Neturite teisės peržiūrėti tokių duomenų."}, {"CBooks", "no error"}}) {
+    company_.given_rights(user, component, "v");
+    TestApplication reader(company_.company(), {.title = "Testas", .user = "testuotojas"});
+    for (const char* file : {VELMORA_PLUGIN, VELMORA_SECOND_PLUGIN}) reader.load_plugin(file);
+    EXPECT_EQ(error_text([&] { reader.GetQuorObjectUIO(kBook); }), told);
+  }
 }
 
 }  // namespace

@@ -120,6 +120,8 @@ TEST_F(PreviewProgramTest, EachCategoryIsPrintedWithItsLatestFactor) {
             "-----------  ------------\n"
             "A lygis, 13           9,7\n"
             "B lygis                 4\n");
+  const Outcome books = quor({"print", "books", "--plugin", VELMORA_PLUGIN, "--plugin", VELMORA_SECOND_PLUGIN});
+  EXPECT_EQ(books.out, "Knygų sąrašas\n\n") << books.err;
 }
 
 TEST_F(PreviewProgramTest, BadCallsSayWhatIsOffAndWriteNothing) {

@@ -17,7 +17,6 @@ namespace quor {
 namespace {
 
 constexpr int kFirstRight = 1;  // the column
-constexpr char kSecurityHeader[] = "Velmora.SecurityHeader";
 
 std::string component_of(const QTreeWidgetItem& item) { return item.data(0, Qt::UserRole).toString().toStdString(); }
 
@@ -57,10 +56,7 @@ RightsDialog::RightsDialog(DesktopApplication& application, QWidget* parent)
 void RightsDialog::add_components() {
   rights_->setHeaderLabels({"Dalis", "Peržiūrėti", "Kurti", "Naikinti", "Spausdinti", "Keisti"});
   rights_->setRootIsDecorated(false);
-  const auto header = std::dynamic_pointer_cast<QuorHeaderSecurity>(application_.create(kSecurityHeader));
-  std::vector<SecurityComponent> components = header ? header->GetComponentList() : std::vector<SecurityComponent>();
-  for (const SecurityComponent& component : host_components()) components.push_back(component);
-  for (const SecurityComponent& component : components) {
+  for (const SecurityComponent& component : grantable_components(application_)) {
     auto* const item = new QTreeWidgetItem(rights_, {QString::fromStdString(component.Caption)});
     item->setData(0, Qt::UserRole, QString::fromStdString(component.Key));
     item->setToolTip(0, QString::fromStdString(component.Key));

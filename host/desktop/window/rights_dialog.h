@@ -5,7 +5,6 @@
 #include <QDialog>
 #include <vector>
 
-#include "frame/contract/quor_header_security.h"
 #include "host/application/user_rights.h"
 #include "host/desktop/answers/desktop_application.h"
 

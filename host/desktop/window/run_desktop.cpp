@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "host/application/plugin_files.h"
 #include "host/desktop/edge/desktop_process.h"
 #include "host/desktop/edge/pointer.h"
 #include "host/desktop/window/first_start.h"
@@ -96,7 +97,9 @@ bool run_desktop(const DesktopOptions& options) {
         company,
         {.title = "Quor", .user = user_name(options), .today = options.today, .edit_charge = edit_personal_charge},
         edge);
-    application.load_plugin(options.plugin);
+    load_plugins(application, options.plugins, [&](const std::string& text) {
+      application.MessageBox(text, BoxIcon::kExclamation, BoxButtons::kOk, application.Title());
+    });
     MainWindow window(application);
     window.show();
     done = DesktopProcess::exec() == 0;

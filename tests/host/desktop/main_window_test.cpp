@@ -25,13 +25,15 @@ std::string told(const QWidget& window) { return said(window).toStdString(); }
 
 class MainWindowTest : public testing::Test {
  protected:
-  void open(const char* user = "testuotoja") {
+  static constexpr char kTester[] = "testuotoja";
+
+  void open(const char* user = kTester, const std::vector<const char*>& plugins = {VELMORA_PLUGIN}) {
     application_ = std::make_unique<DesktopApplication>(
         company_.company(),
         ApplicationOptions{
             .title = "Testas", .user = user, .today = Date::from_ymd(2008, 1, 31), .edit_charge = edit_personal_charge},
         test_edge());
-    application_->load_plugin(VELMORA_PLUGIN);
+    for (const char* file : plugins) application_->load_plugin(file);
     window_ = std::make_unique<MainWindow>(*application_);
     bring_up(*window_);
   }
@@ -101,6 +103,31 @@ TEST_F(MainWindowTest, TheExplorerShowsWhatIsRegistered) {
   window_->show_type(kEmployeeType);
   EXPECT_EQ(shown(), "Ona Onaitė");
   EXPECT_EQ(tabs(), "Darbuotojai");
+}
+
+TEST_F(MainWindowTest, APluginOfOtherNamesHasItsPlacesAndKeys) {
+  open(kTester, {VELMORA_PLUGIN, VELMORA_SECOND_PLUGIN});
+  QStringList lines;
+  for (QTreeWidgetItem* item = window_->explorer().topLevelItem(1); item != nullptr; item = item->child(0)) {
+    EXPECT_FALSE(item->icon(0).isNull()) << item->text(0).toStdString();
+    lines << item->text(0);
+  }
+  EXPECT_EQ(lines.join(" > ").toStdString(), "Biblioteka > Skaitykla > Knygos");
+  window_->show_type("O0900100");
+  window_->list()->focus_list();
+  EXPECT_EQ(shown(), "Pirmoji knyga");
+  press(Qt::Key_Return);
+  EXPECT_EQ(tabs(), "Knygos | Pirmoji knyga");
+  window_->tabs().show_lists();
+  window_->list()->focus_list();
+  press(Qt::Key_Insert);
+  EXPECT_EQ(tabs(), "Knygos | Pirmoji knyga | Nauja knyga");
+  window_->tabs().show_lists();
+  window_->list()->focus_list();
+  press(Qt::Key_Delete);
+  settle();
+  EXPECT_EQ(shown(), "");
+  EXPECT_EQ(tabs(), "Knygos | Nauja knyga") << "what was deleted is closed";
 }
 
 TEST_F(MainWindowTest, ANewCategoryIsMadeThroughMenuAndKeysAndStandsInTheList) {
