@@ -5,7 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include "platform/data/column.h"
-#include "platform/data/filter_test.h"
+#include "platform/data/filter_scope.h"
 #include "platform/data/recordset.h"
 
 namespace quor {

@@ -10,7 +10,7 @@
 #include "frame/contract/object_key.h"
 #include "frame/contract/quor_application.h"
 #include "platform/data/date.h"
-#include "platform/data/filter_test.h"
+#include "platform/data/filter_scope.h"
 #include "platform/data/quoted_text.h"
 #include "platform/data/variant.h"
 #include "platform/toolkit/text_box.h"

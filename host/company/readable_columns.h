@@ -1,8 +1,8 @@
 // Columns as SQL that reads null for what no field holds or nobody can compute with.
 //
-// Numbers and dates outside their ranges (host/store/tables/value_ranges.h) may stand in a company from before these were
-// held to. One of them must not keep a whole record set from everybody; where it is paid by, the calculation of the
-// month reads what is stored and names whose it is.
+// Numbers and dates outside their ranges (host/store/tables/value_ranges.h) may stand in a company from before these
+// were held to. One of them must not keep a whole record set from everybody; where it is paid by, the calculation of
+// the month reads what is stored and names whose it is.
 #pragma once
 
 #include <string>

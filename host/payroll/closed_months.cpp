@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/payroll/closed_month_guard.h"
 #include "host/payroll/month_comparison.h"
 #include "host/payroll/whole_run.h"
 #include "host/store/record_guard.h"
@@ -94,19 +95,6 @@ bool close_if_ready(Application& application, const Month& month) {
 }
 
 }  // namespace
-
-bool is_closed(Database& database, const Month& month) {
-  return database
-             .read("SELECT month FROM closed_months WHERE month = :p0", {{"Month", FieldType::kDate}},
-                   {month.first_day()})
-             ->RecordCount() > 0;
-}
-
-void require_open(Database& database, const Month& month) {
-  if (is_closed(database, month)) {
-    throw Error(ErrorKind::kRefused, "Mėnuo " + month.text() + " uždarytas: jo perskaičiuoti negalima.");
-  }
-}
 
 void close_month(Application& application, const Month& month, const std::optional<std::string>& despite) {
   application.guard().require_administrator("uždaryti mėnesio");

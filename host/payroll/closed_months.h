@@ -16,10 +16,6 @@
 
 namespace quor {
 
-bool is_closed(Database& database, const Month& month);
-// Throws quor::Error naming the month when it is closed.
-void require_open(Database& database, const Month& month);
-
 // The month was never calculated, or its documents are not those of today. The text lists what speaks against closing,
 // a line each, with the first names and counts; it ends without a line break.
 class MonthNotReady : public std::runtime_error {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/company/departments.h"
-#include "host/payroll/closed_months.h"
+#include "host/payroll/closed_month_guard.h"
 #include "host/store/tables/table_rows.h"
 
 namespace quor {

@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "frame/contract/over_limit.h"
-#include "host/payroll/closed_months.h"
+#include "host/payroll/closed_month_guard.h"
 #include "host/payroll/whole_run.h"
 #include "host/store/object_codes.h"
 #include "platform/data/column.h"

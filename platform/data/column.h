@@ -9,7 +9,8 @@
 #include <variant>
 #include <vector>
 
-#include "platform/data/recordset.h"
+#include "platform/data/field_info.h"
+#include "platform/data/variant.h"
 
 namespace quor {
 

@@ -15,6 +15,7 @@
 
 #include "platform/data/column.h"
 #include "platform/data/field_index.h"
+#include "platform/data/row_state.h"
 
 namespace quor {
 

@@ -23,24 +23,16 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/data/field_info.h"
+#include "platform/data/row_state.h"
 #include "platform/data/variant.h"
 
 namespace quor {
-
-enum class FieldType { kInt16, kInt32, kDouble, kDate, kBool, kText, kRecordSet };
-
-struct FieldInfo {
-  std::string name;
-  FieldType type;
-  std::size_t size = 0;  // longest text in characters; 0 = no bound
-};
 
 // A field's place in its record set, looked up once outside a loop. Good for the record set and all its clones.
 struct FieldHandle {
   std::size_t index;
 };
-
-enum class RowState : std::uint8_t { kUnchanged, kAdded, kModified, kDeleted };
 
 class Field;
 class Fields;

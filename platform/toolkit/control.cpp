@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/toolkit/captioned.h"
-
 namespace quor {
 
 Control* ControlSet::find(std::string_view name) const {
@@ -19,18 +17,6 @@ void Control::set_visible(bool visible) { put(visible_, visible, ControlChange::
 
 void Control::tell(ControlChange change) const {
   if (observer_) observer_(change);
-}
-
-void Captioned::set_caption(std::string caption) { put(caption_, std::move(caption), ControlChange::kContent); }
-
-void Label::accept(ControlVisitor& visitor) { visitor.visit(*this); }
-void Panel::accept(ControlVisitor& visitor) { visitor.visit(*this); }
-void GroupFrame::accept(ControlVisitor& visitor) { visitor.visit(*this); }
-
-void CommandButton::accept(ControlVisitor& visitor) { visitor.visit(*this); }
-
-void CommandButton::click() {
-  if (can_act()) run(on_click);
 }
 
 }  // namespace quor

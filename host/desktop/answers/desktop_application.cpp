@@ -6,7 +6,7 @@
 
 #include "host/desktop/answers/form_dialog.h"
 #include "host/desktop/answers/message_box.h"
-#include "host/desktop/answers/object_menu.h"
+#include "host/desktop/answers/object_names.h"
 #include "host/desktop/answers/object_picker.h"
 #include "host/desktop/answers/report_preview.h"
 #include "host/desktop/edge/pointer.h"

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "host/application/menu_places.h"
-#include "host/desktop/answers/desktop_application.h"
 #include "host/desktop/edge/passing_menu.h"
 
 namespace quor {
@@ -19,12 +18,5 @@ using WantEntry = std::function<void(const MenuPlace& place, MenuPurpose purpose
 // Adds the entries to the menu.
 void add_entries(PassingMenu& menu, const std::vector<MenuEntry>& entries, const MenuPlace& place,
                  const ChooseEntry& choose);
-
-// The objects of a type; null when there is no such list, and after a failure, which the user has been shown.
-std::shared_ptr<Recordset> list_of_type(DesktopApplication& application, const std::string& object_type);
-// What a list calls an object; "" when the list does not have it any more. Leaves its filter on the list.
-QString name_in(Recordset& list, const std::string& key);
-// The same in the list of the object's type; "" also when that cannot be read.
-QString object_name(DesktopApplication& application, const std::string& key);
 
 }  // namespace quor

@@ -1,45 +1,14 @@
 // The selection dialog: one object out of a list, found by typing a part of any of its texts.
 #pragma once
 
-#include <QAbstractTableModel>
 #include <QDialog>
 #include <string>
-#include <vector>
 
-#include "platform/data/recordset.h"
+#include "host/desktop/answers/object_list.h"
 
-class QLabel;
-class QLineEdit;
 class QPushButton;
-class QTreeView;
 
 namespace quor {
-
-// The rows of a list that hold what was typed, whatever the letter case and the marks on letters.
-class PickModel : public QAbstractTableModel {
- public:
-  // Takes the texts out of the list (see object_lists.h), whose cursor then stands anywhere.
-  PickModel(Recordset& list, QObject* parent);
-
-  // Every word of the text must stand somewhere in the row.
-  void show_matches(const QString& text);
-  std::string key(int row) const { return keys_[shown_[static_cast<std::size_t>(row)]].toStdString(); }
-  // -1 when the key is not shown.
-  int row_of(const std::string& key) const;
-  int all_rows() const { return static_cast<int>(keys_.size()); }
-
-  int rowCount(const QModelIndex& parent = {}) const override;
-  int columnCount(const QModelIndex& parent = {}) const override;
-  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
- private:
-  QStringList heads_;
-  std::vector<QString> keys_;
-  std::vector<QStringList> texts_;
-  std::vector<QStringList> folded_;  // the same without case and marks
-  std::vector<std::size_t> shown_;
-};
 
 class ObjectPicker : public QDialog {
  public:
@@ -48,19 +17,11 @@ class ObjectPicker : public QDialog {
   // The key of the chosen object; "" before the dialog was accepted.
   const std::string& picked() const { return picked_; }
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-  void search(const QString& text);
-  void stand_on(const std::string& key);
   void pick();
   QSize size_for_columns() const;
 
-  PickModel* const model_;
-  QLineEdit* const search_;
-  QTreeView* const view_;
-  QLabel* const count_;
+  ObjectList* const list_;
   QPushButton* ok_ = nullptr;
   std::string picked_;
 };

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <map>
 
+#include "host/desktop/answers/object_names.h"
 #include "host/desktop/window/registered_icons.h"
 
 namespace quor {

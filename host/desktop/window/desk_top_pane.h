@@ -3,6 +3,7 @@
 
 #include <QListWidget>
 
+#include "host/desktop/answers/desktop_application.h"
 #include "host/desktop/answers/object_menu.h"
 
 namespace quor {

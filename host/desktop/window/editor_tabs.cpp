@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "host/desktop/answers/message_box.h"
+#include "host/desktop/answers/object_names.h"
 #include "host/desktop/edge/mnemonics.h"
 #include "host/desktop/window/registered_icons.h"
 #include "platform/toolkit/date_picker.h"

@@ -6,6 +6,7 @@
 #include <QTabWidget>
 #include <memory>
 
+#include "host/desktop/answers/desktop_application.h"
 #include "host/desktop/answers/object_menu.h"
 #include "host/desktop/render/form_view.h"
 #include "host/desktop/window/month_band.h"

@@ -4,6 +4,7 @@
 
 #include <QTreeWidget>
 
+#include "host/desktop/answers/desktop_application.h"
 #include "host/desktop/answers/object_menu.h"
 
 namespace quor {

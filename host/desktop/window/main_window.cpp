@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "host/desktop/answers/object_names.h"
 #include "host/desktop/edge/pointer.h"
 #include "host/desktop/window/import_dialog.h"
 #include "host/desktop/window/month_dialog.h"

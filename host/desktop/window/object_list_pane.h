@@ -4,16 +4,14 @@
 
 #include <QWidget>
 
+#include "host/desktop/answers/desktop_application.h"
 #include "host/desktop/answers/object_menu.h"
 
-class QLabel;
-class QLineEdit;
-class QSortFilterProxyModel;
 class QTreeView;
 
 namespace quor {
 
-class PickModel;
+class ObjectList;
 
 class ObjectListPane : public QWidget {
  public:
@@ -28,32 +26,22 @@ class ObjectListPane : public QWidget {
   // The object on which the user stands; "" when on none.
   std::string current() const;
   void focus_list();
-  QTreeView& view() { return *view_; }
+  QTreeView& view();
 
   // An object is to be opened or deleted, or a new one made.
   WantEntry on_want;
   // The user asks for a menu at that place of the screen.
   std::function<void(const MenuPlace& place, const QPoint& at)> on_menu;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-  void set_up_view(const QString& name);
-  void search(const QString& text);
-  void show_count();
+  void set_up_view();
   bool key_pressed(int key);
   void want(const MenuPlace& place, MenuPurpose purpose);
   void asked(const QPoint& place);
 
   DesktopApplication& application_;
   const std::string object_type_;
-  std::string refusal_;  // why the list may not be viewed; "" when it may
-  PickModel* model_ = nullptr;
-  QSortFilterProxyModel* sorted_;
-  QLineEdit* search_;
-  QTreeView* view_;
-  QLabel* count_;
+  ObjectList* list_ = nullptr;
 };
 
 }  // namespace quor

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "host/store/tables/shared_columns.h"
-
 namespace quor {
 
 namespace {
@@ -42,17 +40,6 @@ std::string StoredColumn::words() const {
 }
 
 std::string StoredTable::words() const { return "„" + std::string(caption) + "“ (" + std::string(name) + ")"; }
-
-std::span<const StoredTable> stored_tables() {
-  static const std::vector<StoredTable> tables = [] {
-    std::vector<StoredTable> all;
-    for (const auto& part : {described::people_and_tariffs(), described::users_and_rights(), described::months()}) {
-      all.insert(all.end(), part.begin(), part.end());
-    }
-    return all;
-  }();
-  return tables;
-}
 
 const StoredTable* find_stored_table(std::string_view name) {
   for (const StoredTable& table : stored_tables()) {

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "host/store/tables/value_ranges.h"
-#include "platform/data/recordset.h"
+#include "platform/data/field_info.h"
 
 namespace quor {
 

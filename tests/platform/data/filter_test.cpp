@@ -1,9 +1,8 @@
-#include "platform/data/filter_test.h"
-
 #include <gtest/gtest.h>
 #include <stdexcept>
 
 #include "platform/data/case_folding.h"
+#include "platform/data/filter_scope.h"
 #include "tests/support/recordset_rows.h"
 
 namespace quor {

@@ -1,4 +1,4 @@
-#include "platform/data/filter_test.h"
+#include "platform/data/filter_scope.h"
 
 namespace quor {
 

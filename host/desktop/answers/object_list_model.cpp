@@ -1,0 +1,85 @@
+#include "host/desktop/answers/object_list_model.h"
+
+#include <algorithm>
+
+#include "host/requests/object_lists.h"
+
+namespace quor {
+
+namespace {
+
+QString text_of(const Recordset& list, FieldHandle field) {
+  return list.is_null(field) ? QString() : QString::fromStdString(list.field(field).to_text());
+}
+
+// "Žukas" as "zukas": who searches need not have Lithuanian letters on the keyboard. The folding of record sets
+// (case_folding.h) would not do: it tells marks apart.
+QString folded(const QString& text) {
+  QString result = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
+  result.removeIf([](QChar letter) { return letter.isMark(); });
+  return result;
+}
+
+}  // namespace
+
+ObjectListModel::ObjectListModel(Recordset& list, QObject* parent) : QAbstractTableModel(parent) {
+  const FieldHandle key = list.handle(kKeyField);
+  std::vector<FieldHandle> columns;
+  for (std::size_t i = 0; i < list.field_count(); ++i) {
+    if (i == key.index) continue;
+    columns.push_back({i});
+    heads_ << QString::fromStdString(list.field_info({i}).name);
+  }
+  if (list.RecordCount() > 0) list.MoveFirst();
+  for (; !list.Eof(); list.MoveNext()) {
+    keys_.push_back(text_of(list, key));
+    QStringList& texts = texts_.emplace_back();
+    QStringList& texts_folded = folded_.emplace_back();
+    for (const FieldHandle column : columns) {
+      texts << text_of(list, column);
+      texts_folded << folded(texts.back());
+    }
+  }
+  show_matches({});
+}
+
+void ObjectListModel::show_matches(const QString& text) {
+  const QStringList words = folded(text).split(' ', Qt::SkipEmptyParts);
+  const auto fits = [&](const QStringList& row) {
+    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
+      return std::any_of(row.begin(), row.end(), [&](const QString& cell) { return cell.contains(word); });
+    });
+  };
+  beginResetModel();
+  shown_.clear();
+  for (std::size_t row = 0; row < texts_.size(); ++row) {
+    if (fits(folded_[row])) shown_.push_back(row);
+  }
+  endResetModel();
+}
+
+int ObjectListModel::row_of(const std::string& key) const {
+  const QString wanted = QString::fromStdString(key);
+  const auto found = std::find_if(shown_.begin(), shown_.end(), [&](std::size_t row) { return keys_[row] == wanted; });
+  return found == shown_.end() ? -1 : static_cast<int>(found - shown_.begin());
+}
+
+int ObjectListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+}
+int ObjectListModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(heads_.size());
+}
+
+QVariant ObjectListModel::data(const QModelIndex& index, int role) const {
+  if (role != Qt::DisplayRole || !index.isValid()) return {};
+  return texts_[shown_[static_cast<std::size_t>(index.row())]][index.column()];
+}
+
+QVariant ObjectListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+  return role == Qt::DisplayRole ? QVariant(heads_.value(section)) : QVariant();
+}
+
+}  // namespace quor
