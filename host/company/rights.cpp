@@ -113,8 +113,10 @@ ViewedWith viewed_with(std::string_view object_type) {
 }
 
 bool any_allowed(const ViewedWith& types, const std::function<bool(const std::string&)>& allowed) {
-  return std::any_of(types.begin(), types.end(),
-                     [&](std::string_view type) { return !type.empty() && allowed(std::string(type)); });
+  // The first is asked also without a name: a list of no type is refused as that, not for a right.
+  return allowed(std::string(types.front())) || std::any_of(types.begin() + 1, types.end(), [&](std::string_view type) {
+           return !type.empty() && allowed(std::string(type));
+         });
 }
 
 bool may_view(QuorApplication& application, const ViewedWith& types) {
