@@ -12,18 +12,6 @@ using quor::day;
 using quor::kNull;
 using quor::Variant;
 
-class PickingApplication : public quor::TestApplication {
- public:
-  using TestApplication::TestApplication;
-  quor::PickedObject SelectObject(const std::string& object_type, const std::string& current,
-                                  const std::string& mode) override {
-    asked = object_type + ";" + current + ";" + mode;
-    return {.Identity = pick, .Name = {}};
-  }
-  std::string pick;
-  std::string asked;
-};
-
 class CategorySelectionTest : public testing::Test {
  protected:
   CategorySelectionTest() {
@@ -33,7 +21,7 @@ class CategorySelectionTest : public testing::Test {
     company_.given_category("Trečia", {});
   }
   std::string select(const std::string& pick, const char* date = "2008.01.31", std::int32_t current = 0) {
-    application_.pick = pick;
+    application_.picked.Identity = pick;
     const auto result =
         engine_.Methods("HandleSelectEvent", {day(date), std::int32_t{7}, 130.5, current, 0.0, "kažkas"});
     EXPECT_EQ(result.Code, 0);
@@ -41,13 +29,13 @@ class CategorySelectionTest : public testing::Test {
   }
 
   quor::TestCompany company_;
-  PickingApplication application_{company_.company(), {.title = "Testas"}};
+  quor::PickingApplication application_{company_.company(), {.title = "Testas"}};
   UIO0402000 engine_{application_};
 };
 
 TEST_F(CategorySelectionTest, AnswersTheFactorOfTheLastRowUpToTheDate) {
   EXPECT_EQ(select("O04022001#GUID"), "7;130,5;1;10,1;Pirma");
-  EXPECT_EQ(application_.asked, "O0402200;;");
+  EXPECT_EQ(application_.asked, "O0402200,,");
   EXPECT_EQ(select("O04022001#GUID", "2008.02.01"), "7;130,5;1;11;Pirma");
   EXPECT_EQ(select("O04022001#GUID", "2005.01.01"), "7;130,5;1;9,7;Pirma");
   EXPECT_EQ(select("O04022001#GUID", "2004.12.31"), "7;130,5;1;1;Pirma");  // none: the factor is 1

@@ -88,6 +88,12 @@ std::string TemporaryFolder::contents() const {
   return all;
 }
 
+void fail_one(Database& database, std::uint64_t n) {
+  database.set_fault([failing = database.statements() + n](std::uint64_t statement) {
+    if (statement == failing) throw StoreError(StoreFault::kFailed, "ryšys nutrūko");
+  });
+}
+
 std::int32_t count(Database& database, const std::string& from, const std::vector<Variant>& values) {
   return database.read("SELECT COUNT(*) FROM " + from, {{"Count", FieldType::kInt32}}, values)
       ->field("Count")

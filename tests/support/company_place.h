@@ -58,6 +58,9 @@ Refusal refusal_of(Action&& action) {
   return {};
 }
 
+// The n-th statement from now fails, and no other, until the fault is taken away.
+void fail_one(Database& database, std::uint64_t n);
+
 std::int32_t count(Database& database, const std::string& from, const std::vector<Variant>& values = {});
 
 }  // namespace quor

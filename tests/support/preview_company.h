@@ -18,19 +18,6 @@ using quor::kNull;
 using quor::Variant;
 using Rows = std::vector<std::vector<Variant>>;
 
-// The host's application, with a person who chooses departments.
-class PreviewApplication : public quor::TestApplication {
- public:
-  using TestApplication::TestApplication;
-  quor::PickedObject SelectObject(const std::string& type, const std::string& current,
-                                  const std::string& mode) override {
-    asked = type + "," + current + "," + mode;
-    return picked;
-  }
-  std::string asked;
-  quor::PickedObject picked;
-};
-
 // The engine, with an eye on what the form shows while it asks.
 class WatchedEngine : public UIO0402000 {
  public:
@@ -81,7 +68,8 @@ class Previews : public testing::Test {
     return text;
   }
   quor::TestCompany company_;
-  PreviewApplication application_{company_.company(), {.title = "Testas", .user = "t", .today = day("2008.01.31")}};
+  quor::PickingApplication application_{company_.company(),
+                                        {.title = "Testas", .user = "t", .today = day("2008.01.31")}};
   std::shared_ptr<WatchedEngine> engine_ = std::make_shared<WatchedEngine>(application_);
 };
 

@@ -145,6 +145,16 @@ std::int32_t TestCompany::given_charge(std::int32_t employee, Variant from, Vari
                 {new_guid(), employee, std::move(from), std::move(to), std::move(sum), 1});
 }
 
+std::int32_t TestCompany::given_time(std::int32_t employee, std::int32_t code, double hours, Variant on) {
+  return insert("worked_time", "employee_id, month, day, time_code_id, hours",
+                {employee, day("2008.01.01"), std::move(on), code, hours});
+}
+
+std::int32_t TestCompany::given_document(std::int32_t employee, const char* month) {
+  return insert("documents", "guid, employee_id, month, check_code, check_message",
+                {new_guid(), employee, day(month), 0, ""});
+}
+
 void TestCompany::given_tariffs() {
   const std::int32_t month = given_constant("MMA_VT", {{"2005.01.01", 130.0}});
   const std::int32_t hour = given_constant("MVA_VT", {{"2005.01.01", 0.8}});

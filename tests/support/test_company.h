@@ -39,6 +39,18 @@ class TestApplication : public Application {
   std::deque<BoxAnswer> next_answers_;
 };
 
+// With a person who chooses `picked` where an object is to be selected.
+class PickingApplication : public TestApplication {
+ public:
+  using TestApplication::TestApplication;
+  PickedObject SelectObject(const std::string& type, const std::string& current, const std::string& mode) override {
+    asked = type + "," + current + "," + mode;
+    return picked;
+  }
+  PickedObject picked;
+  std::string asked;
+};
+
 struct Dated {
   const char* from;
   double value;
@@ -91,6 +103,9 @@ class TestCompany {
   // The rights on a component as letters: v(iew), c(reate), d(elete), p(rint), w(rite); "" takes all away.
   void given_rights(std::int32_t user, const char* component, std::string_view letters);
   std::int32_t given_charge(std::int32_t employee, Variant from, Variant to, Variant sum);
+  // Hours of January 2008, of the whole month or of a day.
+  std::int32_t given_time(std::int32_t employee, std::int32_t code, double hours, Variant on = kNull);
+  std::int32_t given_document(std::int32_t employee, const char* month = "2008.01.01");
 
   // A base tariff (type 1) of 130 with an hourly one (type 2) of 0,8, and settings from 2005 that name them, with a
   // scale of 3 % from the 3rd year and 5 % from the 5th to the 10th.

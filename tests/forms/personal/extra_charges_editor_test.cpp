@@ -159,9 +159,7 @@ TEST_P(PersonalCharges, WhatOthersAndRightsForbidIsToldAndLeavesTheList) {
                                 "vartotojas: Ona, 10:00."});
   EXPECT_EQ(charges(), "Null;Null;150;Null;Null;Null;Null;2");
 
-  execute(
-      "INSERT INTO documents (id, guid, employee_id, month, check_code, check_message)"
-      " VALUES (1, 'D', 1, 39448, 0, '')");
+  company_.given_document(person_);
   execute(
       "INSERT INTO salary_rows (id, guid, document_id, sum_type, sum_a, personal_extra_charge_id)"
       " VALUES (1, 'S', 1, 1, 150, 1)");

@@ -150,10 +150,7 @@ TEST_P(PersonalService, ARecordSetIsStoredWholeOrNotAtAll) {
   const std::string before = services();
   std::uint64_t statement = 1;
   for (;; ++statement) {
-    const auto failing = company_.database().statements() + statement;
-    company_.database().set_fault([failing](std::uint64_t number) {
-      if (number == failing) throw quor::StoreError(quor::StoreFault::kFailed, "ryšys nutrūko");
-    });
+    quor::fail_one(company_.database(), statement);
     const std::string text = save(kExperience);
     company_.heal();
     if (text.empty()) break;

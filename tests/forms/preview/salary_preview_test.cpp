@@ -9,18 +9,17 @@ namespace velmora {
 namespace {
 
 TEST(PersonCharges, TheLastRecordOfATypeCountsAndTheTotalIsRoundedToTheEvenCent) {
-  struct Case {
+  const struct {
     const char* name;
     std::vector<ChargeRecord> records;
     double pay, supplement, surcharge, total_percentage;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"of two of a type the last", {{800, 1, 7, 1}, {800, 2, 1, 2}, {800, 1, 2, 3}}, 800, 2, 1, 0.38},
       {"a half falls to the even cent", {{800, 1, 1, 1}}, 800, 1, 0, 0.12},
       {"another type has its pay only", {{700, 1, 7, 1}, {800, 3, 9, 9}}, 800, 7, 0, 0.88},
       {"no pay", {{0, 1, 5, 0}, {0, 2, 6, 0}}, 0, 5, 6, 0},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     PersonCharges charges;
     for (const ChargeRecord& record : c.records) charges.take(record);
@@ -132,21 +131,19 @@ TEST_F(SalaryPreview, APersonsFirstRowHasTheNumberTheNameAndTheCharges) {
 }
 
 TEST_F(SalaryPreview, OnlyWhatIsOverItsLimitIsRed) {
-  struct Case {
+  const struct {
     const char* name;
     Variant limits[3];
     double supplement, surcharge;  // of a pay of 1000
-    const char* red;
-    const char* supplement_head;
-  };
-  const Case cases[] = {{"equal", {10.0, 20.0, 30.0}, 100, 200, "", "% (iki 10%)"},
-                        {"a hundredth over", {10.0, 20.0, 31.0}, 100.1, 200.1, "0 7 8 9 10 ", "% (iki 10%)"},
-                        {"no limits", {0.0, 0.0, 0.0}, 5000, 5000, "", "%"},
-                        {"the total alone", {0.0, kNull, 30.0}, 100, 200.1, "0 11 12 ", "%"},
-                        {"rounded to the limit", {0.0, 0.0, 30.0}, 100, 200.04, "", "%"},
-                        {"below zero is no limit", {-1.0, -1.0, -1.0}, 100, 200, "", "%"}};
+    const char *red, *supplement_head;
+  } cases[] = {{"equal", {10.0, 20.0, 30.0}, 100, 200, "", "% (iki 10%)"},
+               {"a hundredth over", {10.0, 20.0, 31.0}, 100.1, 200.1, "0 7 8 9 10 ", "% (iki 10%)"},
+               {"no limits", {0.0, 0.0, 0.0}, 5000, 5000, "", "%"},
+               {"the total alone", {0.0, kNull, 30.0}, 100, 200.1, "0 11 12 ", "%"},
+               {"rounded to the limit", {0.0, 0.0, 30.0}, 100, 200.04, "", "%"},
+               {"below zero is no limit", {-1.0, -1.0, -1.0}, 100, 200, "", "%"}};
   given_positions({{1, "Pirma", "A", 9.7, 130.0, 1260.0}});
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     company_.database().execute("DELETE FROM settings");
     company_.company().forget();

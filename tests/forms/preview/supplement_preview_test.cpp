@@ -9,19 +9,18 @@ namespace velmora {
 namespace {
 
 TEST(Supplements, APercentageWinsOverTheSumAndHalfCentsGoUp) {
-  struct Case {
+  const struct {
     const char* name;
     double sum, percentage;
     const char* salary;
     double expected;  // behind an amount of 77
-  };
-  const Case cases[] = {{"of the salary", 0, 5, "1234,5", 61.73},
-                        {"the sum gives way", 150, 10, "  200", 20},
-                        {"the sum alone", 150, 0, "200", 150},
-                        {"neither", 0, 0, "200", 0},
-                        {"no salary", 0, 10, " ", 77},
-                        {"no salary, the sum gives way", 150, 10, "", 77}};
-  for (const Case& c : cases) {
+  } cases[] = {{"of the salary", 0, 5, "1234,5", 61.73},
+               {"the sum gives way", 150, 10, "  200", 20},
+               {"the sum alone", 150, 0, "200", 150},
+               {"neither", 0, 0, "200", 0},
+               {"no salary", 0, 10, " ", 77},
+               {"no salary, the sum gives way", 150, 10, "", 77}};
+  for (const auto& c : cases) {
     EXPECT_EQ(charge_amount(c.sum, c.percentage, salary_in_cell(c.salary), 77), c.expected) << c.name;
   }
   EXPECT_THROW((void)salary_in_cell("1234.5"), quor::Error);
@@ -74,17 +73,15 @@ TEST_F(SupplementPreview, ChargesStandOnThePersonsRowsAndOnAddedOnes) {
 }
 
 TEST_F(SupplementPreview, ChargesThatHoldOnADayOfTheMonthAreListed) {
-  struct Case {
-    const char* from;
-    const char* to;
+  const struct {
+    const char *from, *to;
     bool holds;
-  };
-  const Case cases[] = {{"2008.01.15", "2008.01.16", true},
-                        {"2007.01.01", "2007.12.31", false},
-                        {"2007.01.01", "2008.01.01", true},
-                        {"2008.01.31", "2008.05.01", true},
-                        {"2008.02.01", "2008.05.01", false}};
-  for (const Case& c : cases) {
+  } cases[] = {{"2008.01.15", "2008.01.16", true},
+               {"2007.01.01", "2007.12.31", false},
+               {"2007.01.01", "2008.01.01", true},
+               {"2008.01.31", "2008.05.01", true},
+               {"2008.02.01", "2008.05.01", false}};
+  for (const auto& c : cases) {
     company_.database().execute("DELETE FROM extra_charges");
     given_charge(one_, c.from, c.to, 12.0, kNull);
     EXPECT_EQ(filled().find("12,00") != std::string::npos, c.holds) << c.from << " " << c.to;

@@ -51,9 +51,7 @@ TEST_P(ObjectDeletionTest, WhatIsUsedOrGoneOrForbiddenStays) {
   Database& database = company_.database();
   database.execute("UPDATE extra_charges SET salary_extra_oid = 'O04020002'");
   database.execute("INSERT INTO closed_months (month, closed_by, closed_at) VALUES (39448, 'O', '')");  // 2008.01
-  database.execute(
-      "INSERT INTO documents (id, guid, employee_id, month, check_code, check_message) VALUES (1, 'D', 1, 39448, 0, "
-      "'')");
+  company_.given_document(person);
   database.execute(
       "INSERT INTO time_rows (id, guid, document_id, salary_extra_oid, position_id, time_code_id, hours)"
       " VALUES (1, 'T', 1, 'O', 1, 1, 160)");
@@ -87,10 +85,7 @@ TEST_P(ObjectDeletionTest, ADeletionThatFailsAtAnyStatementDeletesNothing) {
   company_.given_category("A lygis", {{"2005.01.01", 9.7}});
   std::uint64_t statement = 1;
   for (;; ++statement) {
-    const auto failing = company_.database().statements() + statement;
-    company_.database().set_fault([failing](std::uint64_t number) {
-      if (number == failing) throw StoreError(StoreFault::kFailed, "ryšys nutrūko");
-    });
+    fail_one(company_.database(), statement);
     const std::string text = refusal("O04022001");
     company_.heal();
     if (text.empty()) break;

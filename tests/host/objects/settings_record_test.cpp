@@ -75,21 +75,20 @@ TEST_P(SettingsRecordTest, ANewRecordIsStoredWithItsScaleAndReadBack) {
 
 TEST_P(SettingsRecordTest, EveryChangedRowIsStoredWhateverFilterAndPlaceAnEditorHasLeft) {
   const auto walk_to_the_end = [](Recordset& scale) { walked(scale, "YearFrom"); };
-  struct Case {
+  const struct {
     const char* name;
     std::function<void(Recordset&)> leave;
-  };
-  const Case cases[] = {{"on a row", [](Recordset&) {}},
-                        {"past the last row", walk_to_the_end},
-                        {"a filter on another row", [](Recordset& scale) { scale.Filter("YearFrom = 5"); }},
-                        {"a filter that no row passes", [](Recordset& scale) { scale.Filter("YearFrom = 77"); }},
-                        {"past the last row of a filter", [&](Recordset& scale) {
-                           scale.Filter("YearFrom = 5");
-                           walk_to_the_end(scale);
-                         }}};
+  } cases[] = {{"on a row", [](Recordset&) {}},
+               {"past the last row", walk_to_the_end},
+               {"a filter on another row", [](Recordset& scale) { scale.Filter("YearFrom = 5"); }},
+               {"a filter that no row passes", [](Recordset& scale) { scale.Filter("YearFrom = 77"); }},
+               {"past the last row of a filter", [&](Recordset& scale) {
+                  scale.Filter("YearFrom = 5");
+                  walk_to_the_end(scale);
+                }}};
   auto& object = object_of("Ona", kKey);
   int from = 20;
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     const auto scale = rows(object);
     EXPECT_EQ(scale, rows(object)) << "the same set each time";
@@ -118,10 +117,7 @@ TEST_P(SettingsRecordTest, ASaveThatFailsAtAnyStatementStoresNothingAndLosesNoth
   std::uint64_t statement = 1;
   for (;; ++statement) {
     SCOPED_TRACE(statement);
-    const auto failing = company_.database().statements() + statement;
-    company_.database().set_fault([failing](std::uint64_t number) {
-      if (number == failing) throw StoreError(StoreFault::kFailed, "ryšys nutrūko");
-    });
+    fail_one(company_.database(), statement);
     const SaveStatus status = object.Save(0, "");
     company_.heal();
     if (!status.Failed) break;
@@ -137,13 +133,12 @@ TEST_P(SettingsRecordTest, WhatTheStoreCannotTakeIsNamedAndLeavesTheRecordAsItWa
   company_.given_settings({.from = "2006.01.01", .bands = {{1, 2, 1.0}}});
   company_.database().execute("UPDATE settings SET guid = 'KITO' WHERE id = 2");
   company_.database().execute("UPDATE settings_rows SET guid = 'EILUTĖ' WHERE settings_id = 2");
-  struct Case {
+  const struct {
     const char* field;
     bool in_row;
     Variant value;
     const char* text;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"BaseMonthTariffID", false, 2, "Laukas „bazinė mėnesinė alga“ rodo į įrašą, kurio nėra: „2“."},
       {"GUID", false, kNull, "Neužpildytas laukas „GUID“."},
       {"GUID", false, "KITO", "Lauko „GUID“ reikšmę „KITO“ jau turi kitas įrašas."},
@@ -151,7 +146,7 @@ TEST_P(SettingsRecordTest, WhatTheStoreCannotTakeIsNamedAndLeavesTheRecordAsItWa
       {"GUID", true, "EILUTĖ", "Lauko „GUID“ reikšmę „EILUTĖ“ jau turi kitas įrašas."},
   };
   auto& object = object_of("Ona", kKey);
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.text);
     rows(object)->MoveFirst();
     rows(object)->set_field("YearFrom", 4);

@@ -69,12 +69,11 @@ ON_EVERY_DATABASE(ClosedMonths);
 TEST_P(ClosedMonths, ClosingIsRefusedWhenTheDocumentsAreNotThoseOfToday) {
   const std::string refused = "Mėnesio 2008.01 uždaryti negalima:\n";
   EXPECT_EQ(closing(), refused + "mėnuo neapskaičiuotas");
-  struct Case {
+  const struct {
     const char* sql;  // on a month of which every document is of today
     const char* text;
     const char* line;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"UPDATE documents SET check_message = check_message || 'x' WHERE employee_id = 1",
        "dokumentų, kurie pasikeistų: 1 (Adomas)", "2008.01: po skaičiavimo pakeista duomenų (1 žmogaus)"},
       // The sums stay, what they were made from does not.
@@ -93,7 +92,7 @@ TEST_P(ClosedMonths, ClosingIsRefusedWhenTheDocumentsAreNotThoseOfToday) {
        "2008.01: klaidos: Benas (nėra pareigybės kategorijos koeficiento datai 2008.01.31; rodomas ankstesnis "
        "skaičiavimas)"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.sql);
     calculate();
     EXPECT_EQ(line(), "");
@@ -222,9 +221,7 @@ TEST_P(ClosedMonths, AWriteReachesIntoTheMonthsOnWhoseDaysSomethingElseHolds) {
   for (const std::int32_t person : {1, 2}) company_.given_charge(person, kNull, day("2008.02.29"), 10.0);
   company_.given_service(2, kNull, 1, 1);
   Database& database = company_.database();
-  database.execute(
-      "INSERT INTO documents (id, guid, employee_id, month, check_code, check_message)"
-      " VALUES (1, 'd', 1, 39448, 0, '')");
+  company_.given_document(1);
   database.execute("INSERT INTO closed_months (month, closed_by, closed_at) VALUES (39448, '', ''), (39508, '', '')");
   for (const Case& c : cases) {
     const Transaction rolled_back(database);

@@ -43,12 +43,6 @@ class MonthRunTest : public testing::TestWithParam<Backend> {
     company_.given_position(
         {.employee = person, .category = category_, .share = share, .from = from, .to = to, .norm = norm.c_str()});
   }
-  void given_time(std::int32_t person, std::int32_t code, double hours, const Variant& on = kNull) {
-    company_.database().execute(
-        "INSERT INTO worked_time (id, employee_id, month, day, time_code_id, hours) VALUES (:p0, :p1, :p2, :p3, :p4, "
-        ":p5)",
-        {++times_, person, day("2008.01.01"), on, code, hours});
-  }
   // Another program's write: what was kept is read again.
   void touch() { Transaction(company_.database()).commit(); }
   void change(const std::string& sql, const std::vector<Variant>& values = {}) {
@@ -90,39 +84,32 @@ class MonthRunTest : public testing::TestWithParam<Backend> {
   std::int32_t rows_in(const char* table) { return count(company_.database(), table); }
 
   TestCompany company_{GetParam()};
-  std::int32_t category_ = 0, department_ = 0, positions_ = 0, times_ = 0;
+  std::int32_t category_ = 0, department_ = 0, positions_ = 0;
 };
 
 TEST_P(MonthRunTest, TheRowsAreCheckedAgainstTheLimits) {
-  struct Case {
-    const char* name;
-    double supplement;
-    double surcharge_hours;
-    const char* check;
-  };
   // 1260 a month: 55 % are 693, 70 % are 882; an hour of overtime earns 7,76.
-  const Case cases[] = {{"AtTheLimit", 693, 0, ""},
-                        {"OneCentOver", 693.01, 0, "CheckSalaryRows: Priedų suma viršija 55%!"},
-                        {"BothOver", 800, 100, "CheckSalaryRows: Priedų suma viršija 55%!"},
-                        {"SurchargeOver", 0, 97.5, "CheckSalaryRows: Priemokų suma viršija 60%!"},
-                        {"SurchargeWithin", 0, 97.4, ""},
-                        {"TotalOver", 500, 50, "CheckSalaryRows: Priedų ir priemokų suma viršija 70%!"}};
-  for (const Case& c : cases) {
+  const struct {
+    const char* name;
+    double supplement, surcharge_hours;
+    std::string check;
+  } cases[] = {{"AtTheLimit", 693, 0, ""},  // in the order of the alphabet
+               {"OneCentOver", 693.01, 0, "CheckSalaryRows: Priedų suma viršija 55%!"},
+               {"SurchargeOver", 0, 97.5, "CheckSalaryRows: Priemokų suma viršija 60%!"},
+               {"SurchargeWithin", 0, 97.4, ""},
+               {"TotalOver", 500, 50, "CheckSalaryRows: Priedų ir priemokų suma viršija 70%!"}};
+  for (const auto& c : cases) {
     const auto person = given_person(c.name);
     company_.given_charge(person, kNull, kNull, c.supplement);
-    given_time(person, 1, 184);
-    if (c.surcharge_hours > 0) given_time(person, 2, c.surcharge_hours);
+    company_.given_time(person, 1, 184);
+    if (c.surcharge_hours > 0) company_.given_time(person, 2, c.surcharge_hours);
   }
   const MonthRun run = calculate();
-  run.rows->MoveFirst();
-  for (const char* name : {"AtTheLimit", "BothOver", "OneCentOver", "SurchargeOver", "SurchargeWithin", "TotalOver"}) {
-    const auto* c = std::find_if(std::begin(cases), std::end(cases),
-                                 [&](const Case& each) { return each.name == std::string(name); });
-    EXPECT_EQ(null_to_text(run.rows->field("Person")), name);
-    EXPECT_EQ(null_to_text(run.rows->field("Check")), c->check) << name;
+  for (const auto& c : cases) {
+    EXPECT_EQ(null_to_text(run.rows->field("Person")) + null_to_text(run.rows->field("Check")), c.name + c.check);
     run.rows->MoveNext();
   }
-  EXPECT_EQ(count(company_.database(), "documents WHERE check_code = 4"), 4);
+  EXPECT_EQ(count(company_.database(), "documents WHERE check_code = 4"), 3);
 }
 
 TEST_P(MonthRunTest, SumsAreWholeCents) {
@@ -293,8 +280,8 @@ TEST_P(MonthRunTest, AComparisonNamesWhoseDocumentsACalculationWouldChange) {
 // Before each statement another program tries to write; where the run lets it, the run notices.
 TEST_P(MonthRunTest, AWriteBetweenAnyTwoStatementsLeavesNoStaleDocument) {
   const auto person = given_person("Adomas");
-  given_time(person, 1, 184);
-  given_time(person, 2, 10);
+  company_.given_time(person, 1, 184);
+  company_.given_time(person, 2, 10);
   touch();
   Company other(Database::open(company_.database().name()));
   other.database().execute(other.database().on_server() ? "SET lock_timeout = 1" : "PRAGMA busy_timeout = 1");
@@ -344,10 +331,7 @@ TEST_P(MonthRunTest, AFailedStatementStopsTheRunAndLeavesEachDocumentWholeOrAsIt
   int as_it_was = 0;
   for (std::uint64_t n = 1; n <= statements; ++n) {
     touch();
-    const auto failing = database.statements() + n;
-    database.set_fault([failing](std::uint64_t statement) {
-      if (statement == failing) throw StoreError(StoreFault::kFailed, "ryšys nutrūko");
-    });
+    fail_one(database, n);
     error_text([&] { EXPECT_EQ(calculate().faults.size(), 0U) << "statement " << n; });
     company_.heal();
     company_.company().refresh();  // what fails at the end of the reading breaks the connection

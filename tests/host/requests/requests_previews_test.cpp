@@ -20,11 +20,7 @@ class PreviewRequests : public testing::TestWithParam<Backend> {
     std::int32_t time_code = 0;
   };
   void given_document(std::int32_t employee, const char* month, const std::vector<Pay>& pays) {
-    const std::int32_t document = ++documents_;
-    company_.database().execute(
-        "INSERT INTO documents (id, guid, employee_id, month, check_code, check_message)"
-        " VALUES (:p0, 'd', :p1, :p2, 0, '')",
-        {document, employee, day(month)});
+    const std::int32_t document = company_.given_document(employee, month);
     for (const Pay& pay : pays) {
       const std::string guid = "t" + std::to_string(++rows_);
       company_.database().execute(
@@ -40,7 +36,7 @@ class PreviewRequests : public testing::TestWithParam<Backend> {
   }
 
   TestCompany company_{GetParam()};
-  std::int32_t documents_ = 0, rows_ = 0;
+  std::int32_t rows_ = 0;
 };
 ON_EVERY_DATABASE(PreviewRequests);
 
@@ -162,11 +158,10 @@ TEST(PositionSalary, IsTheEnginesMonthSalary) {
       }
     }
   }
-  struct Case {
+  const struct {
     double tariff, factor, share, expected;
-  };
-  const Case cases[] = {{130, 9.7, 1, 1260}, {125, 10.1, 1, 1265}, {130, 9.7, 0.5, 630}, {1, 1267.5, 1, 1270}};
-  for (const Case& c : cases) EXPECT_EQ(position_salary(c.tariff, c.factor, c.share), c.expected) << c.factor;
+  } cases[] = {{130, 9.7, 1, 1260}, {125, 10.1, 1, 1265}, {130, 9.7, 0.5, 630}, {1, 1267.5, 1, 1270}};
+  for (const auto& c : cases) EXPECT_EQ(position_salary(c.tariff, c.factor, c.share), c.expected) << c.factor;
 }
 
 }  // namespace

@@ -59,25 +59,19 @@ TEST(SampleCompany, HasEveryUnusualCaseAmongThirtyPeople) {
     std::string from;
     std::int32_t expected;
   } kCases[] = {
-      {"people", "employees", 30},
-      {"departments of the first level", "departments WHERE parent_id IS NULL", 1},
-      {"divisions", "departments WHERE parent_id IS NOT NULL", 3},
       {"length of service unknown", "employees WHERE id NOT IN (SELECT employee_id FROM experience)", 1},
       {"three quarters of a post", current + " AND share = 0.75", 2},
       {"a quarter of a post", current + " AND share = 0.25", 3},
       {"two posts at once", "(SELECT employee_id FROM " + current + " GROUP BY employee_id HAVING COUNT(*) = 2) two",
        2},
       {"category changed in 2007", "positions WHERE date_to = 39082", 2},
-      {"post ended in 2007", "positions WHERE date_to = 39416", 1},
       {"post begins in February", "positions WHERE date_from = 39479", 1},
-      {"tariff of the settings", "positions WHERE constant_type_id IS NULL", 29},
       {"the same as 0", "positions WHERE constant_type_id = 0", 2},
       {"tariff of its own", "positions p JOIN constant_types t ON t.id = p.constant_type_id WHERE t.code = 'MMA_SP'",
        2},
       {"no charge for service",
        "employees WHERE id NOT IN (SELECT employee_id FROM extra_charges WHERE salary_extra_oid = 'O0402000')", 2},
       {"charge open at the start", "extra_charges WHERE date_from IS NULL", 7},
-      {"charge of a fixed sum", "extra_charges WHERE sum_a > 0 AND date_to >= 39448", 2},
       {"charge that has ended", "extra_charges WHERE date_to < 39448", 2},
       {"own charges above the limit",
        "(SELECT employee_id FROM extra_charges WHERE date_to IS NULL OR date_to >= 39448 "
@@ -85,10 +79,7 @@ TEST(SampleCompany, HasEveryUnusualCaseAmongThirtyPeople) {
        1},
   };
   const auto database = sample(30);
-  for (const auto& c : kCases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(count(*database, c.from), c.expected);
-  }
+  for (const auto& c : kCases) EXPECT_EQ(count(*database, c.from), c.expected) << c.name;
 }
 
 TEST(SampleCompany, HasRulesForEveryMonth) {
@@ -100,13 +91,9 @@ TEST(SampleCompany, HasRulesForEveryMonth) {
         {{"Value", FieldType::kDouble}}, {code, day});
     return rows->field("Value").to_double();
   };
-  EXPECT_EQ(value_at("MMA_VT", Date::from_ymd(2005, 1, 1)), 115.0);
   EXPECT_EQ(value_at("MMA_VT", Date::from_ymd(2006, 6, 30)), 115.0);
   EXPECT_EQ(value_at("MMA_VT", Date::from_ymd(2006, 7, 1)), 120.0);
-  EXPECT_EQ(value_at("MMA_VT", Date::from_ymd(2008, 1, 31)), 130.0);
-  EXPECT_EQ(value_at("MVA_VT", Date::from_ymd(2007, 1, 1)), 0.74);
   EXPECT_EQ(value_at("MVA_VT", Date::from_ymd(2008, 1, 31)), 0.77);
-
   EXPECT_EQ(count(*database, "categories"), 20);
   EXPECT_EQ(count(*database, "category_rows WHERE date_from = :p0", {Date::from_ymd(2005, 1, 1)}), 20);
   EXPECT_EQ(count(*database, "category_rows WHERE factor = 9.7"), 1);
@@ -163,9 +150,7 @@ TEST_P(SampleCompanyOn, IsWholeOrNotThereAtAll) {
   for (std::uint64_t at = 1; !made; ++at) {
     SCOPED_TRACE(at);
     ASSERT_LT(at, 100U);
-    database->set_fault([last = database->statements() + at](std::uint64_t number) {
-      if (number == last) throw StoreError(StoreFault::kFailed, "nutrūko");
-    });
+    fail_one(*database, at);
     made = !refusal_of([&] { make_sample_company(*database, options); }).fault;
     database->set_fault(nullptr);
     EXPECT_EQ(count(*database, "company WHERE name <> ''"), made ? 1 : 0);

@@ -167,89 +167,43 @@ TEST_P(Store, InsertsAllRowsOrNone) {
 }
 
 TEST_P(Store, EndsATransactionInEveryWay) {
-  const auto throw_at = [this](std::uint64_t statement) {
-    database_->set_fault([at = database_->statements() + statement](std::uint64_t number) {
-      if (number == at) throw StoreError(StoreFault::kFailed, "nutrūko");
-    });
-  };
+  // What follows the first write of the transaction; with a begin fault there is none.
   const struct {
     const char* name;
-    std::function<void()> action;
-    bool stored;
-    bool fails;
+    std::function<void(Transaction&)> ending;
+    bool stored, fails;
+    std::uint64_t begin_fault = 0;
   } kCases[] = {
-      {"never committed",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
-       },
-       false, false},
-      {"committed",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
-         transaction.commit();
-       },
-       true, false},
-      {"left by an exception",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
-         throw StoreError(StoreFault::kFailed, "");
-       },
-       false, true},
+      {"never committed", [](Transaction&) {}, false, false},
+      {"committed", [](Transaction& t) { t.commit(); }, true, false},
+      {"left by an exception", [](Transaction&) { throw StoreError(StoreFault::kFailed, ""); }, false, true},
       {"statement failed, commit tried all the same",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
+       [&](Transaction& t) {
          EXPECT_THROW(add_department(1), StoreError);
-         transaction.commit();
+         t.commit();
        },
        false, true},
-      {"begin failed",
-       [&] {
-         throw_at(1);
-         Transaction transaction(*database_);
-         add_department(1);
-       },
-       false, true},
-      {"change count not raised",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
-         throw_at(1);
-         transaction.commit();
-       },
-       false, true},
-      {"commit failed",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
-         throw_at(2);
-         transaction.commit();
-       },
-       false, true},
-      {"committed twice",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
-         transaction.commit();
-         transaction.commit();
-       },
-       true, true},
+      {"begin failed", [](Transaction& t) { t.commit(); }, false, true, 1},
+      {"change count not raised", [&](Transaction& t) { fail_one(*database_, 1), t.commit(); }, false, true},
+      {"commit failed", [&](Transaction& t) { fail_one(*database_, 2), t.commit(); }, false, true},
+      {"committed twice", [](Transaction& t) { t.commit(), t.commit(); }, true, true},
       {"another one inside",
-       [&] {
-         Transaction transaction(*database_);
-         add_department(1);
+       [&](Transaction& t) {
          EXPECT_THROW(Transaction inner(*database_), StoreError);
-         transaction.commit();
+         t.commit();
        },
        true, false},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.name);
     const std::int64_t before = reopened()->change_count();
-    EXPECT_EQ(refusal_of(c.action).fault.has_value(), c.fails);
+    const Refusal refusal = refusal_of([&] {
+      if (c.begin_fault > 0) fail_one(*database_, c.begin_fault);
+      Transaction transaction(*database_);
+      add_department(1);
+      c.ending(transaction);
+    });
+    EXPECT_EQ(refusal.fault.has_value(), c.fails);
     database_->set_fault(nullptr);
     EXPECT_EQ(departments(), c.stored ? 1 : 0);
     EXPECT_EQ(reopened()->change_count() - before, c.stored ? 1 : 0);
