@@ -48,8 +48,7 @@ TEST(CsvExport, WritesEveryKindOfCellSoThatItReadsBack) {
 
 TEST(CsvExport, GivesNoSpreadsheetAFormulaAndEveryTextBack) {
   const struct {
-    const char* text;
-    const char* cell;
+    const char *text, *cell;
   } kCases[] = {{"=1+1", "'=1+1"},    {"+370", "'+370"}, {"-5,25", "\"'-5,25\""}, {"@a", "'@a"},
                 {"\tx", "'\tx"},      {"\r", "\"'\r\""}, {"'=1", "''=1"},         {"''-", "'''-"},
                 {"'90 m.", "'90 m."}, {"''", "''"},      {"a=1", "a=1"},          {" =1", " =1"}};
