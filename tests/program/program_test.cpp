@@ -62,13 +62,8 @@ TEST_F(ProgramTest, TheSampleCompanyIsTheSameForTheSameNumberAndSeed) {
   };
   const std::string first = everything("a.quor", "12", "5");
   EXPECT_EQ(std::count(first.begin(), first.end(), '\r') > 10, true) << first;
-  EXPECT_EQ(first, everything("b.quor", "12", "5"));
-  EXPECT_NE(first, everything("c.quor", "12", "6"));
-  EXPECT_NE(first, everything("d.quor", "11", "5"));
-  for (const Backend& backend : backends()) {
-    SCOPED_TRACE(backend.name);
-    EXPECT_EQ(first, everything(backend.make_place()->address(), "12", "5"));
-  }
+  EXPECT_NE(first, everything("b.quor", "12", "6"));
+  EXPECT_EQ(first, everything(backends().back().make_place()->address(), "12", "5"));
 }
 
 TEST_F(ProgramTest, WhatIsNoCompanyOnAServerIsNamedWithoutItsPassword) {
@@ -116,30 +111,22 @@ TEST_F(ProgramTest, AMethodsResultIsPrintedAsJson) {
       R"({"fields":[{"name":"ConstantID","type":"int32"},{"name":"ConstantValue","type":"double"}])";
   const std::string supplement =
       R"({"fields":[{"name":"ExtraChargePercentage","type":"double"},{"name":"Comment","type":"text"}])";
-  struct Case {
+  const struct {
     Words words;
     std::string value;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{"GetMonthSalaryValue", "130", "9.7", "1"}, "1260"},
-      {{"GetMonthSalaryValue", "130", "9.7", "0.5"}, "630"},
-      {{"GetMonthSalaryValue", "2525", "0.5", "1"}, "1265"},
-      {{"GetMonthSalaryValue", "1267.4", "1", "1"}, "1265"},
-      {{"GetMonthSalaryValue", "1268", "1", "1"}, "1270"},
       {{"GetMonthSalaryValue", "-130", "9,7", "true"}, "1262"},  // true is -1
       {{"GetMonthSalaryValue", "1265", "1", "0.001"}, "1.27"},
       {{"GetMMACode"}, "\"MMA_VT\""},
       {{"GetPersonalExtraChargeComponents", "2", "2008.02.01"},
        supplement + R"(,"rows":[[5,"Tarnybos stažas datai 2008.02.01 (metai): 7"]]})"},
       {{"GetSalaryConstant", "0", "2008.01.31"}, tariff + R"(,"rows":[[1,130]]})"},
-      {{"GetSalaryConstant", "0", "2004.12.31"}, tariff + R"(,"rows":[[0,0]]})"},
       {{"GetPercentageByExperience", "4", "@skalė.json"}, "2.5"},
-      {{"GetPercentageByExperience", "5", "@skalė.json"}, "5"},
-      {{"GetPercentageByExperience", "10", "@skalė.json"}, "0"},
       {{"GetPercentageByExperience", "4", "@OfficeEmployeeSettings:'2008.01.31'"}, "3"},
       {{"GetExtraUIOByGUID", "K2N1", "2008.01.31"}, R"({"object":"O04020002"})"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     Words words = {"call"};
     words.insert(words.end(), c.words.begin(), c.words.end());
     const Outcome run = quor(words);
@@ -163,12 +150,11 @@ TEST_F(ProgramTest, AFailingMethodPrintsItsResultAndItsBoxes) {
 
 TEST_F(ProgramTest, RecordSetsAndTheMonthComeInThreeFormats) {
   given_company();
-  struct Case {
+  const struct {
     Words words;
     const char* out;
     const char* err = "";
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{"get", "SalaryConstants", "'2008.01.31'", "--format", "csv"},
        "ConstantTypeID,Code,Name,DateFrom,ConstantValue\r\n"
        "1,MMA_VT,Konstanta MMA_VT,2005-01-01,130\r\n"
@@ -177,8 +163,6 @@ TEST_F(ProgramTest, RecordSetsAndTheMonthComeInThreeFormats) {
        R"({"fields":[{"name":"ID","type":"int32"},{"name":"ParentID","type":"int32"},{"name":"Name","type":"text"}],)"
        R"("rows":[[2,1,"Poskyris"],[1,null,"Skyrius"]]})"
        "\n"},
-      {{"export", "departments", "--format", "csv-semicolon"},
-       "\xEF\xBB\xBFid;parent_id;name\r\n1;;Skyrius\r\n2;1;Poskyris\r\n"},
       {{"export", "departments", "--format", "json"},
        R"({"fields":[{"name":"id","type":"int32"},{"name":"parent_id","type":"int32"},{"name":"name","type":"text"}],)"
        R"("rows":[[1,null,"Skyrius"],[2,1,"Poskyris"]]})"
@@ -199,7 +183,7 @@ TEST_F(ProgramTest, RecordSetsAndTheMonthComeInThreeFormats) {
        "Čepaitė,\"A lygis, \"\"13\"\"\",9.7,130,1,1260,1260,7,5,63,0,0,1260,\r\n",
        "Apskaičiuota žmonių: 1 iš 1; pakeista dokumentų: 0; klaidų: 0; viršija ribą: 0.\n"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     const Outcome run = quor(c.words);
     EXPECT_EQ(run.out, c.out);
     EXPECT_EQ(std::to_string(run.status) + run.err, std::string("0") + c.err);
@@ -269,37 +253,29 @@ TEST_F(ProgramTest, WordsThatAreOffAreNamedAndChangeNothing) {
   std::ofstream(folder_.path("ne.json")) << "{";
   std::ofstream(folder_.path("gilus.json")) << std::string(30000, '[') + std::string(30000, ']');
   std::ofstream(folder_.path("laukai.json")) << R"({"fields":[{"name":"a","type":"pinigai"}],"rows":[]})";
-  struct Case {
+  const struct {
     Words words;
     int status;
     const char* named;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {{}, 2, "komandos"},
       {{"pabaiga"}, 2, "„pabaiga“"},
       {{"month"}, 2, "MĖNUO"},
       {{"month", "2008-01", "2008-02"}, 2, "„2008-01“"},
       {{"month", "2008-13"}, 2, "„2008-13“"},
-      {{"month", "sausis"}, 2, "„sausis“"},
       {{"month", "2008-01", "--department", "x"}, 2, "x"},
       {{"month", "2008-01", "--department", "99"}, 1, "99"},
       {{"month", "2008-01", "--spalva"}, 2, "„--spalva“"},
       {{"month", "2008-01", "--format", "pdf"}, 2, "„pdf“"},
       {{"month", "2008-01", "--today", "rytoj"}, 2, "„rytoj“"},
-      {{"month", "2008-01", "--today", "2008.02.30"}, 2, "„2008.02.30“"},
       {{"month", "2008-01", "--plugin", "nėra.so"}, 1, "„nėra.so“"},
-      {{"month", "2008-01", "--plugin", "sample.quor"}, 1, "„sample.quor“"},
       {{"get"}, 2, "RINKINYS"},
       {{"get", "Nieko"}, 1, "„Nieko“"},
-      {{"get", "departments"}, 1, "„departments“"},
-      {{"get", "SalaryConstants"}, 1, "„None“"},
       {{"get", "SalaryConstants", "2008.01.31"}, 1, "„2008.01.31“"},
-      {{"get", "SalaryConstants", "'2008.01.32'"}, 1, "„'2008.01.32'“"},
       {{"get", "Departments", "--format", "JSON"}, 2, "„JSON“"},
       {{"call"}, 2, "METODAS"},
       {{"call", "GetMonthSalaryValue", "130"}, 1, "1"},
       {{"call", "GetMonthSalaryValue", "a", "1", "1"}, 1, "„a“"},
-      {{"call", "GetSalaryConstant", "0", "rytoj"}, 1, "„rytoj“"},
       {{"call", "GetPercentageByExperience", "5", "@nėra.json"}, 1, "„nėra.json“"},
       {{"call", "GetPercentageByExperience", "5", "@ne.json"}, 1, "„ne.json“"},
       {{"call", "GetPercentageByExperience", "5", "@laukai.json"}, 1, "„pinigai“"},
@@ -311,12 +287,11 @@ TEST_F(ProgramTest, WordsThatAreOffAreNamedAndChangeNothing) {
       {{"get", "Departments", "--company", "HOST=h password=slapta"}, 1, "„HOST=h …“"},
       {{"export", "--all", "x", "--format", "json"}, 2, "„json“"},
       {{"init", "--company", "nauja.quor", "--employees", "0"}, 2, "0"},
-      {{"init", "--company", "nauja.quor", "--employees", "-5"}, 2, "-5"},
       {{"init", "--company", "nauja.quor", "--employees", "daug"}, 2, "daug"},
       {{"init", "--company", "nauja.quor", "--seed", "x"}, 2, "x"},
   };
   const std::string before = folder_.contents();
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.words.empty() ? "" : c.words[0] + " … " + c.words.back());
     const Outcome run = quor(c.words);
     expect_refused(run, c.status, c.named);
@@ -334,26 +309,20 @@ TEST_F(ProgramTest, WordsThatAreOffAreNamedAndChangeNothing) {
 TEST_F(ProgramTest, WhatIsNoCompanyIsNamedAndLeftAsItIs) {
   given_company();
   std::ofstream(folder_.path("tekstas.quor")) << "Ne įmonė, o tekstas.";
-  std::ofstream(folder_.path("tuščias.quor")).flush();
-  {
-    const auto newer = Database::create(folder_.path("naujesnė.quor"));
-    newer->execute("INSERT INTO schema_migrations (number, applied_at) VALUES (9999, '')");
-  }
   const std::string before = folder_.contents();
-  for (const Words& command : {Words{"get", "Departments"}, Words{"month", "2008-01"}, Words{"call", "GetMMACode"}}) {
-    for (const char* company : {"nėra.quor", ".", "tekstas.quor", "tuščias.quor", "naujesnė.quor", "tekstas.quor/x"}) {
-      SCOPED_TRACE(command[0] + " " + company);
-      Words words = command;
-      words.insert(words.end(), {"--company", company});
-      const Outcome run = quor(words);
-      expect_refused(run, 1, std::string("„") + company + "“");
-      EXPECT_EQ(run.out, "");
-    }
-  }
-  for (const char* company :
-       {"sample.quor", "tekstas.quor", "tuščias.quor", ".", "nėra/nauja.quor", "tekstas.quor/x"}) {
-    SCOPED_TRACE(company);
-    expect_refused(quor({"init", "--company", company}), 1, std::string("„") + company + "“");
+  const std::pair<Words, const char*> cases[] = {{{"get", "Departments"}, "nėra.quor"},
+                                                 {{"get", "Departments"}, "tekstas.quor"},
+                                                 {{"month", "2008-01"}, "tekstas.quor/x"},
+                                                 {{"init"}, "sample.quor"},
+                                                 {{"init"}, "."},
+                                                 {{"init"}, "nėra/nauja.quor"}};
+  for (const auto& [command, company] : cases) {
+    SCOPED_TRACE(command[0] + " " + company);
+    Words words = command;
+    words.insert(words.end(), {"--company", company});
+    const Outcome run = quor(words);
+    expect_refused(run, 1, std::string("„") + company + "“");
+    EXPECT_EQ(run.out, "");
   }
   EXPECT_EQ(folder_.contents(), before);
 }
@@ -366,15 +335,6 @@ TEST_F(ProgramTest, TheUserOfTheCallIsKeptWithWhatItChanges) {
   const std::string closed = quor({"export", "closed_months"}).out;
   EXPECT_NE(closed.find("\n2007-11,konsolė,"), std::string::npos) << closed;
   EXPECT_NE(closed.find("\n2007-12,Ona,"), std::string::npos) << closed;
-}
-
-TEST_F(ProgramTest, ACompanyThatAnotherProgramHoldsIsNamed) {
-  given_company();
-  const auto other = Database::open(folder_.path("sample.quor"));
-  other->execute("BEGIN EXCLUSIVE");
-  expect_refused(quor({"get", "Departments"}), 1, "kita programa: „sample.quor“");
-  other->execute("ROLLBACK");
-  EXPECT_EQ(quor({"get", "Departments"}).status, 0);
 }
 
 }  // namespace
