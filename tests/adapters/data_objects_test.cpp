@@ -30,13 +30,12 @@ TEST(DataObjects, ServeTheirOwnNamesAndNoOthers) {
   quor::TestCompany company;
   quor::TestApplication& application = company.application();
   DataObjects objects(application);
-  struct Case {
+  const struct {
     const char* name;
     const char* tarification;  // the parameter of the request, "" for none
     const char* category;
     const char* settings;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"CategoryPreview", "", "(None)", ""},
       {"OfficeEmployeeSettings", "", "(None)", "('x')"},
       {"SalaryConstants", "", "", "('x')"},
@@ -65,7 +64,7 @@ TEST(DataObjects, ServeTheirOwnNamesAndNoOthers) {
       EXPECT_EQ(application.boxes().back(), "exclamation, ok, Testas: nėra ryšio");
     }
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     expect(objects.tarification, c.name, c.tarification);
     expect(objects.category, c.name, c.category);
     expect(objects.settings, c.name, c.settings);

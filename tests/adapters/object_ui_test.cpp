@@ -56,9 +56,7 @@ class ObjectUITest : public testing::Test {
 TEST_F(ObjectUITest, TheFamilyDiffersInIconsNamesAndListParameters) {
   const struct {
     ObjectUI& ui;
-    const char* icons;
-    const char* name;
-    const char* listed;
+    const char *icons, *name, *listed;
   } cases[] = {
       {*extension_, "CGroup=stdClose OGroup=stdOpen ", "Darbo užmokesčio išplėtimas", "'X',''||"},
       {*tarification_, "CGroup=stdClose OGroup=stdOpen ", "Tarifikacija", "'X',''||"},

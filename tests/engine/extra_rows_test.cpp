@@ -40,15 +40,14 @@ TEST_F(ExtraRowsTest, AnIdentifierLeadsToTheReadObjectOfItsRow) {
 }
 
 TEST_F(ExtraRowsTest, OnlyAnIdentityBehindTheTypeCodeIsAnObject) {
-  struct Case {
+  const struct {
     quor::Variant identity;
     const char* answer;
-  };
-  const Case cases[] = {{kNull, "Empty"},
-                        {"", "Empty"},
-                        {"O0402000", "Empty"},        // eight characters: no object
-                        {"O99990001", "no object"}};  // the host knows no such type
-  for (const Case& c : cases) {
+  } cases[] = {{kNull, "Empty"},
+               {"", "Empty"},
+               {"O0402000", "Empty"},        // eight characters: no object
+               {"O99990001", "no object"}};  // the host knows no such type
+  for (const auto& c : cases) {
     company_.application().answers["GetSalaryExtraRow"] = {
         0, "", quor::record_set({{"OIDR", FieldType::kText}}, {{c.identity}})};
     EXPECT_EQ(quor::result_text(object_of("K")), c.answer) << quor::value_text(c.identity);
@@ -76,18 +75,17 @@ struct RowMembers : quor::NamedMembers {
 };
 
 TEST_F(ExtraRowsTest, ACompleteRowHasABaseTariffAndACategory) {
-  struct Case {
+  const struct {
     quor::Variant constant, factor;
     const char* reason;
-  };
-  const Case cases[] = {{1, 2, ""},
-                        {-1, -1, ""},
-                        {0, 0, "Nenurodyta bazinė alga!"},
-                        {0, 2, "Nenurodyta bazinė alga!"},
-                        {kNull, 2, "Nenurodyta bazinė alga!"},
-                        {1, 0, "Nenurodyta pareigybių kategoriją!"},
-                        {1, quor::Variant(), "Nenurodyta pareigybių kategoriją!"}};
-  for (const Case& c : cases) {
+  } cases[] = {{1, 2, ""},
+               {-1, -1, ""},
+               {0, 0, "Nenurodyta bazinė alga!"},
+               {0, 2, "Nenurodyta bazinė alga!"},
+               {kNull, 2, "Nenurodyta bazinė alga!"},
+               {1, 0, "Nenurodyta pareigybių kategoriją!"},
+               {1, quor::Variant(), "Nenurodyta pareigybių kategoriją!"}};
+  for (const auto& c : cases) {
     const auto row = std::make_shared<RowMembers>(c.constant, c.factor);
     EXPECT_EQ(quor::called(engine_, "CheckExtraComponents", {row}), c.reason);
   }

@@ -13,13 +13,11 @@ using quor::FieldType;
 using quor::kNull;
 
 TEST(LengthOfService, WholeYearsGrowWithTheMonthBoundaries) {
-  struct Case {
+  const struct {
     std::int16_t years, months;
-    const char* reached_on;
-    const char* date;
+    const char *reached_on, *date;
     std::int16_t expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {3, 11, "2005.01.31", "2008.02.01", 7},  // 37 months and 11 are four whole years
       {3, 10, "2005.01.31", "2008.02.29", 6},  {0, 0, "2007.01.31", "2008.01.01", 1},  // the days play no part
       {0, 0, "2007.02.01", "2008.01.31", 0},   {2, 24, "2008.01.15", "2008.01.31", 4},
@@ -27,11 +25,10 @@ TEST(LengthOfService, WholeYearsGrowWithTheMonthBoundaries) {
       {4, 2, "2008.05.01", "2008.03.31", 4},   {0, 0, "2008.05.01", "2008.03.01", -1},
       {0, 0, "1899.12.30", "2008.01.31", 108},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(std::string(c.reached_on) + " to " + c.date);
+  for (const auto& c : cases)
     EXPECT_EQ(service_years({.years = c.years, .months = c.months, .reached_on = day(c.reached_on)}, day(c.date)),
-              c.expected);
-  }
+              c.expected)
+        << c.reached_on << " to " << c.date;
   const RecordedService most{.years = 32767, .months = 12, .reached_on = day("2008.01.01")};
   EXPECT_EQ(quor::outcome([&] { return service_years(most, day("2007.01.01")); }), "32767");
   EXPECT_EQ(quor::outcome([&] { return service_years(most, day("2008.01.01")); }), "Overflow");
@@ -55,13 +52,12 @@ TEST(LengthOfService, TheFirstMatchingBandOfTheFirstSettingsRecordGivesThePercen
                                {"A'1", "r5", 5, 10, 5.0},
                                {"A'1", "r6", 8, 12, 6.0},
                                {"a'1", "r7", 12, 13, kNull}});
-  struct Case {
+  const struct {
     std::int16_t years;
     double percentage;
-  };
-  const Case cases[] = {{-1, 0},   {0, 2.5}, {4, 2.5}, {5, 5.0}, {9, 5.0}, {10, 6.0},
-                        {11, 6.0}, {12, 0},  {13, 0},  {25, 0},  {35, 0},  {55, 0}};
-  for (const Case& c : cases) {
+  } cases[] = {{-1, 0},   {0, 2.5}, {4, 2.5}, {5, 5.0}, {9, 5.0}, {10, 6.0},
+               {11, 6.0}, {12, 0},  {13, 0},  {25, 0},  {35, 0},  {55, 0}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.years);
     settings->Filter("");
     settings->MoveLast();

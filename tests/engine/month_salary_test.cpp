@@ -20,11 +20,10 @@ TEST(MonthSalary, TheLastDigitIsAppliedLiterallyAlsoBelowZero) {
 }
 
 TEST(MonthSalary, TariffByFactorIsRoundedThenMultipliedByTheShare) {
-  struct Case {
+  const struct {
     const char* name;
     double tariff, factor, share, expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"last digit 1 falls to 0", 130.0, 9.7, 1.0, 1260.0},
       {"half the share, after rounding", 130.0, 9.7, 0.5, 630.0},
       {"a half goes up to 1263", 2525.0, 0.5, 1.0, 1265.0},
@@ -40,7 +39,7 @@ TEST(MonthSalary, TariffByFactorIsRoundedThenMultipliedByTheShare) {
       {"a negative half goes up too", -2525.0, 0.5, 1.0, -1264.0},
       {"a negative half cent goes up too", 1265.0, 1.0, -0.001, -1.26},
   };
-  for (const Case& c : cases) EXPECT_EQ(month_salary(c.tariff, c.factor, c.share), c.expected) << c.name;
+  for (const auto& c : cases) EXPECT_EQ(month_salary(c.tariff, c.factor, c.share), c.expected) << c.name;
   EXPECT_EQ(quor::outcome([] { return month_salary(1e200, 1e200, 1.0); }), "Overflow");
 }
 

@@ -66,21 +66,20 @@ class SalaryComponentsTest : public testing::Test {
 };
 
 TEST_F(SalaryComponentsTest, TheBaseTariffIsTheSettingsOneOrTheTypeThatIsAskedFor) {
-  struct Case {
+  const struct {
     const char* name;
     quor::Parameters parameters;
     const char* answer;
-  };
-  const Case cases[] = {{"month tariff", {0, day(kJanuary)}, "1;130"},
-                        {"hour tariff", {1, day(kJanuary)}, "2;0,8"},
-                        {"any hourly flag but 0", {-1, day(kJanuary)}, "2;0,8"},
-                        {"type 0 means the settings", {0, day(kJanuary), 0}, "1;130"},
-                        {"a type wins over the settings", {1, day(kJanuary), 3}, "3;99,5"},
-                        {"an unknown type", {0, day(kJanuary), 2147483647}, "0;0"},
-                        {"first day in force", {0, day("2005.01.01")}, "1;130"},
-                        {"no settings yet", {0, day("2004.12.31")}, "0;0"},
-                        {"no value yet", {0, day("2004.12.31"), 3}, "0;0"}};
-  for (const Case& c : cases) EXPECT_EQ(constant(c.parameters), c.answer) << c.name;
+  } cases[] = {{"month tariff", {0, day(kJanuary)}, "1;130"},
+               {"hour tariff", {1, day(kJanuary)}, "2;0,8"},
+               {"any hourly flag but 0", {-1, day(kJanuary)}, "2;0,8"},
+               {"type 0 means the settings", {0, day(kJanuary), 0}, "1;130"},
+               {"a type wins over the settings", {1, day(kJanuary), 3}, "3;99,5"},
+               {"an unknown type", {0, day(kJanuary), 2147483647}, "0;0"},
+               {"first day in force", {0, day("2005.01.01")}, "1;130"},
+               {"no settings yet", {0, day("2004.12.31")}, "0;0"},
+               {"no value yet", {0, day("2004.12.31"), 3}, "0;0"}};
+  for (const auto& c : cases) EXPECT_EQ(constant(c.parameters), c.answer) << c.name;
   EXPECT_TRUE(company_.application().boxes().empty());
 
   company_.given_settings({.from = "2009.01.01"});

@@ -119,12 +119,11 @@ TEST_F(EngineTest, MissingAndUnconvertibleParametersThrowBeforeAnythingIsAskedOr
   const auto no_document = std::shared_ptr<quor::RecordingObject>();
   const auto ui = std::make_shared<quor::FindingUI>();
   const quor::Date date = day("2008.01.31");
-  struct Case {
+  const struct {
     const char* method;
     Parameters parameters;
     const char* outcome;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"GetPercentageByExperience", {5}, "IndexOutOfRange"},
       {"GetPercentageByExperience", {32768, quor::ids({})}, "Overflow"},
       {"GetPercentageByExperience", {5, "rinkinys"}, "TypeMismatch"},
@@ -148,7 +147,7 @@ TEST_F(EngineTest, MissingAndUnconvertibleParametersThrowBeforeAnythingIsAskedOr
       {"CheckExtraComponents", {}, "IndexOutOfRange"},
       {"CheckExtraComponents", {document}, "TypeMismatch"},
   };
-  for (const Case& c : cases) EXPECT_EQ(called(c.method, c.parameters), c.outcome) << c.method;
+  for (const auto& c : cases) EXPECT_EQ(called(c.method, c.parameters), c.outcome) << c.method;
   EXPECT_TRUE(application_.requests.empty());
   EXPECT_TRUE(application_.boxes().empty());
 }

@@ -15,17 +15,15 @@ using quor::Variant;
 using RecordsetRef = std::shared_ptr<quor::Recordset>;
 
 TEST(ChargeLimits, ExactlyAtTheLimitIsWithinIt) {
-  struct Case {
+  const struct {
     double part, base, limit;
     bool exceeds;
-  };
-  const Case cases[] = {{550, 1000, 55, false},  // divides to 55.00000000000001
-                        {550.01, 1000, 55, true},       {64.68, 117.60, 55, false},    {64.69, 117.60, 55, true},
-                        {55.000000009, 100, 55, false}, {55.000000011, 100, 55, true}, {0, 1000, 0, false},
-                        {-10, -100, 5, true},           {10, -100, 5, false}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(quor::share_exceeds(c.part, c.base, c.limit), c.exceeds)
-        << c.part << " of " << c.base << ", limit " << c.limit;
+  } cases[] = {{550, 1000, 55, false},  // divides to 55.00000000000001
+               {550.01, 1000, 55, true},       {64.68, 117.60, 55, false},    {64.69, 117.60, 55, true},
+               {55.000000009, 100, 55, false}, {55.000000011, 100, 55, true}, {0, 1000, 0, false},
+               {-10, -100, 5, true},           {10, -100, 5, false}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(quor::share_exceeds(c.part, c.base, c.limit), c.exceeds) << c.part << " of " << c.base << ", limit " << c.limit;
   }
   for (const double none : {0.0, 0.10 + 0.20 - 0.30, 0.00499, -0.00499}) EXPECT_TRUE(quor::is_no_base(none)) << none;
   for (const double base : {0.00501, -0.00501}) EXPECT_FALSE(quor::is_no_base(base)) << base;
@@ -66,13 +64,12 @@ class SalaryRowChecksTest : public testing::Test {
 };
 
 TEST_F(SalaryRowChecksTest, EachKindHasItsLimitAndTheFirstOneOverIsTold) {
-  struct Case {
+  const struct {
     const char* name;
     Variant supplement_limit, surcharge_limit, total_limit;
     double supplement, surcharge;
     const char* answer;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"at all limits", 55.0, 60.0, 115.0, 550, 600, "0 "},
       {"a cent over in supplements", 55.0, 60.0, 70.0, 550.01, 0, "4 CheckSalaryRows: Priedų suma viršija 55%!"},
       {"a cent over in surcharges", 55.0, 60.0, 70.0, 0, 600.01, "4 CheckSalaryRows: Priemokų suma viršija 60%!"},
@@ -84,7 +81,7 @@ TEST_F(SalaryRowChecksTest, EachKindHasItsLimitAndTheFirstOneOverIsTold) {
       {"no supplement limit: they do not count in the sum", 0.0, 60.0, 70.0, 900, 300, "0 "},
       {"no surcharge limit: they do not count in the sum", 55.0, 0.0, 70.0, 300, 900, "0 "},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     given_limits(c.supplement_limit, c.surcharge_limit, c.total_limit, "12,5");
     EXPECT_EQ(check(time_rows({{"D1", 1, "t1"}, {"D1", 5, "t5"}}),
@@ -123,14 +120,13 @@ TEST_F(SalaryRowChecksTest, TheBaseIsTheFirstPayOfEachBasicTimeRowOfTheDocument)
 
 TEST_F(SalaryRowChecksTest, SurchargesCountForListedCodesOfAnyDocument) {
   given_limits(0.0, 50.0, 0.0, "12,3");
-  struct Case {
+  const struct {
     Variant code;
     const char* document;
     bool over;
-  };
-  const Case cases[] = {{12, "D1", true}, {3, "D1", true},      {12, "D2", true},  {2, "D1", false},
-                        {1, "D1", false}, {kNull, "D1", false}, {123, "D1", false}};
-  for (const Case& c : cases) {
+  } cases[] = {{12, "D1", true}, {3, "D1", true},      {12, "D2", true},  {2, "D1", false},
+               {1, "D1", false}, {kNull, "D1", false}, {123, "D1", false}};
+  for (const auto& c : cases) {
     const auto times = time_rows({{"D1", 1, "a"}, {c.document, c.code, "b"}});
     EXPECT_EQ(check(times, salary_rows({{"a", 1000.0, 0}, {"b", 501.0, 0}, {"b", 1.0, 0}})),
               c.over ? "4 CheckSalaryRows: Priemokų suma viršija 50%!" : "0 ")

@@ -8,13 +8,12 @@ namespace velmora {
 namespace {
 
 TEST(Catalogue, TheNumericKeyFilterAcceptsOnlyWhatCanBecomeANumber) {
-  struct Case {
+  const struct {
     char32_t typed;
     const char* text;
     bool negative, decimal;
     char32_t accepted;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {U'/', "", true, true, 0},    {U'0', "", false, false, U'0'},   {U'9', "12,5", false, false, U'9'},
       {U':', "", true, true, 0},    {7, "", true, true, 0},           {8, "12", false, false, 8},
       {9, "", true, true, 0},       {U'-', "", true, false, U'-'},    {U'-', "12", true, false, U'-'},
@@ -23,7 +22,7 @@ TEST(Catalogue, TheNumericKeyFilterAcceptsOnlyWhatCanBecomeANumber) {
       {U'.', "1,2", true, true, 0}, {U'.', "1.2", false, true, U','}, {U'+', "", true, true, 0},
       {U'e', "", true, true, 0},    {U'\u0105', "", true, true, 0},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(static_cast<unsigned>(c.typed));
     SCOPED_TRACE(c.text);
     EXPECT_EQ(catalogue::numeric_key(c.typed, c.text, c.negative, c.decimal), c.accepted);
@@ -31,21 +30,17 @@ TEST(Catalogue, TheNumericKeyFilterAcceptsOnlyWhatCanBecomeANumber) {
 }
 
 TEST(Catalogue, NumbersAreNormalisedToTheirDecimals) {
-  struct Case {
+  const struct {
     const char* text;
     std::int16_t decimals;
     bool zero;
     const char* expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"1", 4, false, "1,0000"}, {"abc", 4, true, "0,0000"},      {"abc", 4, false, ""},     {"", 2, true, "0,00"},
       {"", 2, false, ""},        {"2,345", 2, true, "2,35"},      {",5", 0, true, "1"},      {"2.5", 2, true, "0,00"},
       {"-3", 2, false, "-3,00"}, {"1 000,5", 2, true, "1000,50"}, {"1E400", 1, true, "0,0"},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text);
-    EXPECT_EQ(catalogue::normalised_number(c.text, c.decimals, c.zero), c.expected);
-  }
+  for (const auto& c : cases) EXPECT_EQ(catalogue::normalised_number(c.text, c.decimals, c.zero), c.expected) << c.text;
 }
 
 TEST(Catalogue, TextBetweenQuotesKeepsItsOwnQuotesDoubled) {

@@ -233,16 +233,11 @@ TEST_P(CategoryEditor, WhoMayNotCreateIsToldBeforeTyping) {
 }
 
 TEST_P(CategoryEditor, TheFactorBoxTakesWhatCanBecomeANumber) {
-  struct Case {
-    const char* keys;
-    const char* typed;
-    const char* left;
-  };
-  const Case cases[] = {{"2.5", "2,5", "2,5000"},        {"2,5.5", "2,55", "2,5500"}, {"-", "", "0,0000"},
-                        {"a1b", "1", "1,0000"},          {"", "", "0,0000"},          {",", ",", "0,0000"},
-                        {"12345", "12345", "12345,0000"}};
+  const struct {
+    const char *keys, *typed, *left;
+  } cases[] = {{"2.5", "2,5", "2,5000"}, {"-", "", "0,0000"}, {",", ",", "0,0000"}};
   open_stored();
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.keys);
     in_the_dialog([&](Dialog& dialog) {
       type_over(dialog.txtFactor, c.keys);

@@ -55,12 +55,9 @@ TEST(SelectingObjects, TheChoiceIsAnsweredByKeyAndGuidAndName) {
   for (const char* table : {"categories", "settings"}) {
     company.database().execute(std::string("UPDATE ") + table + " SET guid = 'G' || id");
   }
-  struct Case {
-    const char* type;
-    const char* pick;
-    const char* answer;
-  };
-  const Case cases[] = {
+  const struct {
+    const char *type, *pick, *answer;
+  } cases[] = {
       {"O0402200", "", ";"},
       {"O0402200", "O04022002", "O04022002#G2;B lygis"},
       {"O0402200", "O04022002#G9", "O04022002#G2;B lygis"},  // the stored GUID counts
@@ -74,7 +71,7 @@ TEST(SelectingObjects, TheChoiceIsAnsweredByKeyAndGuidAndName) {
       {"O0402200", "' OR", ";Sąraše „Pareigybių kategorijos“ nėra objekto „' OR“."},
       {"O9999999", "O04022001", ";Tipo „O9999999“ objektų sąrašo nėra."},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     TestApplication application(company.company(), {.title = "Testas", .pick = c.pick});
     const PickedObject picked = application.SelectObject(c.type, "", "");
     std::string answer = picked.Identity + ";" + picked.Name;

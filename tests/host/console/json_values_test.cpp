@@ -13,11 +13,10 @@ TEST(JsonValues, EveryKindOfValueHasItsForm) {
   company.given_position({.employee = company.given_employee("Pirmoji")});
   const auto object = company.application().NewStandardObjectUIO("O0402000");
   object->OIDR("O04020001");
-  struct Case {
+  const struct {
     Variant value;
     const char* json;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {Variant(), "null"},
       {kNull, "null"},
       {true, "true"},
@@ -37,7 +36,7 @@ TEST(JsonValues, EveryKindOfValueHasItsForm) {
       {std::shared_ptr<QuorObjectUIO>(), "null"},
       {Variant::Array{1, "a", kNull}, R"([1,"a",null])"},
   };
-  for (const Case& c : cases) EXPECT_EQ(to_json(c.value).dump(), c.json);
+  for (const auto& c : cases) EXPECT_EQ(to_json(c.value).dump(), c.json);
 }
 
 TEST(JsonValues, ARecordSetComesBackAsItWent) {

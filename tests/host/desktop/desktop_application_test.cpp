@@ -29,14 +29,13 @@ class DesktopApplicationTest : public testing::Test {
 };
 
 TEST_F(DesktopApplicationTest, ABoxIsAnsweredByItsLithuanianButtons) {
-  struct Case {
+  const struct {
     BoxButtons buttons;
     Qt::Key key;
     Qt::KeyboardModifiers modifiers;
     const char* shown;
     BoxAnswer answer;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {BoxButtons::kOk, Qt::Key_Return, Qt::NoModifier, "&Gerai", BoxAnswer::kOk},
       {BoxButtons::kOk, Qt::Key_Escape, Qt::NoModifier, "&Gerai", BoxAnswer::kOk},
       {BoxButtons::kYesNo, Qt::Key_Return, Qt::NoModifier, "&Taip &Ne", BoxAnswer::kNo},
@@ -45,7 +44,7 @@ TEST_F(DesktopApplicationTest, ABoxIsAnsweredByItsLithuanianButtons) {
       {BoxButtons::kOkCancel, Qt::Key_Return, Qt::NoModifier, "&Gerai &Atšaukti", BoxAnswer::kCancel},
       {BoxButtons::kOkCancel, Qt::Key_G, Qt::AltModifier, "&Gerai &Atšaukti", BoxAnswer::kOk},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.shown);
     NextWindows boxes({[&](QWidget& window) {
       auto& box = dynamic_cast<QMessageBox&>(window);
@@ -62,14 +61,13 @@ TEST_F(DesktopApplicationTest, ABoxIsAnsweredByItsLithuanianButtons) {
 
 TEST_F(DesktopApplicationTest, AnObjectIsPickedByTypingAPartOfItsName) {
   for (const char* name : {"Ąžuolaitė Žydrė", "Žąsinas Ąžuolas", "Petras Petraitis"}) company_.given_employee(name);
-  struct Case {
+  const struct {
     const char* current;
     const char* typed;
     const char* keys;  // D(own), R(eturn), E(scape)
     const char* left;
     const char* picked;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", "", "R", "Iš viso: 3", "O04001001"},  // in Lithuanian order
       {"O04001003", "", "R", "Iš viso: 3", "O04001003"},
       {"O04001003", "", "E", "Iš viso: 3", ""},
@@ -79,7 +77,7 @@ TEST_F(DesktopApplicationTest, AnObjectIsPickedByTypingAPartOfItsName) {
       {"O04001003", "pet", "R", "Rasta: 1 iš 3", "O04001003"},
       {"", "nėra", "RE", "Rasta: 0 iš 3", ""},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.typed);
     NextWindows pickers({[&](QWidget& picker) {
       EXPECT_EQ(picker.windowTitle(), "Darbuotojai");
@@ -198,16 +196,13 @@ TEST_F(DesktopApplicationTest, WhatTheUserDoesWaitsWhilePendingEventsRun) {
 }
 
 TEST(QtTexts, AreLithuanian) {
-  struct Case {
-    const char* context;
-    const char* source;
-    const char* shown;
-  };
-  const Case cases[] = {{"QPlatformTheme", "Cancel", "Atšaukti"},
-                        {"QTabBar", "Scroll Left", "Slinkti kairėn"},
-                        {"QFileDialog", "File &name:", "&Failo vardas:"},
-                        {"QShortcut", "Ctrl", "Ctrl"}};
-  for (const Case& c : cases) EXPECT_EQ(QCoreApplication::translate(c.context, c.source), c.shown);
+  const struct {
+    const char *context, *source, *shown;
+  } cases[] = {{"QPlatformTheme", "Cancel", "Atšaukti"},
+               {"QTabBar", "Scroll Left", "Slinkti kairėn"},
+               {"QFileDialog", "File &name:", "&Failo vardas:"},
+               {"QShortcut", "Ctrl", "Ctrl"}};
+  for (const auto& c : cases) EXPECT_EQ(QCoreApplication::translate(c.context, c.source), c.shown);
 }
 
 // The editor as the plug-in makes it, in a dialog.

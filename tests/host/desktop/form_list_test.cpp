@@ -122,14 +122,12 @@ TEST_F(FormViewTest, AChoiceRunsOnceItsMenuHasGoneAndNoMenuStandsOverItsDialog) 
 }
 
 TEST(ReadableRed, IsChosenByTheGround) {
-  struct Case {
+  const struct {
     const char* ground;
     QRgb red;
-  };
-  const Case cases[] = {{"white", qRgb(192, 0, 0)},     {"#f7f7f7", qRgb(192, 0, 0)},
-                        {"black", qRgb(255, 120, 110)}, {"#232629", qRgb(255, 120, 110)},
-                        {"#308cc6", qRgb(90, 0, 0)},    {"#b03030", qRgb(255, 215, 210)}};
-  for (const Case& c : cases) EXPECT_EQ(red_on(QColor(c.ground)).rgb(), c.red) << c.ground;
+  } cases[] = {{"white", qRgb(192, 0, 0)},       {"#f7f7f7", qRgb(192, 0, 0)}, {"black", qRgb(255, 120, 110)},
+               {"#232629", qRgb(255, 120, 110)}, {"#308cc6", qRgb(90, 0, 0)},  {"#b03030", qRgb(255, 215, 210)}};
+  for (const auto& c : cases) EXPECT_EQ(red_on(QColor(c.ground)).rgb(), c.red) << c.ground;
 }
 
 }  // namespace

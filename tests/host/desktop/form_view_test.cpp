@@ -13,15 +13,12 @@ namespace {
 
 TEST_F(FormViewTest, WhatIsTypedGoesThroughTheModel) {
   screen_.box.on_key = [](char32_t key) { return key == U'.' ? U',' : key == U'x' ? U'\0' : key; };
-  struct Case {
-    const char* name;
-    const char* text;
+  const struct {
+    const char *name, *text;
     int start, length;
-    const char* keys;
-    const char* expected;
+    const char *keys, *expected;
     int caret;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"at the caret", "aą", 1, 0, "č.5x", "ač,5ą", 4},
       {"over the selection", "ąžuolas", 1, 3, "X", "ąXlas", 2},
       {"backspace takes one", "ąž", 2, 0, "\b", "ą", 1},
@@ -31,7 +28,7 @@ TEST_F(FormViewTest, WhatIsTypedGoesThroughTheModel) {
       {"behind a character of two units", "𝄞a", 2, 0, "b", "𝄞ba", 3},
   };
   box().setFocus();
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     screen_.box.set_text(c.text);
     c.length > 0 ? box().setSelection(c.start, c.length) : box().setCursorPosition(c.start);

@@ -28,10 +28,9 @@ std::string read(const char* elements, const char* text) {
 }
 
 TEST(ParameterText, ReadsWhatIsThere) {
-  struct Case {
+  const struct {
     const char *elements, *text, *values;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"w", "17", "17;"},
       {"w", "-2147483648", "-2147483648;"},
       {"w", "2147483647", "2147483647;"},
@@ -46,7 +45,7 @@ TEST(ParameterText, ReadsWhatIsThere) {
       {"l", "'12,-15'", "12+-15+"},
       {"n", "None", ""},
   };
-  for (const Case& c : cases) EXPECT_EQ(read(c.elements, c.text), c.values) << c.text;
+  for (const auto& c : cases) EXPECT_EQ(read(c.elements, c.text), c.values) << c.text;
 }
 
 TEST(ParameterText, RefusesEverythingElse) {

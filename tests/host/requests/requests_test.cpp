@@ -23,18 +23,14 @@ TEST_P(Requests, TheRowWithTheLatestStartOnOrBeforeTheDateIsInForce) {
   company.given_settings({.from = "2005.01.01", .month_tariff = 1});
   company.given_settings({.from = "2008.01.31", .month_tariff = 2});
   company.given_settings({.from = "2008.01.31", .month_tariff = 1});
-  struct Case {
-    const char* date;
-    const char* constants;
-    const char* factor;
-    const char* settings;
-  };
-  const Case cases[] = {{"2004.12.31", "", "", ""},       {"2005.01.01", "1", "9,1", "1"},
-                        {"2006.12.31", "1", "9,1", "1"},  {"2007.01.01", "2", "9,1", "1"},
-                        {"2007.06.30", "2", "9,1", "1"},  {"2007.07.01", "2", "9,7", "1"},  // of a tie the last one
-                        {"2008.01.30", "2", "9,7", "1"},  {"2008.01.31", "2 9", "9,7", "3"},
-                        {"2008.02.01", "3 9", "9,7", "3"}};
-  for (const Case& c : cases) {
+  const struct {
+    const char *date, *constants, *factor, *settings;
+  } cases[] = {{"2004.12.31", "", "", ""},       {"2005.01.01", "1", "9,1", "1"},
+               {"2006.12.31", "1", "9,1", "1"},  {"2007.01.01", "2", "9,1", "1"},
+               {"2007.06.30", "2", "9,1", "1"},  {"2007.07.01", "2", "9,7", "1"},  // of a tie the last one
+               {"2008.01.30", "2", "9,7", "1"},  {"2008.01.31", "2 9", "9,7", "3"},
+               {"2008.02.01", "3 9", "9,7", "3"}};
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.date);
     EXPECT_EQ(field_of(company, "SalaryConstants", on(c.date), "ConstantValue"), c.constants);
     EXPECT_EQ(field_of(company, "OfficeEmployeeCategory", "1," + on(c.date), "Factor"), c.factor);
@@ -67,15 +63,12 @@ TEST_P(Requests, APositionIsFoundByItsKeyAndDateOrByItsIdAlone) {
   position("K'", "2007.01.01", parse_date("2008.01.31"));
   position("T", "2007.01.01", kNull);
   position("T", "2007.01.01", kNull);
-  struct Case {
-    const char* parameter;
-    const char* ids;
-  };
-  const Case cases[] = {
-      {"'K''N','2004.12.31'", ""},  {"'K''N','2005.01.01'", "1"}, {"'K''N','2006.12.31'", "1"},
-      {"'K''N','2007.01.01'", "2"}, {"'K''N','2008.01.31'", "2"}, {"'K''N','2008.02.01'", ""},  // ended
-      {"'TN','2008.01.31'", "4"},   {"'T','2008.01.31'", ""},     {"'N','2008.01.31'", ""}};
-  for (const Case& c : cases) EXPECT_EQ(field_of(company, "SalaryExtraRow", c.parameter, "ID"), c.ids) << c.parameter;
+  const struct {
+    const char *parameter, *ids;
+  } cases[] = {{"'K''N','2004.12.31'", ""},  {"'K''N','2005.01.01'", "1"}, {"'K''N','2006.12.31'", "1"},
+               {"'K''N','2007.01.01'", "2"}, {"'K''N','2008.01.31'", "2"}, {"'K''N','2008.02.01'", ""},  // ended
+               {"'TN','2008.01.31'", "4"},   {"'T','2008.01.31'", ""},     {"'N','2008.01.31'", ""}};
+  for (const auto& c : cases) EXPECT_EQ(field_of(company, "SalaryExtraRow", c.parameter, "ID"), c.ids) << c.parameter;
   EXPECT_EQ(field_of(company, "SalaryExtraRowByID", "2,'1990.01.01'", "OIDR"), "O04020002");
   EXPECT_EQ(field_of(company, "SalaryExtraRowByID", "5,'2008.01.31'", "OIDR"), "");
 }
@@ -137,8 +130,7 @@ TEST_P(Requests, WhatCannotBeAnsweredSaysWhy) {
 }
 
 struct AskedSet {
-  const char* name;
-  const char* parameter;
+  const char *name, *parameter;
 };
 const AskedSet kAskedSets[] = {{"Departments", "None"},
                                {"Employees", "None"},

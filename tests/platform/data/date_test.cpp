@@ -37,13 +37,12 @@ TEST(Date, SerialsAndTexts) {
 }
 
 TEST(Date, TheTimeOfDayCountsForwardFromMidnightOnBothSidesOfTheZeroDate) {
-  struct Case {
+  const struct {
     double serial;
     const char* text;
     double without_time;
     double next_day;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {39478.75, "2008.01.31", 39478.0, 39479.75},
       {0.25, "1899.12.30", 0.0, 1.25},
       {-0.25, "1899.12.30", 0.0, 1.25},
@@ -52,7 +51,7 @@ TEST(Date, TheTimeOfDayCountsForwardFromMidnightOnBothSidesOfTheZeroDate) {
       {-657434.5, "0100.01.01", -657434.0, -657433.5},
       {-1.0, "1899.12.29", -1.0, 0.0},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.serial);
     const Date date = Date::from_serial(c.serial);
     EXPECT_EQ(date_text(date), c.text);
@@ -137,20 +136,17 @@ TEST(Date, TextAsDate) {
 }
 
 TEST(Date, MonthBoundariesBetweenDates) {
-  struct Case {
-    const char* from;
-    const char* to;
+  const struct {
+    const char *from, *to;
     int months;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"2005.01.31", "2008.02.01", 37}, {"2001.03.20", "2008.05.01", 86},   {"2008.01.31", "2008.02.01", 1},
       {"2008.01.01", "2008.01.31", 0},  {"2008.05.01", "2008.03.01", -2},   {"2007.12.31", "2008.01.01", 1},
       {"2008.01.01", "2007.12.31", -1}, {"1899.12.30", "2008.01.31", 1297},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.from << " to " << c.to);
-    EXPECT_EQ(months_between(parse_date(c.from), parse_date(c.to)), c.months);
-  }
+  for (const auto& c : cases)
+    EXPECT_EQ(months_between(parse_date(c.from), parse_date(c.to)), c.months)
+        << testing::Message() << c.from << " to " << c.to;
 }
 
 TEST(Date, EverySeventeenthDayGoesThroughTheCalendarAndBack) {

@@ -20,8 +20,7 @@ std::string rows_that_pass(Recordset& set, const char* filter) {
 }
 
 struct FilterCase {
-  const char* filter;
-  const char* expected;
+  const char *filter, *expected;
 };
 
 // What passes, and by which filters. A refused one differs from an accepted one in the one respect that it tests.

@@ -11,8 +11,7 @@ namespace {
 
 struct FormCase {
   double x;
-  const char* general;
-  const char* fixed_two;
+  const char *general, *fixed_two;
   double round_two;
 };
 const FormCase kForms[] = {
@@ -66,13 +65,12 @@ TEST(NumberText, GeneralFixedAndRoundedForms) {
 }
 
 TEST(NumberText, FixedAndRoundedFormsOfOtherLengths) {
-  struct Case {
+  const struct {
     double x;
     int decimals;
     const char* fixed;
     double rounded;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {0.4, 0, "0", 0.0},
       {0.5, 0, "1", 0.0},
       {1.5, 0, "2", 2.0},
@@ -86,7 +84,7 @@ TEST(NumberText, FixedAndRoundedFormsOfOtherLengths) {
       {0.95, 1, "1,0", 1.0},
       {0.1, 15, "0,100000000000000", 0.1},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.x);
     EXPECT_EQ(fixed_text(c.x, c.decimals), c.fixed);
     EXPECT_EQ(round_even(c.x, c.decimals), c.rounded);
@@ -94,13 +92,12 @@ TEST(NumberText, FixedAndRoundedFormsOfOtherLengths) {
 }
 
 TEST(NumberText, TheAddendMakesAHalfGoUp) {
-  struct Case {
+  const struct {
     const char* name;
     double x;
     int decimals;
     double expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"half of an even number", 1262.5, 0, 1263.0},
       {"sum is exactly the half", 1262.49999, 0, 1262.0},
       {"less than the addend below the half", 1262.499995, 0, 1263.0},
@@ -111,10 +108,7 @@ TEST(NumberText, TheAddendMakesAHalfGoUp) {
       {"large", 1E9 + 0.5, 0, 1000000001.0},
       {"too large for the addend", 1E12 + 0.5, 0, 1000000000000.0},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.name);
-    EXPECT_EQ(round_half_up(c.x, c.decimals), c.expected);
-  }
+  for (const auto& c : cases) EXPECT_EQ(round_half_up(c.x, c.decimals), c.expected) << c.name;
 }
 
 TEST(NumberText, RefusesWhatItCannotRoundOrShow) {

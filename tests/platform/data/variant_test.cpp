@@ -27,12 +27,7 @@ struct ConversionCase {
   const char* name;
   Variant value;
   // All by outcome(); a date shows as its serial.
-  const char* int16;
-  const char* int32;
-  const char* number;
-  const char* date;
-  const char* text;
-  const char* boolean;
+  const char *int16, *int32, *number, *date, *text, *boolean;
 };
 
 void expect_conversions(const ConversionCase& c) {
@@ -80,12 +75,10 @@ TEST(Variant, ConvertsEveryKind) {
 }
 
 TEST(Variant, RoundsHalfToEvenBeforeTheRangeCheck) {
-  struct Case {
+  const struct {
     Variant value;
-    const char* int16;
-    const char* int32;
-  };
-  const Case cases[] = {
+    const char *int16, *int32;
+  } cases[] = {
       {0.5, "0", "0"},
       {1.5, "2", "2"},
       {2.5, "2", "2"},
@@ -104,7 +97,7 @@ TEST(Variant, RoundsHalfToEvenBeforeTheRangeCheck) {
       {"12,5", "12", "12"},
       {"17a", "TypeMismatch", "TypeMismatch"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.value.to_text());
     EXPECT_EQ(outcome([&] { return c.value.to_int16(); }), c.int16);
     EXPECT_EQ(outcome([&] { return c.value.to_int32(); }), c.int32);
@@ -117,16 +110,11 @@ TEST(Variant, ADoubleIsFinite) {
 }
 
 TEST(Variant, NullTolerantReadersForgiveNullAndEmptyOnly) {
-  struct Case {
+  const struct {
     const char* name;
     Variant value;
-    const char* int32;
-    const char* int16;
-    const char* number;
-    const char* date;
-    const char* text;
-  };
-  const Case cases[] = {
+    const char *int32, *int16, *number, *date, *text;
+  } cases[] = {
       {"null", kNull, "0", "0", "0", "0", ""},
       {"empty", {}, "0", "0", "0", "0", ""},
       {"double", 40000.5, "40000", "Overflow", "40000.5", "40000.5", "40000,5"},
@@ -135,7 +123,7 @@ TEST(Variant, NullTolerantReadersForgiveNullAndEmptyOnly) {
       {"null record set", std::shared_ptr<Recordset>(), "TypeMismatch", "TypeMismatch", "TypeMismatch", "TypeMismatch",
        "TypeMismatch"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(outcome([&] { return null_to_int32(c.value); }), c.int32);
     EXPECT_EQ(outcome([&] { return null_to_int16(c.value); }), c.int16);
@@ -146,12 +134,11 @@ TEST(Variant, NullTolerantReadersForgiveNullAndEmptyOnly) {
 }
 
 TEST(Variant, NamesItsKindAndKnowsWhatIsNumeric) {
-  struct Case {
+  const struct {
     const char* kind;
     Variant value;
     bool numeric;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"Empty", {}, true},
       {"Null", kNull, false},
       {"Bool", false, true},
@@ -166,7 +153,7 @@ TEST(Variant, NamesItsKindAndKnowsWhatIsNumeric) {
       {"Object", std::shared_ptr<Object>(), false},
       {"Array", Variant::Array(), false},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.kind);
     EXPECT_EQ(kind_name(c.value.kind()), c.kind);
     EXPECT_EQ(is_numeric(c.value), c.numeric);

@@ -47,15 +47,13 @@ class Screen : public Form {
 };
 
 TEST(Toolkit, TypingReplacesTheSelectionAndMovesTheCaret) {
-  struct Case {
-    const char* name;
-    const char* text;
+  const struct {
+    const char *name, *text;
     std::size_t start, length;
     std::u32string keys;
     const char* expected;
     std::size_t caret;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"at the caret", "ąę", 1, 0, U"ė", "ąėę", 2},
       {"over the selection", "ąžuolas", 1, 3, U"X", "ąXlas", 2},
       {"backspace takes one", "ąž", 2, 0, U"\b", "ą", 1},
@@ -63,7 +61,7 @@ TEST(Toolkit, TypingReplacesTheSelectionAndMovesTheCaret) {
       {"backspace at the start", "ąž", 0, 0, U"\b", "ąž", 0},
       {"past the end", "ab", 9, 9, U"c", "abc", 3},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Screen screen;
     screen.box.set_text(c.text);
