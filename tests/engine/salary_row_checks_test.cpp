@@ -23,7 +23,8 @@ TEST(ChargeLimits, ExactlyAtTheLimitIsWithinIt) {
                {55.000000009, 100, 55, false}, {55.000000011, 100, 55, true}, {0, 1000, 0, false},
                {-10, -100, 5, true},           {10, -100, 5, false}};
   for (const auto& c : cases) {
-    EXPECT_EQ(quor::share_exceeds(c.part, c.base, c.limit), c.exceeds) << c.part << " of " << c.base << ", limit " << c.limit;
+    EXPECT_EQ(quor::share_exceeds(c.part, c.base, c.limit), c.exceeds)
+        << c.part << " of " << c.base << ", limit " << c.limit;
   }
   for (const double none : {0.0, 0.10 + 0.20 - 0.30, 0.00499, -0.00499}) EXPECT_TRUE(quor::is_no_base(none)) << none;
   for (const double base : {0.00501, -0.00501}) EXPECT_FALSE(quor::is_no_base(base)) << base;

@@ -35,10 +35,10 @@ class ImportCompany : public testing::TestWithParam<Backend> {
   std::vector<ImportedTable> bring(const std::vector<Source>& sources) {
     std::vector<ImportSource> files;
     for (const Source& source : sources) {
-      files.push_back({find_exchanged_table(source.table), folder_.path(std::string(source.table) + ".csv")});
+      files.push_back({find_stored_table(source.table), folder_.path(std::string(source.table) + ".csv")});
       std::ofstream(files.back().file, std::ios::binary) << source.text;
     }
-    return import_tables(application_, files);
+    return import_tables(guard_, files);
   }
 
   // The faults of the import, a line each, files named without their folder; "" when there are none. Warnings as
@@ -59,10 +59,10 @@ class ImportCompany : public testing::TestWithParam<Backend> {
     }
   }
 
-  std::string exported(const char* table) { return export_table(application_, *find_exchanged_table(table)); }
+  std::string exported(const char* table) { return export_table(guard_, *find_stored_table(table)); }
   std::string everything() {
     std::string all = std::to_string(database().change_count()) + "\n";
-    for (const ExchangedTable& table : exchanged_tables()) all += export_table(application_, table);
+    for (const StoredTable& table : stored_tables()) all += export_table(guard_, table);
     return all;
   }
 
@@ -71,7 +71,8 @@ class ImportCompany : public testing::TestWithParam<Backend> {
   TemporaryFolder folder_;
   std::unique_ptr<CompanyPlace> place_ = GetParam().make_place();
   Company company_{Database::create(place_->address())};
-  Application application_{company_, {.user = "testuotoja"}};
+  Registrations registrations_;
+  RightsGuard guard_{company_, registrations_, "testuotoja"};
 };
 inline const std::string kTime = "employee_id,date,time_code,hours\n";
 inline const std::string kDepartments = "id,parent_id,name\n";

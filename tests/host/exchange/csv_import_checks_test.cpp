@@ -64,7 +64,7 @@ TEST_P(CsvImportChecks, TellsEveryFaultOfACellWithItsLineAndWritesNothing) {
   const std::string before = everything();
   for (const auto& c : text_table(kFaults)) {
     ASSERT_EQ(c.size(), 3U) << c[1];
-    const ExchangedTable& table = *find_exchanged_table(c[0]);
+    const StoredTable& table = *find_stored_table(c[0]);
     std::string told;
     for (const std::string& fault : parts_of(c[2], '/')) {
       const auto line = fault.find(' '), column = fault.find(' ', line + 1);
@@ -161,7 +161,7 @@ TEST_P(CsvImportChecks, HoldsEveryColumnToItsRange) {
   bring({{"categories", "id,guid,name\n1,A,a\n"}, {"settings", "id,guid,date_from\n1,S,2005-01-01\n"}});
   for (const auto& c : text_table(kRanges)) {
     ASSERT_EQ(c.size(), 6U) << c[0] << c[2];
-    const ExchangedTable& table = *find_exchanged_table(c[0]);
+    const StoredTable& table = *find_stored_table(c[0]);
     const std::string header = exported(c[0].c_str());
     const auto faults_with = [&](const std::string& value) {
       std::string row = c[2];

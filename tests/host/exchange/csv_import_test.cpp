@@ -93,8 +93,7 @@ TEST_P(CsvImport, RowsThatComeInAreAChangeOfTheRecordTheyArePartOf) {
 TEST_P(CsvImport, CommitsNothingWhenNothingDiffers) {
   const std::string before = everything();
   std::vector<Source> same;
-  for (const ExchangedTable& table : exchanged_tables())
-    same.push_back({table.name.data(), export_table(application_, table)});
+  for (const StoredTable& table : stored_tables()) same.push_back({table.name.data(), export_table(guard_, table)});
   for (const ImportedTable& done : bring(same)) EXPECT_EQ(done.added + done.changed, 0U) << done.source.file;
   EXPECT_EQ(everything(), before);
 }
