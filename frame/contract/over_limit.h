@@ -18,13 +18,13 @@ inline constexpr std::int32_t kOverLimit = 4;
 
 inline double nearest_cents(double sum) { return std::nearbyint(sum * 100); }
 
-// Not one cent: sums of cents are binary, and 0.10 + 0.20 - 0.30 leaves 5e-17.
-inline bool is_no_base(double base) { return nearest_cents(base) == 0; }
+// Less than half a cent: sums of cents are binary, and 0.10 + 0.20 - 0.30 leaves 5e-17.
+inline bool is_no_base(double base) { return std::abs(base) < 0.005; }
 
-// What share of the base `part` is, 0 without a base. One division of whole cents: a share that is exactly a limit
-// comes out as that limit, whatever the amounts, while sums of cents and two roundings may miss it by a hair.
+// What share of the base `part` is, 0 for a base of no cent. One division of whole cents: a share that is exactly a
+// limit comes out as that limit, whatever the amounts, while sums of cents and two roundings may miss it by a hair.
 inline double percentage_of(double part, double base) {
-  return is_no_base(base) ? 0 : nearest_cents(part) * 100 / nearest_cents(base);
+  return nearest_cents(base) == 0 ? 0 : nearest_cents(part) * 100 / nearest_cents(base);
 }
 
 // Of what percentage_of says: a tie is exactly the limit, so it is compared as it is.

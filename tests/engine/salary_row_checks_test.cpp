@@ -27,7 +27,7 @@ TEST(ChargeLimits, ExactlyAtTheLimitIsWithinIt) {
         << c.part << " of " << c.base << ", limit " << c.limit;
   }
   for (const double none : {0.0, 0.10 + 0.20 - 0.30, 0.00499, -0.00499}) EXPECT_TRUE(quor::is_no_base(none)) << none;
-  for (const double base : {0.00501, -0.00501}) EXPECT_FALSE(quor::is_no_base(base)) << base;
+  for (const double base : {0.005, -0.005}) EXPECT_FALSE(quor::is_no_base(base)) << base;
 }
 
 class SalaryRowChecksTest : public testing::Test {
