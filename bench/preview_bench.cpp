@@ -16,7 +16,7 @@
 #include "engine/salary_engine.h"
 #include "forms/preview/salary_preview.h"
 #include "forms/preview/supplement_preview.h"
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 #include "host/sample/sample_company.h"
 
 namespace quor {

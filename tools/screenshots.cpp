@@ -14,7 +14,7 @@
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/month_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
 

@@ -211,7 +211,7 @@ bool Application::HasRight(UserRight right, const std::string& object_type, std:
 void Application::show_modal(Form& form) {
   form.load();
   try {
-    if (modal_user_ && !form.close_requested()) modal_user_(form);
+    if (!form.close_requested()) act_on(form);
     if (!form.close_requested()) form.close_box();
   } catch (...) {
     form.unload();

@@ -84,9 +84,6 @@ class Application : public QuorApplication {
   // Every box shown so far, and who else is told of each.
   const std::vector<ShownBox>& shown_boxes() const { return shown_boxes_; }
   void on_box(std::function<void(const ShownBox&)> listener) { box_listener_ = std::move(listener); }
-  // Acts as the user on every modal form while it is loaded; a form that is not asked to close then, is closed as by
-  // its close box.
-  void on_modal(std::function<void(Form&)> user) { modal_user_ = std::move(user); }
   // Told of every report that is shown; and the last one, null before the first.
   void on_report(std::function<void(const ReportData&)> listener) { report_listener_ = std::move(listener); }
   const std::shared_ptr<const ReportData>& shown_report() const { return shown_report_; }
@@ -123,6 +120,9 @@ class Application : public QuorApplication {
   // Lets the user choose a row of the list (see object_lists.h), on which `current` is the key chosen now; answers the
   // key, "" for none. Without windows it is the option's `pick`, and a box when the list has no such object.
   virtual std::string choose_object(Recordset& list, const std::string& current, const std::string& title);
+  // What a person does on a modal form while it is loaded: without windows nothing. A form that is not asked to close
+  // then, is closed as by its close box.
+  virtual void act_on(Form& /*form*/) {}
   // The first hourglass scope opens, the last one ends. Must not throw.
   virtual void busy_changed(bool /*busy*/) {}
   // Whether a box of these buttons is held for somebody (see HeldNotices): whoever shows boxes shows it to nobody then.
@@ -143,7 +143,6 @@ class Application : public QuorApplication {
   std::vector<ShownBox> shown_boxes_;
   std::vector<ShownBox>* held_notices_ = nullptr;  // of the innermost HeldNotices
   std::function<void(const ShownBox&)> box_listener_;
-  std::function<void(Form&)> modal_user_;
   std::function<void(const ReportData&)> report_listener_;
   std::shared_ptr<const ReportData> shown_report_;
   OpenObjects open_objects_;

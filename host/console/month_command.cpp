@@ -5,8 +5,8 @@
 #include "host/console/json_values.h"
 #include "host/console/progress_bar.h"
 #include "host/console/session.h"
+#include "host/payroll/calculated_month.h"
 #include "host/payroll/closed_months.h"
-#include "host/payroll/month_run.h"
 #include "host/payroll/month_state.h"
 #include "host/report/record_text.h"
 #include "platform/data/column.h"
@@ -35,21 +35,22 @@ const std::vector<TextColumnLayout>& month_columns() {
 
 ExitStatus calculate(const Month& month, const MonthCommand& command, const CommonOptions& options, std::ostream& out) {
   Session session(options);
-  MonthRun run;
+  CalculatedMonth calculated;
   {
     const InterruptScope interrupt;
     ProgressBar bar;
-    run = calculate_month(session.application(), month,
-                          {.department = command.department,
-                           .progress = [&](std::int32_t done, std::int32_t all) { bar.show(done, all); },
-                           .cancelled = InterruptScope::interrupted});
+    calculated = calculate_month(session.application(), month,
+                                 {.department = command.department,
+                                  .progress = [&](std::int32_t done, std::int32_t all) { bar.show(done, all); },
+                                  .cancelled = InterruptScope::interrupted});
   }
-  write_rows(*run.rows, month_columns(), options.format, out);
-  for (const PersonFault& fault : run.faults) std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
-  std::cerr << (run.cancelled ? "Nutraukta. " : "") << "Apskaičiuota žmonių: " << run.done << " iš " << run.all
-            << "; pakeista dokumentų: " << run.changed << "; klaidų: " << run.faults.size()
-            << "; viršija ribą: " << run.over_limit << ".\n";
-  return run.faults.empty() && !run.cancelled ? ExitStatus::kDone : ExitStatus::kFailed;
+  write_rows(*calculated.rows, month_columns(), options.format, out);
+  for (const PersonFault& fault : calculated.faults)
+    std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
+  std::cerr << (calculated.cancelled ? "Nutraukta. " : "") << "Apskaičiuota žmonių: " << calculated.done << " iš "
+            << calculated.all << "; pakeista dokumentų: " << calculated.changed
+            << "; klaidų: " << calculated.faults.size() << "; viršija ribą: " << calculated.over_limit << ".\n";
+  return calculated.faults.empty() && !calculated.cancelled ? ExitStatus::kDone : ExitStatus::kFailed;
 }
 
 ExitStatus close(Application& application, const Month& month, const MonthCommand& command, std::ostream& out) {

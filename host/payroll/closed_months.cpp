@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "host/payroll/closed_month_guard.h"
+#include "host/payroll/last_calculation.h"
 #include "host/payroll/month_comparison.h"
-#include "host/payroll/whole_run.h"
 #include "host/store/record_guard.h"
 #include "host/store/tables/statements.h"
 #include "host/store/tables/value_ranges.h"

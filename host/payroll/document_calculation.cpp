@@ -74,10 +74,10 @@ DocumentCalculation::DocumentCalculation(Application& application, const Month& 
   read_ahead(application.company(), month, inputs);
 }
 
-CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
+PersonMonth DocumentCalculation::calculate(const PersonInput& person) {
   require(rules_.fault);
   require(person.fault);
-  CalculatedMonth result;
+  PersonMonth result;
   MonthDocument& document = result.document;
   document.employee = person.employee;
   document.guid = named_guid(std::to_string(person.employee) + "/" + rules_.month.text());
@@ -92,7 +92,7 @@ CalculatedMonth DocumentCalculation::calculate(const PersonInput& person) {
 
 // A request that fails is shown by the engine, which may go on as if there were no such data: what it shows first is
 // what went wrong.
-MethodResult DocumentCalculation::run(const char* method, const Parameters& parameters) {
+MethodResult DocumentCalculation::call(const char* method, const Parameters& parameters) {
   const HeldNotices notices(application_);
   MethodResult result = engine_->Methods(method, parameters);
   if (!notices.boxes().empty()) throw Error(ErrorKind::kRefused, one_line(notices.boxes().front().text));
@@ -101,24 +101,24 @@ MethodResult DocumentCalculation::run(const char* method, const Parameters& para
 
 // What a method of the engine answers: a value, or a record set of one row.
 Variant DocumentCalculation::ask(const char* method, const Parameters& parameters) {
-  const MethodResult result = run(method, parameters);
+  const MethodResult result = call(method, parameters);
   if (result.Code != 0) throw Error(ErrorKind::kRefused, one_line(result.Message));
   return result.Value;
 }
 
 double DocumentCalculation::month_salary(const PositionPay& pay, double multiplier) {
-  return run("GetMonthSalaryValue", {pay.tariff, pay.factor, multiplier}).Value.to_double();
+  return call("GetMonthSalaryValue", {pay.tariff, pay.factor, multiplier}).Value.to_double();
 }
 
-void DocumentCalculation::add_basic_time(const PersonInput& person, CalculatedMonth& result) {
+void DocumentCalculation::add_basic_time(const PersonInput& person, PersonMonth& result) {
   MonthDocument& document = result.document;
   for (const PositionInput& position : person.positions) {
     const Date date = position.to;  // a position that ends within the month is in force no longer on its last day
     const auto parts = ask("GetSalaryComponents", {salary_document_, position.key, std::int16_t{0}, date}).record_set();
-    PositionPay pay{.category = null_to_text(parts->field("TariffFactorName")),
-                    .factor = null_to_double(parts->field("TariffFactorValue")),
-                    .tariff = null_to_double(parts->field("ConstantValue")),
-                    .share = position.share};
+    PositionPay pay{{.category = null_to_text(parts->field("TariffFactorName")),
+                     .factor = null_to_double(parts->field("TariffFactorValue")),
+                     .tariff = null_to_double(parts->field("ConstantValue")),
+                     .share = position.share}};
     if (pay.tariff == 0) throw Error(ErrorKind::kNotFound, "nėra bazinės algos datai " + date_text(date));
     if (null_to_int32(parts->field("TariffFactorID")) == 0) {
       throw Error(ErrorKind::kNotFound, "nėra pareigybės kategorijos koeficiento datai " + date_text(date));
@@ -173,7 +173,7 @@ double DocumentCalculation::basic_hours(const PersonInput& person, const Positio
 }
 
 // A charge above 0 is a fixed sum; otherwise it is a percentage of the base pay: the service's, or its own.
-void DocumentCalculation::add_supplements(const PersonInput& person, CalculatedMonth& result) {
+void DocumentCalculation::add_supplements(const PersonInput& person, PersonMonth& result) {
   MonthDocument& document = result.document;
   const Parameters of_person = {person.employee, rules_.month.last_day()};
   result.supplement_percentage =
@@ -199,7 +199,7 @@ void DocumentCalculation::add_supplements(const PersonInput& person, CalculatedM
 
 // Every other time code is one time row; those that the settings list earn a surcharge at the hour tariff by the factor
 // of the first position.
-void DocumentCalculation::add_other_time(const PersonInput& person, CalculatedMonth& result) {
+void DocumentCalculation::add_other_time(const PersonInput& person, PersonMonth& result) {
   std::map<std::int32_t, double> hours_of_code;
   for (const WorkedTime& worked : person.worked) {
     if (worked.time_code != rules_.basic_time_code) hours_of_code[worked.time_code] += worked.hours;
@@ -239,17 +239,17 @@ void DocumentCalculation::check(MonthDocument& document) {
     sums[2].append(row.extra_charge);
   }
   const MethodResult result =
-      run("CheckSalaryRows", {Recordset::from_columns(std::move(times)), Recordset::from_columns(std::move(sums)),
-                              rules_.month.last_day(), rules_.basic_time_code});
+      call("CheckSalaryRows", {Recordset::from_columns(std::move(times)), Recordset::from_columns(std::move(sums)),
+                               rules_.month.last_day(), rules_.basic_time_code});
   document.check_code = result.Code;
   document.check_message = result.Message;
 }
 
 // What the sums were made from stays with the document.
-void DocumentCalculation::keep_basis(CalculatedMonth& result) const {
+void DocumentCalculation::keep_basis(PersonMonth& result) const {
   MonthDocument& document = result.document;
   for (const PositionPay& pay : result.positions) {
-    document.positions.push_back({pay.category, pay.factor, pay.tariff, pay.share, pay.month_salary});
+    document.positions.push_back(pay);
   }
   document.service_years = result.service_years;
   document.supplement_percentage = result.supplement_percentage;

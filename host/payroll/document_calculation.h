@@ -21,16 +21,11 @@ struct MonthRules {
 };
 
 // What the engine said of a position, for the printed month.
-struct PositionPay {
-  std::string category;
-  double factor = 0;
-  double tariff = 0;
-  double share = 0;
-  double month_salary = 0;  // of the whole month, by the share
-  double base_pay = 0;      // of the worked part
+struct PositionPay : DocumentPosition {
+  double base_pay = 0;  // of the worked part
 };
 
-struct CalculatedMonth {
+struct PersonMonth {
   MonthDocument document;
   std::vector<PositionPay> positions;
   std::int16_t service_years = 0;
@@ -45,19 +40,19 @@ class DocumentCalculation {
 
   // Throws quor::Error with the reason when the person's data do not allow it: an impossible value, no tariff, no
   // category, a failing method or request. What the engine shows meanwhile is that reason; nobody else is shown it.
-  CalculatedMonth calculate(const PersonInput& person);
+  PersonMonth calculate(const PersonInput& person);
   const DocumentSettings& settings() const { return settings_; }
 
  private:
-  MethodResult run(const char* method, const Parameters& parameters);
+  MethodResult call(const char* method, const Parameters& parameters);
   Variant ask(const char* method, const Parameters& parameters);
   double month_salary(const PositionPay& pay, double multiplier);
-  void add_basic_time(const PersonInput& person, CalculatedMonth& result);
-  void add_supplements(const PersonInput& person, CalculatedMonth& result);
-  void add_other_time(const PersonInput& person, CalculatedMonth& result);
+  void add_basic_time(const PersonInput& person, PersonMonth& result);
+  void add_supplements(const PersonInput& person, PersonMonth& result);
+  void add_other_time(const PersonInput& person, PersonMonth& result);
   void check(MonthDocument& document);
   bool has_worked_the_norm(const PersonInput& person) const;
-  void keep_basis(CalculatedMonth& result) const;
+  void keep_basis(PersonMonth& result) const;
   double basic_hours(const PersonInput& person, const PositionInput& position) const;
 
   Application& application_;

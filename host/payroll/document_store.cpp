@@ -238,10 +238,10 @@ bool store_faults(Database& database, const Month& month, const std::vector<Pers
 struct EmployeeRange {
   std::int32_t first = INT32_MAX, last = 0;
 
-  explicit EmployeeRange(const CalculatedRun& run) {
+  explicit EmployeeRange(const CalculatedPeople& calculated) {
     const auto cover = [this](std::int32_t id) { first = std::min(first, id), last = std::max(last, id); };
-    for (const MonthDocument& document : run.documents) cover(document.employee);
-    for (const PersonFault& fault : run.faults) cover(fault.employee);
+    for (const MonthDocument& document : calculated.documents) cover(document.employee);
+    for (const PersonFault& fault : calculated.faults) cover(fault.employee);
   }
 };
 
@@ -282,17 +282,17 @@ EndedDocuments read_ended(Database& database, const EndedPeople& ended) {
 
 }  // namespace
 
-std::optional<ChangedDocuments> store_run(Database& database, const Month& month, const CalculatedRun& run,
-                                          std::int64_t inputs) {
-  const EmployeeRange people(run);
+std::optional<ChangedDocuments> store_people(Database& database, const Month& month, const CalculatedPeople& calculated,
+                                             std::int64_t inputs) {
+  const EmployeeRange people(calculated);
   Transaction transaction(database, Writes::kOther);
   require_open(database, month);
   if (database.pay_inputs_count() != inputs) return std::nullopt;
   const auto stored = read_stored(database, month, people.first, people.last);
-  const auto writes = difference(stored, run.documents);
-  if (!writes.empty()) store_settings(database, run.settings);
+  const auto writes = difference(stored, calculated.documents);
+  if (!writes.empty()) store_settings(database, calculated.settings);
   write_documents(database, month, writes);
-  const bool other_faults = store_faults(database, month, run.faults, people.first, people.last);
+  const bool other_faults = store_faults(database, month, calculated.faults, people.first, people.last);
   if (!writes.empty() || other_faults) transaction.commit();
   ChangedDocuments changed;
   for (const Write& write : writes) changed.push_back(write.document->employee);
@@ -314,14 +314,14 @@ std::optional<ChangedDocuments> remove_ended(Database& database, const Month& mo
   return changed;
 }
 
-DocumentDifference compare_with_stored(Database& database, const Month& month, const CalculatedRun& run) {
-  const EmployeeRange people(run);
+DocumentDifference compare_with_stored(Database& database, const Month& month, const CalculatedPeople& calculated) {
+  const EmployeeRange people(calculated);
   const auto stored = read_stored(database, month, people.first, people.last);
   DocumentDifference result;
-  for (const Write& write : difference(stored, run.documents)) {
+  for (const Write& write : difference(stored, calculated.documents)) {
     (write.replaced == nullptr ? result.missing : result.changed).push_back(write.document->employee);
   }
-  for (const PersonFault& fault : run.faults) {
+  for (const PersonFault& fault : calculated.faults) {
     const auto has_document = [&](const StoredDocument& each) { return each.document.employee == fault.employee; };
     if (std::none_of(stored.begin(), stored.end(), has_document)) result.missing.push_back(fault.employee);
   }

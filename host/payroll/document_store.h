@@ -19,8 +19,8 @@ struct PersonFault {
   std::string reason;
 };
 
-// A run of people, calculated: their documents and faults, both by employee ID.
-struct CalculatedRun {
+// People, calculated: their documents and faults, both by employee ID.
+struct CalculatedPeople {
   std::vector<MonthDocument> documents;
   std::vector<PersonFault> faults;
   DocumentSettings settings = {};  // that all of them were calculated by
@@ -35,24 +35,24 @@ struct NamedPerson {
 using ChangedDocuments = std::vector<std::int32_t>;
 
 // Brings the store to what was calculated, in one transaction: documents that are new or differ are written whole,
-// equal ones are left alone, a person's fault is kept beside the document of an earlier run. Nothing is written and
-// nothing answered when what pay follows from is no longer at the count `inputs` that the run was calculated from (see
-// Database::pay_inputs_count). A fixed number of statements, whatever the number of documents. Throws quor::Error when
-// the month is closed, StoreError; nothing is written then.
-std::optional<ChangedDocuments> store_run(Database& database, const Month& month, const CalculatedRun& run,
-                                          std::int64_t inputs);
+// equal ones are left alone, a person's fault is kept beside the document of an earlier calculated. Nothing is written
+// and nothing answered when what pay follows from is no longer at the count `inputs` that they were calculated from
+// (see Database::pay_inputs_count). A fixed number of statements, whatever the number of documents. Throws quor::Error
+// when the month is closed, StoreError; nothing is written then.
+std::optional<ChangedDocuments> store_people(Database& database, const Month& month, const CalculatedPeople& calculated,
+                                             std::int64_t inputs);
 
 // Removes the documents and faults of people who are in force no more, of the department with those below it or of all.
-// Refuses and throws as store_run does.
+// Refuses and throws as store_people does.
 std::optional<ChangedDocuments> remove_ended(Database& database, const Month& month,
                                              std::optional<std::int32_t> department, std::int64_t inputs);
 
-// What store_run would write, by employee; nothing is written.
+// What store_people would write, by employee; nothing is written.
 struct DocumentDifference {
-  std::vector<std::int32_t> missing;  // in the run, at fault or not, without a stored document
+  std::vector<std::int32_t> missing;  // of the calculated, at fault or not, without a stored document
   std::vector<std::int32_t> changed;  // whose stored document is another
 };
-DocumentDifference compare_with_stored(Database& database, const Month& month, const CalculatedRun& run);
+DocumentDifference compare_with_stored(Database& database, const Month& month, const CalculatedPeople& calculated);
 
 // Whose documents remove_ended would remove, by employee.
 std::vector<NamedPerson> people_who_ended(Database& database, const Month& month,

@@ -19,7 +19,7 @@ struct World {
   DocumentCalculation calculation;
 };
 
-World read_world(Application& application, const Month& month, const MonthRunOptions& options) {
+World read_world(Application& application, const Month& month, const MonthOptions& options) {
   Company& company = application.company();
   company.refresh();  // mends a dropped connection, which cannot be done inside a snapshot
   const Snapshot snapshot(company.database());
@@ -29,9 +29,9 @@ World read_world(Application& application, const Month& month, const MonthRunOpt
   return {std::move(inputs), std::move(calculation)};
 }
 
-void calculate_person(World& world, const PersonInput& person, CalculatedRun& part, MonthTaker& taker) {
+void calculate_person(World& world, const PersonInput& person, CalculatedPeople& part, MonthTaker& taker) {
   try {
-    CalculatedMonth month = world.calculation.calculate(person);
+    PersonMonth month = world.calculation.calculate(person);
     taker.take(person, month);
     part.documents.push_back(std::move(month.document));
   } catch (const Error& error) {
@@ -39,12 +39,12 @@ void calculate_person(World& world, const PersonInput& person, CalculatedRun& pa
   }
 }
 
-Ending attempt(World world, const MonthRunOptions& options, MonthTaker& taker) {
+Ending attempt(World world, const MonthOptions& options, MonthTaker& taker) {
   const std::vector<PersonInput>& people = world.inputs.people;
   taker.begin(world.inputs);
   for (std::size_t next = 0; next < people.size();) {
     const std::size_t first = next, last = std::min(first + kPeopleOfPart, people.size());
-    CalculatedRun part{.documents = {}, .faults = {}, .settings = world.calculation.settings()};
+    CalculatedPeople part{.documents = {}, .faults = {}, .settings = world.calculation.settings()};
     bool cancelled = false;
     for (; next < last; ++next) {
       cancelled = options.cancelled && options.cancelled();
@@ -63,7 +63,7 @@ Ending attempt(World world, const MonthRunOptions& options, MonthTaker& taker) {
 
 }  // namespace
 
-bool calculate_people(Application& application, const Month& month, const MonthRunOptions& options, MonthTaker& taker) {
+bool calculate_people(Application& application, const Month& month, const MonthOptions& options, MonthTaker& taker) {
   const RightsGuard::ForProgram calculating(application.guard());
   for (int i = 0; i < kAttempts; ++i) {
     const Ending ending = attempt(read_world(application, month, options), options, taker);

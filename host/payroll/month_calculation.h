@@ -15,7 +15,7 @@
 
 namespace quor {
 
-struct MonthRunOptions {
+struct MonthOptions {
   std::optional<std::int32_t> department = {};                             // with its sub-departments; none: everybody
   std::function<void(std::int32_t done, std::int32_t all)> progress = {};  // begins anew with the calculation
   std::function<bool()> cancelled = {};                                    // asked before each person
@@ -28,9 +28,9 @@ class MonthTaker {
   // The calculation begins, or begins anew: what was taken is out of date.
   virtual void begin(const MonthInputs& inputs) = 0;
   // One person, calculated without a fault.
-  virtual void take(const PersonInput& /*person*/, const CalculatedMonth& /*month*/) {}
+  virtual void take(const PersonInput& /*person*/, const PersonMonth& /*month*/) {}
   // The people since the last part.
-  [[nodiscard]] virtual bool take_part(const CalculatedRun& part) = 0;
+  [[nodiscard]] virtual bool take_part(const CalculatedPeople& part) = 0;
   // Everybody is taken; not called after a cancellation.
   [[nodiscard]] virtual bool take_end() = 0;
 };
@@ -38,6 +38,6 @@ class MonthTaker {
 // Answers false when it was cancelled: the people until then are taken. Throws StoreError, also when the inputs were
 // changed during each of three attempts (kChangedElsewhere); PluginError; quor::Error for an unknown department; and
 // whatever the taker throws. Asks for no right: what the month is made of is read for the program.
-bool calculate_people(Application& application, const Month& month, const MonthRunOptions& options, MonthTaker& taker);
+bool calculate_people(Application& application, const Month& month, const MonthOptions& options, MonthTaker& taker);
 
 }  // namespace quor

@@ -23,7 +23,7 @@ class Comparing : public MonthTaker {
                .faults = {}};
   }
 
-  bool take_part(const CalculatedRun& part) override {
+  bool take_part(const CalculatedPeople& part) override {
     const Snapshot snapshot(database_);
     if (database_.pay_inputs_count() != result_.inputs) return false;
     const DocumentDifference found = compare_with_stored(database_, month_, part);
@@ -71,7 +71,7 @@ class Comparing : public MonthTaker {
 
 }  // namespace
 
-MonthComparison compare_month(Application& application, const Month& month, const MonthRunOptions& options) {
+MonthComparison compare_month(Application& application, const Month& month, const MonthOptions& options) {
   Comparing comparing(application, month, options.department);
   const bool whole = calculate_people(application, month, options, comparing);
   return comparing.result(!whole);

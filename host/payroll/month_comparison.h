@@ -17,13 +17,9 @@ struct MonthComparison {
   std::vector<NamedPerson> changed;  // whose stored document a calculation would write anew
   std::vector<NamedPerson> ended;    // in force no more, whose stored document a calculation would remove
   std::vector<PersonFault> faults;   // who cannot be calculated, whatever document is stored
-
-  bool is_up_to_date() const {
-    return !cancelled && missing.empty() && changed.empty() && ended.empty() && faults.empty();
-  }
 };
 
 // Writes nothing, and asks not whether the month is closed. Throws as calculate_people does.
-MonthComparison compare_month(Application& application, const Month& month, const MonthRunOptions& options = {});
+MonthComparison compare_month(Application& application, const Month& month, const MonthOptions& options = {});
 
 }  // namespace quor

@@ -5,8 +5,9 @@
 #include <set>
 #include <utility>
 
+#include "host/payroll/closed_month_guard.h"
+#include "host/payroll/last_calculation.h"
 #include "host/payroll/month_comparison.h"
-#include "host/payroll/whole_run.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
 
@@ -21,7 +22,7 @@ struct Remembered {
 };
 using States = std::map<Date, Remembered>;  // by the month's first day
 
-// The faults of the last run.
+// The faults of the last calculation.
 std::vector<StateFault> stored_faults(Database& database, const Month& month) {
   const auto rows = database.read(
       "SELECT e.id, e.name, f.reason, (SELECT COUNT(*) FROM documents d WHERE d.month = f.month AND"
@@ -57,7 +58,7 @@ void compare(Application& application, MonthState& state) {
   for (const NamedPerson& person : found.missing) missing.insert(person.employee);
   state.changed = static_cast<std::int32_t>(found.changed.size() + found.ended.size());
   for (const PersonFault& fault : found.faults) state.faults.push_back({fault, missing.erase(fault.employee) == 0});
-  const bool as_a_whole = whole_run(application.company().database(), state.month) != WholeRun::kNone;
+  const bool as_a_whole = last_calculation(application.company().database(), state.month) != LastCalculation::kNone;
   (as_a_whole ? state.changed : state.uncalculated) += static_cast<std::int32_t>(missing.size());
 }
 
@@ -92,7 +93,7 @@ MonthState month_state(Application& application, const Month& month) {
     return state;
   }
   if (!state.calculated) return state;
-  if (whole_run(database, month) == WholeRun::kOfToday) {
+  if (last_calculation(database, month) == LastCalculation::kOfToday) {
     state.faults = stored_faults(database, month);
     return state;
   }

@@ -14,7 +14,7 @@ namespace quor {
 
 struct StateFault {
   PersonFault fault;
-  bool earlier_pay;  // a document of an earlier run is shown for the person
+  bool earlier_pay;  // a document of an earlier calculation is shown for the person
 };
 
 struct MonthState {

@@ -13,9 +13,8 @@ namespace quor {
 struct SystemSettings {
   char decimal_sign;
   char digit_group;
-  std::string_view short_date;
 };
-inline constexpr SystemSettings kSystem{',', ' ', "yyyy.MM.dd"};
+inline constexpr SystemSettings kSystem{',', ' '};
 
 // The shortest general form: at most 15 significant digits, plain from 1E-15 to 1E15, else "1,5E+15".
 // The form that the system calls "as text" and "plain number text". Throws Overflow when x is not finite.

@@ -63,7 +63,7 @@ TEST_P(MonthProgramTest, KilledAtAnyMomentItLeavesEachDocumentWholeOrAbsent) {
   given_company(1300);
   const auto start = Clock::now();
   EXPECT_EQ(quor({"month", "2008-01"}).status, 0);
-  const auto whole_run = Clock::now() - start;
+  const auto last_calculation = Clock::now() - start;
   const auto expected = documents();
   ASSERT_GT(expected.size(), 1000U) << "more than one transaction";
 
@@ -71,7 +71,7 @@ TEST_P(MonthProgramTest, KilledAtAnyMomentItLeavesEachDocumentWholeOrAbsent) {
   for (int moment = 1; moment <= 7; ++moment) {
     remove_documents();
     const auto run = start_month();
-    std::this_thread::sleep_for(whole_run * moment / 8);
+    std::this_thread::sleep_for(last_calculation * moment / 8);
     killed += run->stop(SIGKILL) ? 1 : 0;
     const auto found = documents();
     EXPECT_TRUE(std::includes(expected.begin(), expected.end(), found.begin(), found.end(),

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -32,10 +33,18 @@ class TestApplication : public Application {
   void refuse(const std::string& request, const std::string& text) { answers[request] = {5, text, {}}; }
   // What the next question is answered with; several are used up in order, then questions are not agreed to.
   void answer(BoxAnswer answer) { next_answers_.push_back(answer); }
+  // Acts as the user on every modal form while it is loaded.
+  void on_modal(std::function<void(Form&)> user) { modal_user_ = std::move(user); }
   // Each box shown so far as "icon, buttons, title: text".
   std::vector<std::string> boxes() const;
 
+ protected:
+  void act_on(Form& form) override {
+    if (modal_user_) modal_user_(form);
+  }
+
  private:
+  std::function<void(Form&)> modal_user_;
   std::deque<BoxAnswer> next_answers_;
 };
 

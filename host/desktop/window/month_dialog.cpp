@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 
 namespace quor {
 
@@ -18,14 +18,14 @@ namespace {
 
 constexpr int kPause = 50;  // ms between two looks at what the user does
 
-QString summary(const MonthRun& run) {
+QString summary(const CalculatedMonth& calculated) {
   return QString("%1Apskaičiuota žmonių: %2 iš %3; pakeista dokumentų: %4; viršija ribą: %5; klaidų: %6.")
-      .arg(run.cancelled ? "Nutraukta. " : "")
-      .arg(run.done)
-      .arg(run.all)
-      .arg(run.changed)
-      .arg(run.over_limit)
-      .arg(run.faults.size());
+      .arg(calculated.cancelled ? "Nutraukta. " : "")
+      .arg(calculated.done)
+      .arg(calculated.all)
+      .arg(calculated.changed)
+      .arg(calculated.over_limit)
+      .arg(calculated.faults.size());
 }
 
 void show_faults(QTreeWidget& list, const std::vector<PersonFault>& faults) {
@@ -95,7 +95,7 @@ void MonthDialog::calculate() {
   try {
     QElapsedTimer since;
     since.start();
-    const MonthRun run =
+    const CalculatedMonth calculated =
         calculate_month(application_, month,
                         {.department = {},
                          .progress = [this](std::int32_t done, std::int32_t all) { show_progress(done, all); },
@@ -108,8 +108,8 @@ void MonthDialog::calculate() {
                                return cancelled_;
                              }});
     set_running(false);
-    state_->setText(summary(run));
-    show_faults(*faults_, run.faults);
+    state_->setText(summary(calculated));
+    show_faults(*faults_, calculated.faults);
   } catch (...) {
     set_running(false);
     state_->setText("Neapskaičiuota.");

@@ -56,7 +56,9 @@ struct StoredTable {
   using Names = std::vector<std::string_view>;
 
   std::string_view name;
-  std::string_view caption;  // "Darbo laikas"
+  std::string_view caption;       // "Darbo laikas"
+  const char* about = nullptr;    // the object type whose rights decide about its rows; null: the administrator's
+  bool result_of_months = false;  // what months have calculated or closed: an administrator's to import
   std::vector<StoredColumn> columns;
   Names key;                        // tells one row from another
   std::vector<Names> uniques = {};  // no two rows have the same values here either

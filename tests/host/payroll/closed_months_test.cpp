@@ -5,7 +5,7 @@
 
 #include "host/company/closed_reach.h"
 #include "host/objects/standard_object_uio.h"
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 #include "host/payroll/month_state.h"
 #include "host/store/object_codes.h"
 #include "tests/support/outcome.h"
@@ -39,7 +39,7 @@ class ClosedMonths : public testing::TestWithParam<Backend> {
     company_.database().execute(sql);
     transaction.commit();
   }
-  MonthRun calculate(const MonthRunOptions& options = {}) {
+  CalculatedMonth calculate(const MonthOptions& options = {}) {
     return calculate_month(company_.application(), month_, options);
   }
   std::string closing(const std::optional<std::string>& despite = {}) {

@@ -4,7 +4,7 @@
 #include <map>
 #include <optional>
 
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 #include "tests/support/test_company.h"
 #include "tests/support/text_table.h"
 
@@ -133,10 +133,10 @@ class MonthTable : public testing::TestWithParam<Backend> {
     return person;
   }
 
-  MonthRun calculate() { return calculate_month(company_.application(), Month::parse("2008-01"), {}); }
+  CalculatedMonth calculate() { return calculate_month(company_.application(), Month::parse("2008-01"), {}); }
 
   // As `expected` of a case; "" for who is not in the month.
-  std::string month_of(const MonthRun& run, const char* name, std::int32_t person) {
+  std::string month_of(const CalculatedMonth& run, const char* name, std::int32_t person) {
     for (const PersonFault& fault : run.faults) {
       if (fault.employee == person) return fault.reason;
     }
@@ -173,7 +173,7 @@ class MonthTable : public testing::TestWithParam<Backend> {
 TEST_P(MonthTable, PaysByPostTimeAndCharges) {
   std::vector<std::int32_t> people;
   for (const Case& c : kCases) people.push_back(given(c));
-  const MonthRun run = calculate();
+  const CalculatedMonth run = calculate();
   std::int32_t documents = 0;
   for (std::size_t i = 0; i < std::size(kCases); ++i) {
     EXPECT_EQ(month_of(run, kCases[i].name, people[i]), kCases[i].expected) << kCases[i].name;
@@ -233,7 +233,7 @@ TEST_P(MonthTable, AnImpossibleValueIsTheFaultOfWhoseItIs) {
     std::string stored = c[0];
     if (const auto at = stored.find("OF BENAS"); at != stored.npos) stored.replace(at, 8, "WHERE employee_id = 2");
     change("UPDATE " + stored);
-    const MonthRun run = calculate();
+    const CalculatedMonth run = calculate();
     const bool everybodys = c[1] == "everybody";
     EXPECT_EQ(run.faults.size(), c[2].empty() ? 0U : everybodys ? 3U : 1U);
     for (const PersonFault& fault : run.faults) {
@@ -258,7 +258,7 @@ TEST_P(MonthTable, AFailingRequestIsThePersonsReason) {
   for (const char* request : {"SalaryConstants", "SalaryExtraRow", "OfficeEmployeeCategory", "OfficeEmployeeSettings",
                               "OfficeEmployeeExperience"}) {
     company_.application().refuse(std::string("Get") + request, "nepavyko\r\nperskaityti");
-    const MonthRun run = calculate();
+    const CalculatedMonth run = calculate();
     ASSERT_EQ(run.faults.size(), 1U) << request;
     EXPECT_EQ(run.faults[0].reason, "nepavyko perskaityti") << request;
     EXPECT_EQ(count(company_.database(), "month_faults"), 1) << "kept, although no document has changed";

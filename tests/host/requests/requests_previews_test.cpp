@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/month_salary.h"
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 #include "host/requests/position_salary.h"
 #include "host/sample/sample_company.h"
 #include "tests/support/test_company.h"
@@ -111,7 +111,7 @@ TEST_P(PreviewRequests, CategoriesComeInTheAlphabetEachWithItsFactorsByDate) {
 TEST_P(PreviewRequests, AskTheSameStatementsForAnyNumberOfPeopleAndAgreeWithTheMonth) {
   make_sample_company(company_.database(), {.employees = 60, .progress = {}});
   company_.application().load_plugin(VELMORA_PLUGIN);
-  const MonthRun run = calculate_month(company_.application(), Month::parse("2008-01"), {});
+  const CalculatedMonth run = calculate_month(company_.application(), Month::parse("2008-01"), {});
   ASSERT_EQ(run.faults.size(), 0U);
 
   company_.company().refresh();

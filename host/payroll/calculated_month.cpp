@@ -1,11 +1,11 @@
-#include "host/payroll/month_run.h"
+#include "host/payroll/calculated_month.h"
 
 #include <algorithm>
 #include <unordered_map>
 
 #include "frame/contract/over_limit.h"
 #include "host/payroll/closed_month_guard.h"
-#include "host/payroll/whole_run.h"
+#include "host/payroll/last_calculation.h"
 #include "host/store/object_codes.h"
 #include "platform/data/column.h"
 #include "platform/data/number_text.h"
@@ -34,7 +34,7 @@ class Lines {
  public:
   Lines() : columns_(kRowFields.begin(), kRowFields.end()) {}
 
-  void add(const PersonInput& person, const CalculatedMonth& month) {
+  void add(const PersonInput& person, const PersonMonth& month) {
     lines_of_[person.employee] = {columns_.front().size(), month.positions.size()};
     const MonthDocument& document = month.document;
     const double supplements = document.sum_of(SumType::kSupplement);
@@ -97,9 +97,9 @@ class Storing : public MonthTaker {
         .all = static_cast<std::int32_t>(inputs.people.size()), .inputs = inputs.count, .faults = {}, .rows = nullptr};
     lines_ = Lines();
   }
-  void take(const PersonInput& person, const CalculatedMonth& month) override { lines_.add(person, month); }
-  bool take_part(const CalculatedRun& part) override {
-    if (!note(store_run(database_, month_, part, result_.inputs))) return false;
+  void take(const PersonInput& person, const PersonMonth& month) override { lines_.add(person, month); }
+  bool take_part(const CalculatedPeople& part) override {
+    if (!note(store_people(database_, month_, part, result_.inputs))) return false;
     result_.done += static_cast<std::int32_t>(part.documents.size() + part.faults.size());
     result_.faults.insert(result_.faults.end(), part.faults.begin(), part.faults.end());
     result_.over_limit += static_cast<std::int32_t>(
@@ -109,10 +109,10 @@ class Storing : public MonthTaker {
   }
   bool take_end() override {
     if (!note(remove_ended(database_, month_, department_, result_.inputs))) return false;
-    return department_ || note_whole_run(database_, month_, result_.inputs);
+    return department_ || note_last_calculation(database_, month_, result_.inputs);
   }
 
-  MonthRun result(bool cancelled) {
+  CalculatedMonth result(bool cancelled) {
     std::sort(changed_.begin(), changed_.end());
     changed_.erase(std::unique(changed_.begin(), changed_.end()), changed_.end());
     result_.changed = static_cast<std::int32_t>(changed_.size());
@@ -133,20 +133,20 @@ class Storing : public MonthTaker {
   const std::optional<std::int32_t> department_;
   std::shared_ptr<Recordset> alphabet_;
   ChangedDocuments changed_;
-  MonthRun result_;
+  CalculatedMonth result_;
   Lines lines_;
 };
 
 }  // namespace
 
-MonthRun calculate_month(Application& application, const Month& month, const MonthRunOptions& options) {
+CalculatedMonth calculate_month(Application& application, const Month& month, const MonthOptions& options) {
   application.guard().require_right(UserRight::kWrite, kSalaryExtensionType, "skaičiuoti darbo užmokesčio");
   const bool may_see = application.HasRight(UserRight::kView, kSalaryExtensionType, 0);
   Storing storing(application, month, options.department);
   const bool whole = calculate_people(application, month, options, storing);
-  MonthRun run = storing.result(!whole);
-  if (!may_see) run.rows = Recordset::from_columns({kRowFields.begin(), kRowFields.end()});
-  return run;
+  CalculatedMonth result = storing.result(!whole);
+  if (!may_see) result.rows = Recordset::from_columns({kRowFields.begin(), kRowFields.end()});
+  return result;
 }
 
 }  // namespace quor

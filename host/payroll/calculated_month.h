@@ -10,7 +10,7 @@
 
 namespace quor {
 
-struct MonthRun {
+struct CalculatedMonth {
   std::int32_t all = 0;         // people in force
   std::int32_t done = 0;        // calculated or found at fault, and stored
   std::int32_t changed = 0;     // people whose documents were written or removed
@@ -28,6 +28,6 @@ struct MonthRun {
 // not view it, too, gets no rows. Throws StoreError, also when what pay follows from is changed again and again
 // meanwhile; PluginError; and quor::Error when the right is missing, the month is closed or the department is unknown.
 // Whatever stops it, each person's document is either whole, of one state of the inputs, or as it was.
-MonthRun calculate_month(Application& application, const Month& month, const MonthRunOptions& options);
+CalculatedMonth calculate_month(Application& application, const Month& month, const MonthOptions& options);
 
 }  // namespace quor

@@ -19,19 +19,20 @@ struct MonthStamp {
 MonthStamp month_stamp(Database& database, const Month& month);
 
 // The last calculation of everybody.
-enum class WholeRun {
+enum class LastCalculation {
   kNone,     // not yet, or by a program that did not remember it
   kEarlier,  // something that pay follows from has changed since
   kOfToday,
 };
 
-WholeRun whole_run(Database& database, const Month& month);
+LastCalculation last_calculation(Database& database, const Month& month);
 
 // Remembers that everybody's documents are of the count `inputs` (see Database::pay_inputs_count), unless that is past.
 // Writes nothing when it is known. Answers false when it is past. Throws StoreError.
-[[nodiscard]] bool note_whole_run(Database& database, const Month& month, std::int64_t inputs);
+[[nodiscard]] bool note_last_calculation(Database& database, const Month& month, std::int64_t inputs);
 
-// Whether anybody was calculated, if only in a department, or by a program that remembered no runs. Throws StoreError.
+// Whether anybody was calculated, if only in a department, or by a program that remembered no calculations. Throws
+// StoreError.
 bool was_calculated(Database& database, const Month& month);
 
 }  // namespace quor

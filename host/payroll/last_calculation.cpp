@@ -1,4 +1,4 @@
-#include "host/payroll/whole_run.h"
+#include "host/payroll/last_calculation.h"
 
 namespace quor {
 
@@ -8,17 +8,17 @@ MonthStamp month_stamp(Database& database, const Month& month) {
   return {database.pay_inputs_count(), row->int32({0}), row->int32({1})};
 }
 
-WholeRun whole_run(Database& database, const Month& month) {
-  const auto run = database.read(
+LastCalculation last_calculation(Database& database, const Month& month) {
+  const auto last = database.read(
       "SELECT CASE WHEN r.pay_inputs = c.value THEN 1 ELSE 0 END FROM month_runs r JOIN counters c"
       " ON c.name = 'pay_inputs' WHERE r.month = :p0",
       {{"OfToday", FieldType::kInt32}}, {month.first_day()});
-  if (run->RecordCount() == 0) return WholeRun::kNone;
-  return run->int32({0}) != 0 ? WholeRun::kOfToday : WholeRun::kEarlier;
+  if (last->RecordCount() == 0) return LastCalculation::kNone;
+  return last->int32({0}) != 0 ? LastCalculation::kOfToday : LastCalculation::kEarlier;
 }
 
-bool note_whole_run(Database& database, const Month& month, std::int64_t inputs) {
-  if (whole_run(database, month) == WholeRun::kOfToday) return true;
+bool note_last_calculation(Database& database, const Month& month, std::int64_t inputs) {
+  if (last_calculation(database, month) == LastCalculation::kOfToday) return true;
   Transaction transaction(database, Writes::kOther);
   if (database.pay_inputs_count() != inputs) return false;
   database.execute(
@@ -30,7 +30,7 @@ bool note_whole_run(Database& database, const Month& month, std::int64_t inputs)
 }
 
 bool was_calculated(Database& database, const Month& month) {
-  if (whole_run(database, month) != WholeRun::kNone) return true;
+  if (last_calculation(database, month) != LastCalculation::kNone) return true;
   for (const char* table : {"documents", "month_faults"}) {
     const auto any = database.read(std::string("SELECT month FROM ") + table + " WHERE month = :p0 LIMIT 1",
                                    {{"Month", FieldType::kDate}}, {month.first_day()});
