@@ -24,7 +24,7 @@ class ObjectUI : public quor::QuorObjectUI, public std::enable_shared_from_this<
   quor::ClickResult ClickMenu(const std::string& object, const std::string& entry, const std::string& context,
                               const std::string& user) override;
 
-  // Always dragged, never dropped on.
+  // An object may always be dragged; nothing may be dropped on one.
   bool DragOK(const std::string& object, const std::string& context, const std::string& target) override;
   bool DropOK(const std::string& target) override;
 

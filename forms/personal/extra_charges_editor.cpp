@@ -136,7 +136,7 @@ std::string frmOfficeEmployeeExtraCharges::salary_code_text(std::int32_t id) {
          catalogue::null_to_text(salary_codes_->field("Name"));
 }
 
-// Every tied charge has the person's own: one question answers all of them.
+// All charges tied to the service have the percentage of the person's service: the engine is asked once.
 double frmOfficeEmployeeExtraCharges::service_percentage() {
   if (service_percentage_) return *service_percentage_;
   service_percentage_ = 0;

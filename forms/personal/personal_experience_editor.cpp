@@ -152,7 +152,7 @@ void frmOfficeEmployeePersonalExperience::take_back(const Inputs& inputs) {
   put_back(txtMonthes, inputs.months);
 }
 
-// What cannot be saved is a calculator: its one button closes it.
+// When nothing can be saved the form only calculates, and its one button closes it.
 void frmOfficeEmployeePersonalExperience::set_button_states() {
   const bool can_save = rsExperience && employee_is_known_;
   frameMain.set_caption(can_save ? "Įrašomas tarnybos stažas" : "Turimas tarnybos stažas");

@@ -17,7 +17,7 @@ constexpr char kChooserMode[] = "T";
 constexpr char kBlank[] = " ";
 constexpr double kFirstMargin = 1.2;
 constexpr double kSecondMargin = 1.0;
-// A screen is read from farther away than paper.
+// Screen columns are wider than the paper's by this factor: a screen is read from farther away.
 constexpr double kPixelsOfCentimetre = 57;
 
 std::vector<quor::ListColumn> list_columns(std::span<const PreviewColumn> columns) {

@@ -82,7 +82,7 @@ class PreviewForm : public quor::Form {
   // The selected row's tag when it carries an employee, else "".
   std::string selected_employee() const;
   void place_on_desk_top();
-  // Of the list, which does not nest them.
+  // Runs a command of the list, never one inside another.
   CommandGate& commands() { return commands_; }
 
   quor::QuorApplication& application() { return application_; }

@@ -110,7 +110,7 @@ void frmOfficeEmployeeSettings::edit_band(const std::string& guid) {
   mark_modified();
 }
 
-// The method is not one of the settings' own: unless their data object comes to know it, the band stays.
+// The settings' data object does not have this method today; without it the band stays.
 void frmOfficeEmployeeSettings::delete_band(const std::string& guid) {
   if (application_.MessageBox("Ar tikrai norite panaikinti?", quor::BoxIcon::kQuestion, quor::BoxButtons::kYesNo,
                               title_) != quor::BoxAnswer::kYes) {
@@ -194,7 +194,7 @@ void frmOfficeEmployeeSettings::fill_time_codes(const std::string& checked) {
   const auto codes = named_rows("Indications", "");
   if (!catalogue::filter_test(codes, "IndicationCode = 'WorkTime'")) return;
   const std::size_t name_column = lvwTimeCodes.column("CodeName");
-  // Between commas on both sides 7 is not found in 37.
+  // Codes are looked for with a comma on both sides, so that 7 is not found in 37.
   const std::string wrapped = "," + checked + ",";
   for (; !codes->Eof(); codes->MoveNext()) {
     const std::string id = std::to_string(codes->field("CodeID").to_int32());

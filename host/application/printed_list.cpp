@@ -21,7 +21,7 @@ ReportToFill::ReportToFill(std::string title, ShowReport show)
   data_->title = std::move(title);
 }
 
-// Whoever was shown the data keeps them as they were.
+// Data that were shown are not changed any more: filling on works on a copy.
 ReportData& ReportToFill::data() {
   if (data_.use_count() > 1) data_ = std::make_shared<ReportData>(*data_);
   return *data_;

@@ -115,7 +115,7 @@ class ExperienceStore {
 void store_experience(Company& company, const std::string& user, const Recordset& rows,
                       const std::vector<Month>& agreed) {
   ExperienceStore store(company, user, rows);
-  // The one who writes, writes alone: what is compared in here stays so until it is committed.
+  // Nobody else writes inside the transaction: what is compared here still holds when it is committed.
   Transaction transaction(company.database());
   ClosedReach reach(company.database(), kTable);
   rows.for_each_change([&](const RowChange& row) { store.store(row); });

@@ -6,7 +6,7 @@ namespace quor {
 
 namespace {
 
-// A system without it has the font that it likes best in its place.
+// Where the font is missing, the system puts another in its place.
 QFont font_of(double points, bool bold) {
   QFont font(QStringLiteral("DejaVu Sans"));
   font.setPointSizeF(points);

@@ -1,5 +1,5 @@
-// Database::insert: whole columns as INSERT statements of many rows each. One statement for many rows, since on a
-// server every statement is a journey there and back.
+// Database::insert: whole columns as INSERT statements of many rows each. One statement for many rows, since a
+// server is asked over the network for each.
 #include <algorithm>
 #include <optional>
 
@@ -11,8 +11,8 @@
 namespace quor {
 namespace {
 
-// Bound values a statement. A server is a journey away for each; a file is not, and SQLite looks every name of a
-// statement up among all before it.
+// Bound values a statement: many for a server, which is asked over the network for each; fewer for a file, where
+// SQLite looks every name of a statement up among all before it.
 constexpr std::size_t kValuesPerStatement = 1000;
 constexpr std::size_t kValuesPerFileStatement = 200;
 

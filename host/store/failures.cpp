@@ -21,7 +21,7 @@ struct Meaning {
   StoreFault fault;
   const char* reason;
 };
-// The first that fits.
+// By the beginning of the SQLSTATE; the first entry that fits counts.
 constexpr Meaning kServerMeanings[] = {
     {"55P03", StoreFault::kLocked, ""},  // lock wait, deadlock, two that cannot be put in a row
     {"40P01", StoreFault::kLocked, ""},

@@ -46,7 +46,7 @@ void FormDialog::reject() {
   edge_.act(this, [this] { form_.close_box(); });
 }
 
-// The act that has asked for it ends first; the view goes with the dialog.
+// Closed once the act that asked for it has ended: closing takes the view along, in which the act still runs.
 void FormDialog::close_requested() {
   if (!may_close_()) return;
   view_->release();

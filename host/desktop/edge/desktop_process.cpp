@@ -9,7 +9,7 @@ namespace quor {
 
 namespace {
 
-// Qt's last word before it ends the process is that it found no display.
+// Qt ends the process when it finds no display; this is the message by which it says so.
 void say_no_display(QtMsgType type, const QMessageLogContext& /*where*/, const QString& /*text*/) {
   if (type != QtFatalMsg) return;
   QByteArray display = qgetenv("WAYLAND_DISPLAY");

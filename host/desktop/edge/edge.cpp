@@ -14,7 +14,7 @@ bool Edge::act(QWidget* where, const std::function<void()>& what) {
       try {
         prepare_();
       } catch (const std::exception&) {
-        // Typing goes on while the company is away; what reads or writes it will say so.
+        // A company that cannot be reached does not stop the act: what reads or writes it will say so.
       }
     }
     what();

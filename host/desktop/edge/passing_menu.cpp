@@ -14,7 +14,7 @@ QAction* PassingMenu::add_choice(const QString& caption, std::function<void()> c
   return action;
 }
 
-// Both are events of their own: first the menu goes, then the owner hears.
+// The menu closes first; the owner is told in an event of its own behind that.
 void PassingMenu::pass() {
   deleteLater();
   if (next_) QMetaObject::invokeMethod(parentWidget(), std::move(next_), Qt::QueuedConnection);
