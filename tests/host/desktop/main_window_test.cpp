@@ -279,21 +279,6 @@ TEST_F(MainWindowTest, ARightThatTheUserLacksIsRefused) {
   EXPECT_EQ(shown(), "");
 }
 
-TEST_F(MainWindowTest, ARecordThatIsGoneIsToldAndNothingOpens) {
-  company_.given_settings({.from = "2005.01.01"});
-  open();
-  window_->show_type("O0402300");
-  EXPECT_EQ(shown(), "2005.01.01");
-  company_.database().execute("DELETE FROM settings");
-  window_->list()->focus_list();
-  NextWindows boxes({[](QWidget& box) {
-    EXPECT_EQ(told(box), "Įrašas panaikintas kito vartotojo!");
-    press(Qt::Key_Return);
-  }});
-  press(Qt::Key_Return);
-  EXPECT_EQ(tabs(), "Valstybės tarnautojų nustatymai");
-}
-
 // The sample company, as a new user meets it.
 class SampleWindowTest : public MainWindowTest {
  protected:
