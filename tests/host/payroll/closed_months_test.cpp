@@ -6,6 +6,7 @@
 #include "host/company/closed_reach.h"
 #include "host/objects/standard_object_uio.h"
 #include "host/payroll/calculated_month.h"
+#include "host/payroll/month_comparison.h"
 #include "host/payroll/month_state.h"
 #include "host/store/object_codes.h"
 #include "tests/support/outcome.h"
@@ -108,6 +109,35 @@ TEST_P(ClosedMonths, ClosingIsRefusedWhenTheDocumentsAreNotThoseOfToday) {
   EXPECT_EQ(closing("atskaitomybė\nvėluoja"), "Priežastis turi būti viena eilutė, ne ilgesnė kaip 500 ženklų.");
   EXPECT_EQ(closing("vėluoja"), "no error");
   EXPECT_EQ(history(), "+testuotoja:vėluoja ");
+}
+
+// Before each statement of a closing another program tries to double the tariff or to halve it again.
+TEST_P(ClosedMonths, AWriteBetweenAnyTwoStatementsOfAClosingIsNoticed) {
+  calculate();
+  Company other(Database::open(company_.database().name()));
+  other.database().execute(other.database().on_server() ? "SET lock_timeout = 1" : "PRAGMA busy_timeout = 1");
+  int refused = 0;
+  bool reached = true;
+  for (std::uint64_t n = 1; reached; ++n) {
+    reached = false;
+    const auto before = company_.database().statements() + n;
+    company_.database().set_fault([&](std::uint64_t statement) {
+      if (statement != before) return;
+      reached = true;
+      refusal_of([&] {
+        Transaction transaction(other.database());
+        other.database().execute("UPDATE constant_values SET value = 390 - value WHERE constant_type_id = 1");
+        transaction.commit();
+      });
+    });
+    const bool closed = closing() == "no error";
+    company_.heal();
+    if (closed) reopen_month(company_.application(), month_, "dar kartą");
+    EXPECT_EQ(closed, compare_month(company_.application(), month_).changed.empty()) << n;
+    refused += closed ? 0 : 1;
+    calculate();
+  }
+  EXPECT_GT(refused, 3);
 }
 
 TEST_P(ClosedMonths, WhoClosedAndOpenedAMonthIsKept) {
