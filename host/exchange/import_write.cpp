@@ -5,6 +5,7 @@
 #include "host/exchange/stored_rows.h"
 #include "host/store/record_guard.h"
 #include "host/store/sort_key.h"
+#include "host/store/tables/statements.h"
 #include "host/store/tables/table_rows.h"
 
 namespace quor {
@@ -14,19 +15,19 @@ namespace {
 constexpr char kChanges[] = "imported_changes";
 constexpr std::size_t kOwnersPerStatement = 500;
 
-// The rows as the database holds them: the file's columns, the hidden ID, the sort key, and who changed it when.
-TableRows rows_of(const StoredTable& table, const std::vector<FileRow>& rows, const std::vector<Variant>& change) {
+// The rows as the database holds them: the file's columns, the hidden ID, the sort key, and the version.
+TableRows rows_of(const StoredTable& table, const std::vector<FileRow>& rows, const std::vector<ColumnValue>& version) {
   std::vector<std::string> names;
   for (const FieldInfo& field : stored_fields(table)) names.push_back(field.name);
   if (table.hidden_id) names.push_back("id");
   if (table.named) names.push_back("sort_key");
-  if (!change.empty()) names.insert(names.end(), {"row_version", "changed_by", "changed_at"});
+  for (const ColumnValue& each : version) names.push_back(each.column);
   TableRows stored(table.name, names);
   for (const FileRow& row : rows) {
     std::vector<Variant> cells = stored_cells(table, row.cells);
     if (table.hidden_id) cells.emplace_back(row.id);
     if (table.named) cells.emplace_back(lithuanian_sort_key(row.cells[table.column("name")].to_text()));
-    cells.insert(cells.end(), change.begin(), change.end());
+    for (const ColumnValue& each : version) cells.push_back(each.value);
     stored.append_row(cells);
   }
   return stored;
@@ -52,8 +53,7 @@ void add_rows(Database& database, const TablePlan& plan, const std::string& user
     std::int32_t id = database.reserve_ids(table.name, static_cast<std::int32_t>(rows.size()));
     for (FileRow& row : rows) row.id = id++;
   }
-  rows_of(table, rows, table.versioned ? std::vector<Variant>{1, user, change_time()} : std::vector<Variant>{})
-      .insert_into(database);
+  rows_of(table, rows, table.versioned ? first_version(user) : std::vector<ColumnValue>{}).insert_into(database);
   raise_next_id(database, plan);
 }
 
@@ -76,7 +76,7 @@ void change_rows(Database& database, const TablePlan& plan, const std::string& u
   }
   std::vector<Variant> values;
   if (table.versioned) {
-    assignments += ", row_version = " + name + ".row_version + 1, changed_by = :p0, changed_at = :p1";
+    assignments += ", " + next_version(name, ":p0", ":p1");
     values = {user, change_time()};
   }
   database.execute("CREATE TEMPORARY TABLE " + changes + " AS SELECT " + list + " FROM " + name + " WHERE 1 = 0");
@@ -101,9 +101,7 @@ void raise_owners(Database& database, const TablePlan& plan, const std::string& 
       ids += (ids.empty() ? ":p" : ", :p") + std::to_string(values.size());
       values.emplace_back(*owner);
     }
-    database.execute("UPDATE " + owners +
-                         " SET row_version = row_version + 1, changed_by = :p0, changed_at = :p1 WHERE id IN (" + ids +
-                         ")",
+    database.execute("UPDATE " + owners + " SET " + next_version(owners, ":p0", ":p1") + " WHERE id IN (" + ids + ")",
                      values);
   }
 }

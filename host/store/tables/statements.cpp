@@ -24,11 +24,20 @@ void append(std::string& list, const std::string& text) { list += (list.empty() 
 
 }  // namespace
 
+std::vector<ColumnValue> first_version(const std::string& user) {
+  return {{"row_version", 1}, {"changed_by", user}, {"changed_at", change_time()}};
+}
+
+std::string next_version(std::string_view table, const std::string& user, const std::string& time) {
+  return "row_version = " + std::string(table) + ".row_version + 1, changed_by = " + user + ", changed_at = " + time;
+}
+
 void insert_row(Database& database, std::string_view table, const std::vector<ColumnValue>& values,
                 const std::string& user) {
   std::vector<ColumnValue> all = values;
   if (stored_table(table).versioned) {
-    all.insert(all.end(), {{"row_version", 1}, {"changed_by", user}, {"changed_at", change_time()}});
+    const std::vector<ColumnValue> version = first_version(user);
+    all.insert(all.end(), version.begin(), version.end());
   }
   Bound bound;
   std::string columns, binds;
@@ -45,8 +54,8 @@ bool update_row(Database& database, std::string_view table, std::int32_t id, con
   std::string assignments;
   for (const ColumnValue& each : values) append(assignments, each.column + " = " + bound.add(each.value));
   if (stored_table(table).versioned) {
-    append(assignments, "row_version = row_version + 1, changed_by = " + bound.add(user) +
-                            ", changed_at = " + bound.add(change_time()));
+    const std::string who = bound.add(user), when = bound.add(change_time());
+    append(assignments, next_version(table, who, when));
   }
   std::string which = " WHERE id = " + bound.add(id);
   if (row_version) which += " AND row_version = " + bound.add(*row_version);

@@ -17,6 +17,11 @@ struct ColumnValue {
   Variant value;
 };
 
+// What a new row of a versioned table has beside its described columns.
+std::vector<ColumnValue> first_version(const std::string& user);
+// The assignments of an UPDATE that changes rows of a versioned table: `user` and `time` are its binds of who and when.
+std::string next_version(std::string_view table, const std::string& user, const std::string& time);
+
 // Each throws StoreError. `user` is who changes a row of a versioned table.
 void insert_row(Database& database, std::string_view table, const std::vector<ColumnValue>& values,
                 const std::string& user = "");
