@@ -58,6 +58,23 @@ std::vector<std::string> TestApplication::boxes() const {
   return texts;
 }
 
+void TestCompany::act_between_statements(const std::function<void()>& act, const std::function<void()>& work,
+                                         const std::function<void(std::uint64_t n)>& look) {
+  bool reached = true;
+  for (std::uint64_t n = 1; reached; ++n) {
+    reached = false;
+    const auto before = database().statements() + n;
+    database().set_fault([&](std::uint64_t statement) {
+      if (statement != before) return;
+      reached = true;
+      act();
+    });
+    work();
+    heal();
+    look(n);
+  }
+}
+
 std::int32_t TestCompany::insert(const std::string& table, const std::string& columns, std::vector<Variant> values) {
   const std::int32_t id = database().reserve_ids(table);
   std::string binds;

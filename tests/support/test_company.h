@@ -127,6 +127,9 @@ class TestCompany {
   // The record set of a request that works.
   std::shared_ptr<Recordset> rows(const std::string& name, const std::string& parameter = "None");
 
+  // Acts before each statement of `work` once, all of `work` done anew for each; `look` is told after every time.
+  void act_between_statements(const std::function<void()>& act, const std::function<void()>& work,
+                              const std::function<void(std::uint64_t n)>& look);
   // Every statement from the n-th from now fails with `text`.
   void fail_statements(std::uint64_t n = 1, const char* text = "ryšys nutrūko");
   void heal() { database().set_fault({}); }

@@ -284,6 +284,7 @@ TEST_P(CalculatedMonthTest, AWriteBetweenAnyTwoStatementsLeavesNoStaleDocument) 
   touch();
   Company other(Database::open(company_.database().name()));
   other.database().execute(other.database().on_server() ? "SET lock_timeout = 1" : "PRAGMA busy_timeout = 1");
+  const Month month = Month::parse("2008-01");
   int written = 0;
   const auto write = [&] {
     Transaction transaction(other.database());
@@ -294,20 +295,12 @@ TEST_P(CalculatedMonthTest, AWriteBetweenAnyTwoStatementsLeavesNoStaleDocument) 
     transaction.commit();
     ++written;
   };
-  bool reached = true;
-  for (std::uint64_t n = 1; reached; ++n) {
-    reached = false;
-    const auto before = company_.database().statements() + n;
-    company_.database().set_fault([&](std::uint64_t statement) {
-      if (statement != before) return;
-      reached = true;
-      refusal_of(write);
-    });
-    calculate();
-    company_.heal();
-    const MonthComparison found = compare_month(company_.application(), Month::parse("2008-01"));
-    EXPECT_EQ(found.missing.size() + found.changed.size() + found.ended.size() + found.faults.size(), 0U) << n;
-  }
+  company_.act_between_statements(
+      [&] { refusal_of(write); }, [&] { calculate(); },
+      [&](std::uint64_t n) {
+        const MonthComparison found = compare_month(company_.application(), month);
+        EXPECT_EQ(found.missing.size() + found.changed.size() + found.ended.size() + found.faults.size(), 0U) << n;
+      });
   EXPECT_GT(written, 3);
 }
 

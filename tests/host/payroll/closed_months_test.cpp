@@ -116,27 +116,21 @@ TEST_P(ClosedMonths, AWriteBetweenAnyTwoStatementsOfAClosingIsNoticed) {
   calculate();
   Company other(Database::open(company_.database().name()));
   other.database().execute(other.database().on_server() ? "SET lock_timeout = 1" : "PRAGMA busy_timeout = 1");
+  const auto write = [&] {
+    Transaction transaction(other.database());
+    other.database().execute("UPDATE constant_values SET value = 390 - value WHERE constant_type_id = 1");
+    transaction.commit();
+  };
   int refused = 0;
-  bool reached = true;
-  for (std::uint64_t n = 1; reached; ++n) {
-    reached = false;
-    const auto before = company_.database().statements() + n;
-    company_.database().set_fault([&](std::uint64_t statement) {
-      if (statement != before) return;
-      reached = true;
-      refusal_of([&] {
-        Transaction transaction(other.database());
-        other.database().execute("UPDATE constant_values SET value = 390 - value WHERE constant_type_id = 1");
-        transaction.commit();
-      });
-    });
-    const bool closed = closing() == "no error";
-    company_.heal();
-    if (closed) reopen_month(company_.application(), month_, "dar kartą");
-    EXPECT_EQ(closed, compare_month(company_.application(), month_).changed.empty()) << n;
-    refused += closed ? 0 : 1;
-    calculate();
-  }
+  bool closed = false;
+  company_.act_between_statements([&] { refusal_of(write); }, [&] { closed = closing() == "no error"; },
+                                  [&](std::uint64_t n) {
+                                    if (closed) reopen_month(company_.application(), month_, "dar kartą");
+                                    EXPECT_EQ(closed, compare_month(company_.application(), month_).changed.empty())
+                                        << n;
+                                    refused += closed ? 0 : 1;
+                                    calculate();
+                                  });
   EXPECT_GT(refused, 3);
 }
 
