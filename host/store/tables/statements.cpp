@@ -42,7 +42,7 @@ void insert_row(Database& database, std::string_view table, const std::vector<Co
   Bound bound;
   std::string columns, binds;
   for (const ColumnValue& each : all) {
-    append(columns, each.column);
+    append(columns, stored_field(table, each.column).name);
     append(binds, bound.add(each.value));
   }
   bound.execute(database, "INSERT INTO " + std::string(table) + " (" + columns + ") VALUES (" + binds + ")");
@@ -52,7 +52,9 @@ bool update_row(Database& database, std::string_view table, std::int32_t id, con
                 const std::string& user, std::optional<std::int32_t> row_version) {
   Bound bound;
   std::string assignments;
-  for (const ColumnValue& each : values) append(assignments, each.column + " = " + bound.add(each.value));
+  for (const ColumnValue& each : values) {
+    append(assignments, stored_field(table, each.column).name + " = " + bound.add(each.value));
+  }
   if (stored_table(table).versioned) {
     const std::string who = bound.add(user), when = bound.add(change_time());
     append(assignments, next_version(table, who, when));
@@ -63,7 +65,7 @@ bool update_row(Database& database, std::string_view table, std::int32_t id, con
 }
 
 void delete_row(Database& database, std::string_view table, std::int32_t id) {
-  database.execute("DELETE FROM " + std::string(table) + " WHERE id = :p0", {id});
+  database.execute("DELETE FROM " + std::string(stored_table(table).name) + " WHERE id = :p0", {id});
 }
 
 }  // namespace quor

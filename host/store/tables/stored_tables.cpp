@@ -74,4 +74,18 @@ std::vector<FieldInfo> stored_fields(const StoredTable& table) {
   return fields;
 }
 
+FieldInfo stored_field(std::string_view table, std::string_view column) {
+  static const std::vector<FieldInfo> own = {{"id", FieldType::kInt32},
+                                             {"sort_key", FieldType::kText},
+                                             {"row_version", FieldType::kInt32},
+                                             {"changed_by", FieldType::kText},
+                                             {"changed_at", FieldType::kText}};
+  for (const auto& fields : {stored_fields(stored_table(table)), own}) {
+    const auto found =
+        std::find_if(fields.begin(), fields.end(), [&](const FieldInfo& each) { return each.name == column; });
+    if (found != fields.end()) return *found;
+  }
+  throw std::logic_error("no such column: " + std::string(table) + "." + std::string(column));
+}
+
 }  // namespace quor

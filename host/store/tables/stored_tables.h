@@ -81,5 +81,7 @@ const StoredColumn& stored_column(std::string_view table, std::string_view colum
 
 // The database's columns behind the described ones, in order; a day or month is two of them.
 std::vector<FieldInfo> stored_fields(const StoredTable& table);
+// One of them, or one that the program keeps in tables for itself. Throws std::logic_error for any other.
+FieldInfo stored_field(std::string_view table, std::string_view column);
 
 }  // namespace quor

@@ -1,37 +1,16 @@
 #include "host/store/tables/table_rows.h"
 
-#include <algorithm>
-
 namespace quor {
-
-namespace {
-
-// What the program keeps in tables for itself.
-const std::vector<FieldInfo> kOwnColumns = {{"id", FieldType::kInt32},
-                                            {"sort_key", FieldType::kText},
-                                            {"row_version", FieldType::kInt32},
-                                            {"changed_by", FieldType::kText},
-                                            {"changed_at", FieldType::kText}};
-
-FieldInfo column_of(std::string_view table, const std::string& name) {
-  for (const auto& fields : {stored_fields(stored_table(table)), kOwnColumns}) {
-    const auto found = std::find_if(fields.begin(), fields.end(), [&](const auto& each) { return each.name == name; });
-    if (found != fields.end()) return *found;
-  }
-  throw std::logic_error("no such column: " + std::string(table) + "." + name);
-}
-
-}  // namespace
 
 TableRows::TableRows(std::string_view table) : table_(table) {
   const StoredTable& described = stored_table(table);
   for (const FieldInfo& field : stored_fields(described)) columns_.emplace_back(field);
-  if (described.named) columns_.emplace_back(column_of(table, "sort_key"));
-  if (described.versioned) columns_.emplace_back(column_of(table, "row_version"));
+  if (described.named) columns_.emplace_back(stored_field(table, "sort_key"));
+  if (described.versioned) columns_.emplace_back(stored_field(table, "row_version"));
 }
 
 TableRows::TableRows(std::string_view table, const std::vector<std::string>& columns) : table_(table) {
-  for (const std::string& name : columns) columns_.emplace_back(column_of(table, name));
+  for (const std::string& name : columns) columns_.emplace_back(stored_field(table, name));
 }
 
 void TableRows::require_cells(std::size_t count) const {

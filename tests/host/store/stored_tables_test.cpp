@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "host/store/tables/statements.h"
 #include "host/store/tables/table_rows.h"
 #include "tests/support/company_place.h"
 
@@ -101,6 +102,9 @@ TEST(StoredTables, NameNothingThatIsNotDescribed) {
   }
   EXPECT_THROW(stored_column("positions", "shares"), std::logic_error);
   EXPECT_THROW(TableRows("positions", {"id", "shares"}), std::logic_error);
+  const auto database = Database::open(":memory:");
+  EXPECT_THROW(insert_row(*database, "positions", {{"shares", 1.0}}), std::logic_error);
+  EXPECT_THROW(update_row(*database, "positions", 1, {{"shares", 1.0}}), std::logic_error);
   EXPECT_THROW(TableRows("departments").append_row(1, kNull), std::logic_error);
 }
 
