@@ -107,6 +107,7 @@ void ObjectList::set_up_view(Sorting sorting) {
   }
   header.setResizeContentsPrecision(kRowsMeasured);
   for (int i = 0; i < rows_->columnCount(); ++i) view_->resizeColumnToContents(i);
+  stand_on("");
 }
 
 void ObjectList::show_list(Recordset& list) {

@@ -102,6 +102,7 @@ TEST_F(MainWindowTest, TheExplorerShowsWhatIsRegistered) {
             "Darbuotojai ir padaliniai\n>Darbuotojai\n>Padaliniai\n>Darbo užmokesčio konstantos");
   window_->show_type(kEmployeeType);
   EXPECT_EQ(shown(), "Ona Onaitė");
+  EXPECT_EQ(window_->list()->current(), "O04001001") << "the first object";
   EXPECT_EQ(tabs(), "Darbuotojai");
 }
 
