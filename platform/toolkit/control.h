@@ -39,6 +39,7 @@ enum class ControlChange {
   kState,      // enabled, visible, read-only
   kContent,    // text, caption, value, rows, cells; a menu that opens or closes
   kSelection,  // caret and selected text, the selected row
+  kFocus,      // the form wants the cursor here
 };
 
 class Control {
@@ -54,6 +55,8 @@ class Control {
   void set_enabled(bool enabled);
   bool visible() const { return visible_; }
   void set_visible(bool visible);
+  // Puts the cursor here, where it can stand.
+  void focus() const { tell(ControlChange::kFocus); }
 
   // One observer, told after every change by either side; null takes it away.
   void observe(std::function<void(ControlChange)> observer) { observer_ = std::move(observer); }
@@ -80,6 +83,8 @@ class Control {
   std::function<void(ControlChange)> observer_;
 };
 
+class CheckBox;
+class ChoiceBox;
 class CommandButton;
 class DatePicker;
 class GroupFrame;
@@ -94,6 +99,8 @@ class TextBox;
 class ControlVisitor {
  public:
   virtual ~ControlVisitor() = default;
+  virtual void visit(CheckBox& box) = 0;
+  virtual void visit(ChoiceBox& box) = 0;
   virtual void visit(CommandButton& button) = 0;
   virtual void visit(DatePicker& picker) = 0;
   virtual void visit(GroupFrame& frame) = 0;

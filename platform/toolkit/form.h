@@ -63,6 +63,12 @@ class Form : public Object, public ControlSet {
   static LayoutNode field(std::string label, LayoutNode child) {
     return {LayoutNode::Kind::kField, nullptr, std::move(label), {std::move(child)}};
   }
+  static LayoutNode pages(std::vector<LayoutNode> children) {
+    return {LayoutNode::Kind::kPages, nullptr, {}, std::move(children)};
+  }
+  static LayoutNode page(std::string label, std::vector<LayoutNode> children) {
+    return {LayoutNode::Kind::kPage, nullptr, std::move(label), std::move(children)};
+  }
 
  private:
   const std::string caption_;

@@ -19,6 +19,8 @@ struct LayoutNode {
     kRow,      // side by side
     kGroup,    // a column inside the frame `control`
     kField,    // one child behind the text `label`
+    kPages,    // its children are pages, of which one is seen at a time
+    kPage,     // a column under the tab `label`
     kControl,  // the control itself
   };
 

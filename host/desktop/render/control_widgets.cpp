@@ -1,13 +1,16 @@
 #include "host/desktop/render/control_widgets.h"
 
+#include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 
 #include "host/desktop/edge/mnemonics.h"
+#include "host/desktop/render/choice_edit.h"
 #include "host/desktop/render/date_edit.h"
 #include "host/desktop/render/list_view_widget.h"
 #include "host/desktop/render/text_box_edit.h"
+#include "platform/toolkit/check_box.h"
 
 namespace quor {
 
@@ -28,10 +31,26 @@ class Maker : public ControlVisitor {
   ControlWidget made;
 
   void visit(TextBox& box) override { make<TextBoxEdit>(box, place_.acts, place_.parent); }
+  void visit(ChoiceBox& box) override { make<ChoiceEdit>(box, place_.acts, place_.parent); }
   void visit(DatePicker& picker) override { make<DateEdit>(picker, place_.acts, place_.parent); }
   void visit(ListView& list) override {
     const QString name = place_.form_name + "." + QString::fromStdString(list.name());
     make<ListViewWidget>(list, place_.acts, name, place_.parent);
+  }
+
+  void visit(CheckBox& box) override {
+    auto* const widget = new QCheckBox(place_.parent);
+    const auto show = [&box, widget](ControlChange) {
+      show_state(box, *widget);
+      widget->setText(without_mnemonic(caption_of(box)));
+      widget->setChecked(box.checked());
+    };
+    // The form may have changed it back.
+    QObject::connect(widget, &QCheckBox::clicked, widget, [&box, &acts = place_.acts, show] {
+      acts.act([&box] { box.toggle(); });
+      show(ControlChange::kContent);
+    });
+    made = {widget, show};
   }
 
   void visit(CommandButton& button) override {

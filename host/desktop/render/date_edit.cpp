@@ -5,6 +5,8 @@
 #include <QSignalBlocker>
 #include <QWheelEvent>
 
+#include "host/desktop/render/calendar.h"
+
 namespace quor {
 
 DateEdit::DateEdit(DatePicker& picker, FormActs& acts, QWidget* parent)
@@ -12,9 +14,7 @@ DateEdit::DateEdit(DatePicker& picker, FormActs& acts, QWidget* parent)
   setLocale(QLocale(QLocale::Lithuanian, QLocale::Lithuania));
   setDisplayFormat("yyyy.MM.dd");
   setCalendarPopup(true);
-  calendarWidget()->setLocale(locale());
-  calendarWidget()->setFirstDayOfWeek(Qt::Monday);
-  calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  set_up_calendar(*calendarWidget());
   setMinimumDate(QDate(100, 1, 1));
   setKeyboardTracking(false);  // a date counts when it is whole
   setContextMenuPolicy(Qt::NoContextMenu);

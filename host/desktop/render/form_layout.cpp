@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QTabWidget>
 #include <algorithm>
 
 #include "platform/toolkit/list_view.h"
@@ -19,8 +20,10 @@ bool holds(const LayoutNode& node) {
   return std::any_of(node.children.begin(), node.children.end(), holds<Wanted>);
 }
 
-bool takes_height(const LayoutNode& node) { return holds<ListView>(node); }
-bool takes_width(const LayoutNode& node) { return holds<ListView>(node) || holds<TextBox>(node); }
+bool takes_height(const LayoutNode& node) { return node.kind == Kind::kPages || holds<ListView>(node); }
+bool takes_width(const LayoutNode& node) {
+  return node.kind == Kind::kPages || holds<ListView>(node) || holds<TextBox>(node);
+}
 
 bool is_button(const LayoutNode& node) { return dynamic_cast<const CommandButton*>(node.control) != nullptr; }
 
@@ -66,6 +69,7 @@ QWidget* FormLayout::build(const LayoutNode& node, QWidget* parent) {
     fill_column(node.children, frame);
     return frame;
   }
+  if (node.kind == Kind::kPages) return build_pages(node, parent);
   auto* const place = new QWidget(parent);
   if (node.kind == Kind::kColumn) {
     fill_column(node.children, place);
@@ -76,6 +80,16 @@ QWidget* FormLayout::build(const LayoutNode& node, QWidget* parent) {
   }
   place->layout()->setContentsMargins(0, 0, 0, 0);
   return place;
+}
+
+QWidget* FormLayout::build_pages(const LayoutNode& node, QWidget* parent) {
+  auto* const pages = new QTabWidget(parent);
+  for (const LayoutNode& page : node.children) {
+    auto* const place = new QWidget(pages);
+    fill_column(page.children, place);
+    pages->addTab(place, QString::fromStdString(page.label));
+  }
+  return pages;
 }
 
 void FormLayout::fill_column(const std::vector<LayoutNode>& nodes, QWidget* place) {

@@ -30,6 +30,7 @@ class FormLayout {
 
  private:
   QWidget* build(const LayoutNode& node, QWidget* parent);
+  QWidget* build_pages(const LayoutNode& node, QWidget* parent);
   void fill_column(const std::vector<LayoutNode>& nodes, QWidget* place);
   void fill_row(const std::vector<LayoutNode>& nodes, QWidget* place);
   QLabel* make_label(const LayoutNode& field, QWidget* target, QWidget* parent);

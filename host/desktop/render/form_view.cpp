@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QShortcut>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -132,9 +133,23 @@ void FormView::focus_first() {
 }
 
 void FormView::show_change(Control& control, ControlChange change) {
+  if (change == ControlChange::kFocus) return show_focus(control);
   shows_[&control](change);
   if (change == ControlChange::kState) show_labels();
   if (change == ControlChange::kContent && dynamic_cast<CommandButton*>(&control) != nullptr) show_captions();
+}
+
+void FormView::show_focus(const Control& control) {
+  QWidget* const widget = widget_of(control);
+  if (widget == nullptr) return;
+  for (QWidget* inside = widget; inside != this && inside != nullptr; inside = inside->parentWidget()) {
+    auto* const pages = dynamic_cast<QTabWidget*>(inside);
+    if (pages == nullptr) continue;
+    for (int page = 0; page < pages->count(); ++page) {
+      if (pages->widget(page)->isAncestorOf(widget)) pages->setCurrentIndex(page);
+    }
+  }
+  widget->setFocus(Qt::OtherFocusReason);
 }
 
 void FormView::show_labels() {

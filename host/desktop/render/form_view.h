@@ -75,6 +75,7 @@ class FormView : public QWidget, private FormActs {
   void keep_tab_order();
 
   void show_change(Control& control, ControlChange change);
+  void show_focus(const Control& control);
   void show_labels();
   void show_captions();
 

@@ -97,6 +97,8 @@ void ListViewWidget::show_change(ControlChange change) {
     case ControlChange::kSelection:
       show_selection();
       break;
+    case ControlChange::kFocus:
+      break;  // the view's matter
   }
 }
 

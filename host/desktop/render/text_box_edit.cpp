@@ -1,12 +1,16 @@
 #include "host/desktop/render/text_box_edit.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 #include "host/desktop/edge/passing_menu.h"
+#include "host/desktop/render/calendar.h"
+#include "platform/data/date.h"
 
 namespace quor {
 
@@ -37,12 +41,33 @@ bool is_typed(const QKeyEvent& event) {
 
 TextBoxEdit::TextBoxEdit(TextBox& box, FormActs& acts, QWidget* parent) : QLineEdit(parent), box_(box), acts_(acts) {
   setAcceptDrops(false);
+  if (box.kind() == TextBox::Kind::kDate) offer_calendar();
   connect(this, &QLineEdit::selectionChanged, this, [this] { tell_selection(); });
   connect(this, &QLineEdit::cursorPositionChanged, this, [this] { tell_selection(); });
   // Whatever way of editing was forgotten here: the model's text stands.
   connect(this, &QLineEdit::textEdited, this, [this] { show_change(ControlChange::kContent); });
   show_change(ControlChange::kState);
   show_change(ControlChange::kContent);
+}
+
+// By mouse at the end of the box, by Alt and the arrow down as in every box that drops something down.
+void TextBoxEdit::offer_calendar() {
+  setPlaceholderText("metai.mėnuo.diena");
+  QAction* const open = addAction(style()->standardIcon(QStyle::SP_ArrowDown), TrailingPosition);
+  open->setShortcut(Qt::ALT | Qt::Key_Down);
+  open->setShortcutContext(Qt::WidgetShortcut);
+  open->setToolTip("Kalendorius (Alt+↓)");
+  connect(open, &QAction::triggered, this, [this] {
+    if (box_.read_only()) return;
+    const auto typed = try_parse_date(box_.text());
+    const QDate shown = typed ? QDate(typed->year(), typed->month(), typed->day()) : QDate::currentDate();
+    show_calendar(*this, shown, [this](QDate date) {
+      acts_.keystroke([&] {
+        box_.select(0, characters(text()));
+        box_.paste(date.toString("yyyy.MM.dd").toStdString());
+      });
+    });
+  });
 }
 
 void TextBoxEdit::show_change(ControlChange change) {
@@ -102,8 +127,10 @@ bool TextBoxEdit::type(const QKeyEvent& event) {
     paste_text(QGuiApplication::clipboard()->text());
   } else if (event.matches(QKeySequence::Cut)) {
     cut_selection();
-  } else if (event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo)) {
-    // The model keeps no history.
+  } else if (event.matches(QKeySequence::Undo)) {
+    undo_last();
+  } else if (event.matches(QKeySequence::Redo)) {
+    redo_last();
   } else if (event.matches(QKeySequence::DeleteStartOfWord)) {
     if (!hasSelectedText()) cursorWordBackward(true);
     if (hasSelectedText()) erase();
@@ -122,6 +149,14 @@ bool TextBoxEdit::type(const QKeyEvent& event) {
     return false;
   }
   return true;
+}
+
+void TextBoxEdit::undo_last() {
+  acts_.keystroke([this] { box_.undo(); });
+}
+
+void TextBoxEdit::redo_last() {
+  acts_.keystroke([this] { box_.redo(); });
 }
 
 void TextBoxEdit::cut_selection() {
@@ -167,6 +202,9 @@ void TextBoxEdit::contextMenuEvent(QContextMenuEvent* event) {
     action->setShortcut(key);
     action->setEnabled(enabled);
   };
+  add("&Atšaukti", QKeySequence::Undo, box_.can_undo(), [this] { undo_last(); });
+  add("&Grąžinti", QKeySequence::Redo, box_.can_redo(), [this] { redo_last(); });
+  menu->addSeparator();
   add("&Iškirpti", QKeySequence::Cut, hasSelectedText() && !isReadOnly(), [this] { cut_selection(); });
   add("&Kopijuoti", QKeySequence::Copy, hasSelectedText(), [this] { copy(); });
   add("Į&klijuoti", QKeySequence::Paste, !isReadOnly() && !QGuiApplication::clipboard()->text().isEmpty(),

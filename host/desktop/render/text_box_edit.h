@@ -30,6 +30,9 @@ class TextBoxEdit : public QLineEdit {
 
  private:
   bool type(const QKeyEvent& event);
+  void offer_calendar();
+  void undo_last();
+  void redo_last();
   void cut_selection();
   void paste_text(QString text);
   void erase();

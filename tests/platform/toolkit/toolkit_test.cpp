@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/data/error.h"
+#include "platform/toolkit/choice_box.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/form.h"
 #include "tests/support/acting.h"
@@ -71,6 +72,58 @@ TEST(Toolkit, TypingReplacesTheSelectionAndMovesTheCaret) {
     EXPECT_EQ(screen.box.selection_start(), c.caret);
     EXPECT_EQ(screen.heard, screen.box.text() == c.text ? "" : "change ");
   }
+}
+
+TEST(Toolkit, TypingIsTakenBackByActsAndDoneAgain) {
+  Screen screen;
+  TextBox& box = screen.box;
+  box.set_text("a");
+  box.select(1, 0);
+  for (const char32_t key : {U'b', U'c'}) box.type_key(key);
+  box.type_key(TextBox::kBackspace);
+  box.select(0, 1);
+  box.paste("xyz");
+  EXPECT_EQ(box.text(), "xyzb");
+  for (const char* before : {"ab", "abc", "a", "a"}) {
+    box.undo();
+    EXPECT_EQ(box.text(), before);
+  }
+  EXPECT_EQ(box.selection_start(), 1U);
+  for (const char* after : {"abc", "ab"}) {
+    box.redo();
+    EXPECT_EQ(box.text(), after);
+  }
+  box.type_key(U'!');
+  EXPECT_FALSE(box.can_redo());
+  box.set_read_only(true);
+  box.undo();
+  EXPECT_EQ(box.text(), "!b") << "what was selected then is selected again";
+  box.set_read_only(false);
+  box.set_text("new");
+  box.undo();
+  EXPECT_EQ(box.text(), "new") << "what the form shows is nothing that the user has done";
+}
+
+TEST(Toolkit, AChoiceStaysWhileItsTagIsThere) {
+  ControlSet set;
+  ChoiceBox box(set, "cbo");
+  int heard = 0;
+  box.on_change = [&] { ++heard; };
+  box.set_items({{"Pirmas", "1"}, {"Antras", "2"}});
+  EXPECT_EQ(box.selected_tag(), "");
+  box.choose(1);
+  box.choose(1);
+  box.choose(2);
+  EXPECT_EQ(heard, 1);
+  box.set_items({{"Kitas", "3"}, {"Dar kitas", "4"}, {"Antras", "2"}});
+  EXPECT_EQ(box.selected(), std::optional<std::size_t>(2));
+  EXPECT_FALSE(box.select_tag("9"));
+  EXPECT_EQ(box.selected_text(), "Antras");
+  box.set_items({{"Kitas", "3"}});
+  EXPECT_EQ(box.selected(), std::nullopt);
+  box.set_enabled(false);
+  box.choose(0);
+  EXPECT_EQ(heard, 1);
 }
 
 TEST(Toolkit, PastedTextGoesThroughTheKeyFilterCharacterByCharacter) {
