@@ -3,7 +3,6 @@
 #include <chrono>
 #include <ctime>
 
-#include "host/application/host_object_ui.h"
 #include "host/application/main_bo.h"
 #include "host/company/desk_top.h"
 #include "host/objects/employee_object.h"
@@ -120,10 +119,25 @@ std::shared_ptr<QuorObjectUI> Application::new_object_ui(const std::string& obje
   std::shared_ptr<QuorObjectUI> ui;
   if (registered)
     ui = std::dynamic_pointer_cast<QuorObjectUI>(create(type->second.class_id(kObjectUIClass, object_type)));
-  if (!ui) ui = std::make_shared<HostObjectUI>(*this);
+  if (!ui) ui = std::make_shared<HostObjectUI>(*this, acts_of(object_type));
   ui->BO(NewMainBO());
   ui->QuorS(std::make_shared<SharedServices>(*this));
   return ui;
+}
+
+// Who may not view the type's objects opens none.
+ObjectActs Application::acts_of(const std::string& object_type) {
+  const HostTypeActs* const known = host_type(object_type);
+  if (known == nullptr) return {};
+  ObjectActs acts{.new_caption = known->new_caption, .removable = known->removable};
+  if (known->open) {
+    acts.open = [this, known](const std::string& object) {
+      guard_.require_view(type_of_key(object));
+      return known->open(*this, object);
+    };
+  }
+  if (known->remove) acts.remove = [this, known](const std::string& key) { known->remove(*this, key); };
+  return acts;
 }
 
 std::shared_ptr<QuorMainBO> Application::NewMainBO() {
@@ -146,6 +160,13 @@ std::shared_ptr<ListReport> Application::NewListReport(const std::string& title,
     if (report_listener_) report_listener_(*shown_report_);
   });
 }
+
+const HostTypeActs* Application::host_type(const std::string& object_type) const {
+  const auto found = options_.host_types.find(object_type);
+  return found == options_.host_types.end() ? nullptr : &found->second;
+}
+
+std::unique_ptr<LongWork> Application::begin_work(const std::string& /*what*/) { return std::make_unique<LongWork>(); }
 
 std::string Application::type_caption(const std::string& object_type) const {
   const auto type = registrations_.types.find(object_type);

@@ -15,6 +15,9 @@
 #include "frame/contract/quor_header.h"
 #include "frame/contract/quor_header_security.h"
 #include "frame/contract/quor_object_ui.h"
+#include "host/application/host_object_ui.h"
+#include "host/application/host_type_acts.h"
+#include "host/application/long_work.h"
 #include "host/application/open_editors.h"
 #include "host/application/plugin_library.h"
 #include "host/application/printed_list.h"
@@ -37,6 +40,7 @@ struct ApplicationOptions {
   std::string user = "konsolė";
   std::optional<Date> today = {};  // the system's date when none is given
   RecordEditor edit_charge = {};   // of a person's extra charge; without one nobody can edit it
+  HostTypes host_types = {};       // what can be done with the host's own objects; without it they are only listed
   std::string pick = {};  // the key that is chosen where nobody is there to choose; "#…" behind it is no matter
 };
 
@@ -78,6 +82,9 @@ class Application : public QuorApplication {
   // What a type's objects are called, for headings; the code itself for an unknown type.
   std::string type_caption(const std::string& object_type) const;
 
+  // Null for a type with which nothing of the host's own can be done.
+  const HostTypeActs* host_type(const std::string& object_type) const;
+
   // Asks what the user may, before anything is served to him.
   RightsGuard& guard() { return guard_; }
 
@@ -94,6 +101,8 @@ class Application : public QuorApplication {
   // The keys on the user's desk top, in order.
   std::vector<std::string> desk_top();
   void remove_from_desk_top(const std::string& object);
+  // Begins what may take long, `what` it is ("Skaičiuojamas mėnuo 2008.01"), and ends with the object.
+  [[nodiscard]] virtual std::unique_ptr<LongWork> begin_work(const std::string& what);
   // How many hourglass scopes are open.
   int busy() const { return busy_; }
 
@@ -133,6 +142,7 @@ class Application : public QuorApplication {
   class BusyScope;
 
   std::shared_ptr<QuorObjectUI> new_object_ui(const std::string& object_type);
+  ObjectActs acts_of(const std::string& object_type);
 
   Company& company_;
   ApplicationOptions options_;

@@ -1,7 +1,8 @@
-// The object UI of the types that the host keeps itself (employees, departments, constants) and of those whose plug-in
-// brings none: lists and the desk top, no editors.
+// The object UI of the types that the host keeps itself (see host_types.h) and of those whose plug-in brings none. Its
+// menus offer what can be done with the type; without any, there are lists and the desk top.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -10,10 +11,19 @@
 
 namespace quor {
 
+// What can be done with the type's objects: see HostTypeActs.
+struct ObjectActs {
+  std::function<std::shared_ptr<Form>(const std::string& object)> open = {};
+  std::string new_caption = {};
+  bool removable = false;
+  std::function<void(const std::string& key)> remove = {};
+};
+
 class HostObjectUI : public QuorObjectUI {
  public:
   // The application outlives the object.
-  explicit HostObjectUI(QuorApplication& application) : application_(application), bo_(application.NewMainBO()) {}
+  HostObjectUI(QuorApplication& application, ObjectActs acts)
+      : application_(application), acts_(std::move(acts)), bo_(application.NewMainBO()) {}
 
   std::string OID() const override { return oid_; }
   void OID(const std::string& value) override { oid_ = value; }
@@ -35,7 +45,11 @@ class HostObjectUI : public QuorObjectUI {
   std::shared_ptr<QuorMainBO> BO() const override { return bo_; }
 
  private:
+  ClickResult form_of(const std::string& object);
+  ClickResult remove(const std::string& object);
+
   QuorApplication& application_;
+  const ObjectActs acts_;
   std::shared_ptr<QuorMainBO> bo_;
   std::shared_ptr<Object> services_;
   std::string oid_;

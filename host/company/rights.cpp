@@ -59,6 +59,11 @@ constexpr Viewed kViewed[] = {
     {{kPersonalChargeType, kSalaryExtensionType}, "darbuotojų priedų"},
     {{kConstantType, kSettingsType, kSalaryExtensionType}, "darbo užmokesčio konstantų"},
     {{kSalaryExtensionType}, "darbo užmokesčio"},
+    {{kWorkedTimeType}, "darbo laiko"},
+    {{kMonthType}, "mėnesių"},
+    {{kNormType}, "mėnesių normų"},
+    {{kTimeCodeType}, "laiko kodų"},
+    {{kSalaryCodeType}, "darbo užmokesčio kodų"},
     {{kCategoryType}, "pareigybių kategorijų"},
     {{kSettingsType}, "valstybės tarnautojų nustatymų"},
 };
@@ -98,7 +103,11 @@ std::vector<std::string> deciding_components(const Registrations& registrations,
 }
 
 std::string deciding_type(const std::string& object_type) {
-  return object_type == kPersonalChargeType ? kEmployeeType : object_type;
+  if (object_type == kPersonalChargeType) return kEmployeeType;
+  if (object_type == kWorkedTimeType || object_type == kMonthType || object_type == kNormType) {
+    return kSalaryExtensionType;
+  }
+  return object_type == kTimeCodeType || object_type == kSalaryCodeType ? kSettingsType : object_type;
 }
 
 std::string refusal_text(Company& company, const std::string& user, const std::string& what) {

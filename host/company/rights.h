@@ -27,7 +27,8 @@ namespace quor {
 // was added for: whoever asks by the key hears what the type's data object will say.
 std::vector<std::string> deciding_components(const Registrations& registrations, const std::string& asked);
 
-// The type whose rights decide about the objects of a type: a charge is part of what is known of its employee.
+// The type whose rights decide about the objects of a type: a charge is part of what is known of its employee, worked
+// time, norms and months of pay; the codes belong to the settings.
 std::string deciding_type(const std::string& object_type);
 
 // Reads the company's tables once and keeps what it read. Throws StoreError.

@@ -6,6 +6,7 @@
 #include "host/application/main_bo.h"
 #include "host/application/plugin_files.h"
 #include "host/console/json_values.h"
+#include "host/editors/host_editors.h"
 #include "host/editors/personal_charge_editor.h"
 #include "platform/data/error.h"
 
@@ -22,6 +23,7 @@ Session::Session(const CommonOptions& options, const std::string& pick) {
   ApplicationOptions application_options;
   application_options.pick = pick;
   application_options.edit_charge = edit_personal_charge;
+  application_options.host_types = host_editors();
   if (!options.user.empty()) application_options.user = options.user;
   application_options.today = today_of(options);
   company_ = std::make_unique<Company>(Database::open(options.company));

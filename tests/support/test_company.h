@@ -14,6 +14,7 @@
 
 #include "frame/contract/quor_object_uio.h"
 #include "host/application/application.h"
+#include "host/editors/host_editors.h"
 #include "host/editors/personal_charge_editor.h"
 #include "tests/support/company_place.h"
 #include "tests/support/recordset_rows.h"
@@ -143,7 +144,8 @@ class TestCompany {
                                {.title = "Testas",
                                 .user = "testuotoja",
                                 .today = Date::from_ymd(2008, 1, 31),
-                                .edit_charge = edit_personal_charge}};
+                                .edit_charge = edit_personal_charge,
+                                .host_types = host_editors()}};
 };
 
 // The last day of January 2008 and others, short to write.

@@ -9,6 +9,7 @@
 #include "host/desktop/answers/object_names.h"
 #include "host/desktop/answers/object_picker.h"
 #include "host/desktop/answers/report_preview.h"
+#include "host/desktop/answers/work_window.h"
 #include "host/desktop/edge/pointer.h"
 
 namespace quor {
@@ -56,6 +57,10 @@ void DesktopApplication::show_modal(Form& form) {
 void DesktopApplication::run_pending_events() {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   QAbstractEventDispatcher::instance()->wakeUp();
+}
+
+std::unique_ptr<LongWork> DesktopApplication::begin_work(const std::string& what) {
+  return std::make_unique<WorkWindow>(*this, QString::fromStdString(what), edge_.window());
 }
 
 void DesktopApplication::place_on_desk_top(const std::string& object, std::shared_ptr<Form> editor) {

@@ -30,6 +30,7 @@ class DesktopApplication : public Application {
   // In a dialog above the window in which the user acts.
   void show_modal(Form& form) override;
   void run_pending_events() override;
+  [[nodiscard]] std::unique_ptr<LongWork> begin_work(const std::string& what) override;
   void place_on_desk_top(const std::string& object, std::shared_ptr<Form> editor) override;
 
  protected:

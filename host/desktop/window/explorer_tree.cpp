@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "host/desktop/window/registered_icons.h"
+#include "host/requests/object_lists.h"
 #include "host/store/object_codes.h"
 
 namespace quor {
@@ -91,9 +92,23 @@ void ExplorerTree::add_type(QTreeWidgetItem& parent, const std::string& object_t
 }
 
 void ExplorerTree::add_host_types() {
-  auto* const group = item(kSection, "Darbuotojai ir padaliniai", style()->standardIcon(QStyle::SP_DirOpenIcon), {});
-  addTopLevelItem(group);
-  for (const char* object_type : {kEmployeeType, kDepartmentType, kConstantType}) add_type(*group, object_type);
+  const struct {
+    const char* caption;
+    std::vector<const char*> types;
+  } sections[] = {{"Darbuotojai ir padaliniai", {kEmployeeType, kDepartmentType}},
+                  {"Mėnuo", {kMonthType, kWorkedTimeType}},
+                  {"Konstantos, normos ir kodai", {kConstantType, kNormType, kTimeCodeType, kSalaryCodeType}}};
+  for (const auto& section : sections) {
+    auto* const group = item(kSection, section.caption, style()->standardIcon(QStyle::SP_DirOpenIcon), {});
+    for (const char* object_type : section.types) {
+      if (!listed_caption(object_type).empty()) add_type(*group, object_type);
+    }
+    if (group->childCount() == 0) {
+      delete group;
+    } else {
+      addTopLevelItem(group);
+    }
+  }
 }
 
 // ---- what the user does

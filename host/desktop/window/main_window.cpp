@@ -185,13 +185,15 @@ void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_des
   if (!menu->isEmpty()) menu.release()->popup(at);
 }
 
-// The entry that opens an object says that it puts it on the desk top, too: of a company that may only be read, it
-// opens it.
+// The plug-ins' entry that opens an object says that it puts it on the desk top, too: of a company that may only be
+// read, it opens it. The host's own types have an entry for each.
 void MainWindow::choose(const MenuPlace& place, const MenuEntry& entry) {
   act([&] {
     click(place, entry);
     const bool opens = entry.Purpose == MenuPurpose::kOpen && !place.object.empty();
-    if (!opens || object_name(application_, place.object).isEmpty()) return;
+    if (!opens || application_.host_type(place.object_type) != nullptr ||
+        object_name(application_, place.object).isEmpty())
+      return;
     if (application_.company().database().may_write()) application_.place_on_desk_top(place.object, nullptr);
   });
 }

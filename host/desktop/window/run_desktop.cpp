@@ -10,6 +10,7 @@
 #include "host/desktop/edge/pointer.h"
 #include "host/desktop/window/first_start.h"
 #include "host/desktop/window/main_window.h"
+#include "host/editors/host_editors.h"
 #include "host/editors/personal_charge_editor.h"
 #include "host/store/addresses.h"
 
@@ -93,10 +94,13 @@ bool run_desktop(const DesktopOptions& options) {
     auto database = open_company(options, edge);
     if (!database) return;
     Company company(std::move(database));
-    DesktopApplication application(
-        company,
-        {.title = "Quor", .user = user_name(options), .today = options.today, .edit_charge = edit_personal_charge},
-        edge);
+    DesktopApplication application(company,
+                                   {.title = "Quor",
+                                    .user = user_name(options),
+                                    .today = options.today,
+                                    .edit_charge = edit_personal_charge,
+                                    .host_types = host_editors()},
+                                   edge);
     load_plugins(application, options.plugins, [&](const std::string& text) {
       application.MessageBox(text, BoxIcon::kExclamation, BoxButtons::kOk, application.Title());
     });

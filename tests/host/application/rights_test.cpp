@@ -20,8 +20,9 @@ class RightsTest : public testing::TestWithParam<Backend> {
  protected:
   // The rights of a user on a component or type as letters, asked through an application with the plug-in loaded.
   std::string rights(const char* user, const char* asked) {
-    TestApplication application(company_.company(),
-                                {.title = "Testas", .user = user, .edit_charge = edit_personal_charge});
+    TestApplication application(
+        company_.company(),
+        {.title = "Testas", .user = user, .edit_charge = edit_personal_charge, .host_types = host_editors()});
     application.load_plugin(VELMORA_PLUGIN);
     std::string letters;
     for (const auto& [right, letter] : {std::pair{UserRight::kView, 'v'},
@@ -118,9 +119,11 @@ class Office {
   }
   using Service = std::function<void(TestApplication&)>;
   std::string told(const char* user, const Service& service) {
-    TestApplication application(
-        company_.company(),
-        {.title = "Testas", .user = user, .today = day("2008.01.31"), .edit_charge = edit_personal_charge});
+    TestApplication application(company_.company(), {.title = "Testas",
+                                                     .user = user,
+                                                     .today = day("2008.01.31"),
+                                                     .edit_charge = edit_personal_charge,
+                                                     .host_types = host_editors()});
     application.load_plugin(VELMORA_PLUGIN);
     std::string text;
     try {

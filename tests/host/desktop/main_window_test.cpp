@@ -10,6 +10,7 @@
 #include "host/application/user_rights.h"
 #include "host/desktop/answers/form_dialog.h"
 #include "host/desktop/window/first_start.h"
+#include "host/editors/host_editors.h"
 #include "host/editors/personal_charge_editor.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
@@ -28,11 +29,13 @@ class MainWindowTest : public testing::Test {
   static constexpr char kTester[] = "testuotoja";
 
   void open(const char* user = kTester, const std::vector<const char*>& plugins = {VELMORA_PLUGIN}) {
-    application_ = std::make_unique<DesktopApplication>(
-        company_.company(),
-        ApplicationOptions{
-            .title = "Testas", .user = user, .today = Date::from_ymd(2008, 1, 31), .edit_charge = edit_personal_charge},
-        test_edge());
+    application_ = std::make_unique<DesktopApplication>(company_.company(),
+                                                        ApplicationOptions{.title = "Testas",
+                                                                           .user = user,
+                                                                           .today = Date::from_ymd(2008, 1, 31),
+                                                                           .edit_charge = edit_personal_charge,
+                                                                           .host_types = host_editors()},
+                                                        test_edge());
     for (const char* file : plugins) application_->load_plugin(file);
     window_ = std::make_unique<MainWindow>(*application_);
     bring_up(*window_);
@@ -99,7 +102,8 @@ TEST_F(MainWindowTest, TheExplorerShowsWhatIsRegistered) {
   EXPECT_EQ(lines.join('\n').toStdString(),
             "Darbo užmokesčio išplėtimas\n>Valstybės tarnautojai\n>>Pareigybių kategorijos\n"
             ">>Valstybės tarnautojų sąrašas\n>>Valstybės tarnautojų priedai\n>Valstybės tarnautojų nustatymai\n"
-            "Darbuotojai ir padaliniai\n>Darbuotojai\n>Padaliniai\n>Darbo užmokesčio konstantos");
+            "Darbuotojai ir padaliniai\n>Darbuotojai\n>Padaliniai\n"
+            "Konstantos, normos ir kodai\n>Darbo užmokesčio konstantos");
   window_->show_type(kEmployeeType);
   EXPECT_EQ(shown(), "Ona Onaitė");
   EXPECT_EQ(window_->list()->current(), "O04001001") << "the first object";
