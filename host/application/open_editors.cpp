@@ -51,14 +51,16 @@ std::string OpenObjects::object_of(const Form& editor) const {
   return found == entries_.end() || !carries_object(found->object) ? "" : found->object;
 }
 
-void OpenObjects::written(QuorObjectUIO& object) {
-  const std::string key = object.OIDR();
+void OpenObjects::written(QuorObjectUIO& object) { wrote(object.OIDR()); }
+
+void OpenObjects::wrote(const std::string& key) {
   if (find(key) == nullptr) {
     const auto acting = std::find_if(entries_.rbegin(), entries_.rend(),
                                      [&](const Entry& entry) { return may_become(entry.object, key); });
     if (acting != entries_.rend()) acting->object = key;
   }
-  for (std::size_t i = 0; i < written_.size(); ++i) written_[i](object);
+  const std::string told = key;  // the caller's may be gone with what a listener closes
+  for (std::size_t i = 0; i < written_.size(); ++i) written_[i](told);
 }
 
 bool OpenObjects::may_leave(const std::string& object) { return !may_leave_ || may_leave_(object); }

@@ -32,12 +32,14 @@ class OpenObjects : public OpenObjectRegistry {
   std::string object_of(const Form& editor) const;
 
   // Told of every object written, after its key is entered, and of every one that an editor has turned away from.
-  void on_written(std::function<void(QuorObjectUIO&)> listener) { written_.push_back(std::move(listener)); }
+  void on_written(std::function<void(const std::string& key)> listener) { written_.push_back(std::move(listener)); }
   void on_left(std::function<void(const std::string&, Form&)> listener) { left_.push_back(std::move(listener)); }
   // What `may_leave` asks; without it an editor may always turn to another object.
   void on_may_leave(std::function<bool(const std::string&)> question) { may_leave_ = std::move(question); }
 
   void written(QuorObjectUIO& object) override;
+  // The same for what is no data object: worked time, a month.
+  void wrote(const std::string& key);
   bool may_leave(const std::string& object) override;
   void left(const std::string& object, Form& editor) override;
 
@@ -49,7 +51,7 @@ class OpenObjects : public OpenObjectRegistry {
   std::vector<Entry>::iterator entry_of(const Form& editor);
 
   std::vector<Entry> entries_;  // the one that the user acts in is the last
-  std::vector<std::function<void(QuorObjectUIO&)>> written_;
+  std::vector<std::function<void(const std::string&)>> written_;
   std::vector<std::function<void(const std::string&, Form&)>> left_;
   std::function<bool(const std::string&)> may_leave_;
 };

@@ -1,7 +1,5 @@
 #include "host/editors/entered_values.h"
 
-#include <algorithm>
-
 #include "platform/data/number_text.h"
 #include "platform/data/utf8.h"
 

@@ -37,7 +37,6 @@ class EnteredValues {
   // The end may not be before the start; either may be missing.
   void in_order(std::optional<Date> from, std::optional<Date> to, const TextBox& end);
 
-  bool has_faults() const { return !faults_.empty(); }
   // Shows them and answers true, or answers false when there are none.
   bool show_faults();
 

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "frame/contract/open_bounds.h"
+#include "host/editors/entered_values.h"
 #include "host/store/database.h"
 #include "host/store/object_codes.h"
 #include "platform/data/number_text.h"
@@ -13,40 +14,13 @@ namespace quor {
 namespace {
 
 constexpr char kNoSalaryCode[] = "0";
+// Nothing at all is no charge.
+constexpr NumberRange kSumOfCharge{0, kChargeSum.high, false};
+constexpr NumberRange kPercentageOfCharge{0, kPercentage.high, false};
 
 std::string amount_text(double amount) { return amount > 0 ? general_text(amount) : ""; }
 
-bool is_blank(const std::string& text) { return text.find_first_not_of(" \t") == std::string::npos; }
-
-// Each reader puts what the box holds into `value` and answers "", or says what is wrong with it.
-
-std::string read_bound(const std::string& text, Variant& value) {
-  value = kNull;
-  if (is_blank(text)) return "";
-  const auto date = try_parse_date(text);
-  if (!date) return "Data „" + text + "“ netinkama: rašykite metus, mėnesį ir dieną, pavyzdžiui, 2008.01.31.";
-  value = date->without_time();
-  return "";
-}
-
-std::string read_sum(const std::string& text, Variant& value) {
-  if (is_blank(text)) return "Neįrašyta priedo suma.";
-  if (!is_numeric(text)) return "Suma „" + text + "“ nėra skaičius.";
-  const double sum = parse_number(text);
-  if (sum <= 0) return "Suma „" + text + "“ turi būti didesnė už nulį.";
-  if (parse_number(fixed_text(sum, 2)) != sum) return "Suma „" + text + "“ nurodyta tiksliau negu centais.";
-  value = sum;
-  return "";
-}
-
-std::string read_percentage(const std::string& text, Variant& value) {
-  if (is_blank(text)) return "Neįrašytas priedo procentas.";
-  if (!is_numeric(text)) return "Procentas „" + text + "“ nėra skaičius.";
-  const double percentage = parse_number(text);
-  if (percentage <= 0) return "Procentas „" + text + "“ turi būti didesnis už nulį.";
-  value = percentage;
-  return "";
-}
+Variant or_null(const std::optional<Date>& date) { return date ? Variant(*date) : Variant(kNull); }
 
 }  // namespace
 
@@ -78,6 +52,13 @@ void PersonalChargeEditor::opening() {
   }
   show_charge();
   show_kind();
+  shown_ = shown();
+}
+
+std::string PersonalChargeEditor::shown() const {
+  std::string all = std::to_string(kind()) + lvwSalaryCodes.selected_tag();
+  for (const TextBox* box : {&txtDateFrom, &txtDateTo, &txtSum, &txtPercentage, &txtComment}) all += '\n' + box->text();
+  return all;
 }
 
 void PersonalChargeEditor::show_kind() {
@@ -86,9 +67,13 @@ void PersonalChargeEditor::show_kind() {
 }
 
 void PersonalChargeEditor::write() {
-  if (const std::string fault = move_into_fields(); !fault.empty()) return refuse(fault);
+  if (!move_into_fields()) return;
   const SaveStatus status = charge_.Save(0, "");
-  if (status.Failed) return refuse(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText);
+  if (status.Failed) {
+    application_.MessageBox(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText, BoxIcon::kExclamation,
+                            BoxButtons::kOk, application_.Title());
+    return;
+  }
   stored_ = true;
   close();
 }
@@ -129,20 +114,25 @@ PersonalChargeEditor::Kind PersonalChargeEditor::kind() const {
 }
 
 // Everything is read first: what is refused leaves the fields as they are.
-std::string PersonalChargeEditor::move_into_fields() {
-  Variant from, to, sum = kNull, percentage = kNull;
-  std::string fault = read_bound(txtDateFrom.text(), from);
-  if (fault.empty()) fault = read_bound(txtDateTo.text(), to);
-  if (fault.empty() && !from.is_null() && !to.is_null() && to.to_date() < from.to_date()) {
-    fault = "Pabaiga „" + to.to_text() + "“ ankstesnė už pradžią „" + from.to_text() + "“.";
+bool PersonalChargeEditor::move_into_fields() {
+  EnteredValues entered(application_);
+  const auto from = entered.optional_date(txtDateFrom, "Galioja nuo");
+  const auto to = entered.optional_date(txtDateTo, "Galioja iki");
+  entered.in_order(from, to, txtDateTo);
+  Variant sum = kNull, percentage = kNull;
+  if (kind() == kSum) {
+    const double typed = entered.number(txtSum, "Suma", kSumOfCharge);
+    if (parse_number(fixed_text(typed, 2)) != typed) {
+      entered.refuse(txtSum, "Suma: „" + txtSum.text() + "“ nurodyta tiksliau negu centais.");
+    }
+    sum = typed;
   }
-  if (fault.empty() && kind() == kSum) fault = read_sum(txtSum.text(), sum);
-  if (fault.empty() && kind() == kPercentage) fault = read_percentage(txtPercentage.text(), percentage);
-  if (!fault.empty()) return fault;
+  if (kind() == kPercentage) percentage = entered.number(txtPercentage, "Procentas", kPercentageOfCharge);
+  if (entered.show_faults()) return false;
 
   const Fields fields = charge_.Fields();
-  fields["DateFrom"].Value(from);
-  fields["DateTo"].Value(to);
+  fields["DateFrom"].Value(or_null(from));
+  fields["DateTo"].Value(or_null(to));
   fields["SumA"].Value(sum);
   fields["Percentage"].Value(percentage);
   // A tie that names more than the type stays while the charge stays tied.
@@ -154,11 +144,7 @@ std::string PersonalChargeEditor::move_into_fields() {
   const std::string& code = lvwSalaryCodes.selected_tag();
   fields["SalaryCodeID"].Value(code.empty() || code == kNoSalaryCode ? Variant(kNull) : Variant(code));
   fields["Comment"].Value(txtComment.text().empty() ? Variant(kNull) : Variant(txtComment.text()));
-  return "";
-}
-
-void PersonalChargeEditor::refuse(const std::string& text) {
-  application_.MessageBox(text, BoxIcon::kExclamation, BoxButtons::kOk, application_.Title());
+  return true;
 }
 
 bool edit_personal_charge(QuorApplication& application, QuorObjectUIO& charge) {

@@ -15,8 +15,8 @@ namespace quor {
 
 class PersonalChargeEditor : public Form {
  public:
-  TextBox txtDateFrom{*this, "txtDateFrom"};  // empty: an open bound, as in txtDateTo
-  TextBox txtDateTo{*this, "txtDateTo"};
+  TextBox txtDateFrom{*this, "txtDateFrom", TextBox::Kind::kDate};  // empty: an open bound, as in txtDateTo
+  TextBox txtDateTo{*this, "txtDateTo", TextBox::Kind::kDate};
   ListView lvwKind{*this, "lvwKind", {{.key = "", .caption = "Priedas skiriamas", .width = 260}}};  // by its row
   TextBox txtSum{*this, "txtSum"};
   TextBox txtPercentage{*this, "txtPercentage"};
@@ -35,6 +35,7 @@ class PersonalChargeEditor : public Form {
   // dialog.
   PersonalChargeEditor(QuorApplication& application, QuorObjectUIO& charge, std::shared_ptr<Recordset> salary_codes);
 
+  bool has_unsaved_changes() const override { return !stored_ && loaded() && shown() != shown_; }
   // Whether the charge was stored since the dialog was opened.
   bool stored() const { return stored_; }
   std::string subject() const override;
@@ -48,13 +49,14 @@ class PersonalChargeEditor : public Form {
   void show_charge();
   void show_salary_codes();
   Kind kind() const;
-  std::string move_into_fields();
-  void refuse(const std::string& text);
+  std::string shown() const;
+  bool move_into_fields();
 
   QuorApplication& application_;
   QuorObjectUIO& charge_;
   std::shared_ptr<Recordset> salary_codes_;
   Kind read_kind_ = kSum;  // as it was when the dialog was opened
+  std::string shown_;      // what stood in the fields then
   bool stored_ = false;
 };
 

@@ -30,9 +30,7 @@ BoxAnswer DesktopApplication::MessageBox(const std::string& text, BoxIcon icon, 
 }
 
 bool DesktopApplication::may_close(const Form& form) {
-  if (!form.has_unsaved_changes()) return true;
-  return show_message_box(edge_.window(), "Pakeitimai neįrašyti. Uždaryti jų neįrašius?", BoxIcon::kQuestion,
-                          BoxButtons::kYesNo, QString::fromStdString(form.caption())) == BoxAnswer::kYes;
+  return !form.has_unsaved_changes() || ask_to_discard(edge_.window(), QString::fromStdString(form.caption()));
 }
 
 void DesktopApplication::show_modal(Form& form) {
@@ -40,8 +38,7 @@ void DesktopApplication::show_modal(Form& form) {
   try {
     if (!form.close_requested()) {
       const FreePointer pointer;
-      FormDialog dialog(
-          form, edge_, [this, &form] { return may_close(form); }, edge_.window());
+      FormDialog dialog(form, edge_, edge_.window());
       const QString subject = form.subject().empty() ? QString() : object_name(*this, form.subject());
       if (!subject.isEmpty()) dialog.name_subject(subject);
       dialog.exec();

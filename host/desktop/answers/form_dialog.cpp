@@ -16,12 +16,8 @@ QString size_setting(const Form& form) {
 
 }  // namespace
 
-FormDialog::FormDialog(Form& form, Edge& edge, std::function<bool()> may_close, QWidget* parent)
-    : QDialog(parent),
-      form_(form),
-      edge_(edge),
-      may_close_(std::move(may_close)),
-      view_(new FormView(form, edge, FormView::Place::kDialog, this)) {
+FormDialog::FormDialog(Form& form, Edge& edge, QWidget* parent)
+    : QDialog(parent), form_(form), edge_(edge), view_(new FormView(form, edge, FormView::Place::kDialog, this)) {
   setWindowTitle(QString::fromStdString(form.caption()));
   setMinimumWidth(kNarrowest);
   auto* const column = new QVBoxLayout(this);
@@ -48,9 +44,24 @@ void FormDialog::reject() {
 
 // Closed once the act that asked for it has ended: closing takes the view along, in which the act still runs.
 void FormDialog::close_requested() {
-  if (!may_close_()) return;
-  view_->release();
-  done(Accepted);
+  switch (answer_to_closing()) {
+    case SaveAnswer::kStay:
+      return;
+    case SaveAnswer::kSave:
+      // The act that wanted to close ends first; a form that has written closes itself.
+      QMetaObject::invokeMethod(
+          view_, [view = view_] { view->write(); }, Qt::QueuedConnection);
+      return;
+    case SaveAnswer::kDiscard:
+      view_->release();
+      done(Accepted);
+  }
+}
+
+SaveAnswer FormDialog::answer_to_closing() {
+  if (!form_.has_unsaved_changes()) return SaveAnswer::kDiscard;
+  if (view_->can_write()) return ask_to_save(this, windowTitle());
+  return ask_to_discard(this, windowTitle()) ? SaveAnswer::kDiscard : SaveAnswer::kStay;
 }
 
 }  // namespace quor

@@ -3,14 +3,15 @@
 
 #include <QDialog>
 
+#include "host/desktop/answers/message_box.h"
 #include "host/desktop/render/form_view.h"
 
 namespace quor {
 
 class FormDialog : public QDialog {
  public:
-  // `may_close` is asked when the form is about to be closed; false keeps it open.
-  FormDialog(Form& form, Edge& edge, std::function<bool()> may_close, QWidget* parent);
+  // Before what is not written is lost, the user is asked: he has it written, gives it up, or goes back.
+  FormDialog(Form& form, Edge& edge, QWidget* parent);
   ~FormDialog() override;
 
   FormView& view() { return *view_; }
@@ -22,10 +23,10 @@ class FormDialog : public QDialog {
 
  private:
   void close_requested();
+  SaveAnswer answer_to_closing();
 
   Form& form_;
   Edge& edge_;
-  std::function<bool()> may_close_;
   FormView* view_;
 };
 

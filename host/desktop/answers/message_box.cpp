@@ -65,4 +65,9 @@ SaveAnswer ask_to_save(QWidget* parent, const QString& name) {
   return box.clickedButton() == discard ? SaveAnswer::kDiscard : SaveAnswer::kStay;
 }
 
+bool ask_to_discard(QWidget* parent, const QString& name) {
+  return show_message_box(parent, "Pakeitimai neįrašyti. Uždaryti jų neįrašius?", BoxIcon::kQuestion,
+                          BoxButtons::kYesNo, name) == BoxAnswer::kYes;
+}
+
 }  // namespace quor

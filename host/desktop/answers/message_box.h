@@ -17,5 +17,7 @@ BoxAnswer show_message_box(QWidget* parent, const QString& text, BoxIcon icon, B
 enum class SaveAnswer { kSave, kDiscard, kStay };
 // Asks so when `name` is about to be closed. Enter saves, Esc and the close box stay.
 SaveAnswer ask_to_save(QWidget* parent, const QString& name);
+// The same of what cannot be written. Enter, Esc and the close box stay.
+bool ask_to_discard(QWidget* parent, const QString& name);
 
 }  // namespace quor

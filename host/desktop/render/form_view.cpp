@@ -242,6 +242,12 @@ CommandButton* FormView::first_button(ButtonRole role) const {
   return nullptr;
 }
 
+// A dialog without a button for writing writes, or hands over to be written, what it accepts.
+CommandButton* FormView::writing_button() const {
+  CommandButton* const button = first_button(ButtonRole::kWrite);
+  return button == nullptr && place_ == Place::kDialog ? first_button(ButtonRole::kAccept) : button;
+}
+
 bool FormView::press_first(ButtonRole role) {
   CommandButton* const button = first_button(role);
   if (button != nullptr) press(*button);
@@ -253,7 +259,7 @@ void FormView::press(CommandButton& button) {
 }
 
 void FormView::write() {
-  if (CommandButton* const button = first_button(ButtonRole::kWrite)) finish_and_click(*button);
+  if (CommandButton* const button = writing_button()) finish_and_click(*button);
 }
 
 // The window's, too, while a question stands before it.

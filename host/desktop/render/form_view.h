@@ -45,7 +45,7 @@ class FormView : public QWidget, private FormActs {
   // What is typed into a date counts when the date is left; this is such a moment.
   void finish_typing();
   // Whether the form offers to write now; and writes, as its button does.
-  bool can_write() const { return first_button(ButtonRole::kWrite) != nullptr; }
+  bool can_write() const { return writing_button() != nullptr; }
   void write();
   // See the table; a second call does nothing.
   void release();
@@ -82,6 +82,7 @@ class FormView : public QWidget, private FormActs {
   // True when it has run and the view still shows its form.
   bool run(bool (Edge::*at)(QWidget*, const std::function<void()>&), const std::function<void()>& what);
   CommandButton* first_button(ButtonRole role) const;
+  CommandButton* writing_button() const;
   bool press_first(ButtonRole role);
   void press(CommandButton& button);
   QWidget* focused_inside() const;

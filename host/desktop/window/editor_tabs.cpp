@@ -25,7 +25,7 @@ EditorTabs::EditorTabs(DesktopApplication& application, QWidget* lists, QWidget*
   for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) tabBar()->setTabButton(0, side, nullptr);
   connect(this, &QTabWidget::tabCloseRequested, this, [this](int index) { close_tab(index); });
   connect(this, &QTabWidget::currentChanged, this, [this](int index) { turned_to(index); });
-  application.open_objects().on_written([self = QPointer<EditorTabs>(this)](QuorObjectUIO&) {
+  application.open_objects().on_written([self = QPointer<EditorTabs>(this)](const std::string&) {
     if (self) ++self->written_;
   });
 }

@@ -111,8 +111,8 @@ void MainWindow::listen() {
         this, [this, object_type = type_of_key(object)] { object_changed(object_type); }, Qt::QueuedConnection);
   };
   OpenObjects& open = application_.open_objects();
-  open.on_written([later, self = QPointer<MainWindow>(this)](QuorObjectUIO& object) {
-    if (self) later(object.OIDR());
+  open.on_written([later, self = QPointer<MainWindow>(this)](const std::string& key) {
+    if (self) later(key);
   });
   open.on_left([later, self = QPointer<MainWindow>(this)](const std::string& object, Form&) {
     if (self) later(object);

@@ -158,7 +158,7 @@ TEST_P(SettingsEditor, ANewVersionIsACopyThatLeavesTheFirstUntouched) {
   const std::string guid = object_->Fields()["GUID"].Value().to_text();
   EXPECT_EQ(walked(*catalogue::rows_of(*object_), "OfficeEmployeeSettingGUID"), guid + " " + guid + " " + guid);
   std::string written;
-  application_.open_objects().on_written([&](quor::QuorObjectUIO& object) { written = object.Preview(); });
+  application_.open_objects().on_written([&](const std::string&) { written = object_->Preview(); });
   editor_->cmdWrite.click();
   const std::string version = "2;*;2008.03.01;1;2;2,5;12;60;70;*;";
   EXPECT_EQ(stored("2008.03.01"), version + "4;5;4 | " + version + "5;10;7,5 | " + version + "10;99;20");

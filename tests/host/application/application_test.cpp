@@ -131,9 +131,7 @@ TEST(OpenObjects, AnEditorIsFoundByTheObjectThatItShowsNow) {
   OpenObjects open;
   TracedForm first, second, third;
   std::string told;
-  open.on_written([&](QuorObjectUIO& object) {
-    told += "written " + object.OIDR() + (open.find(object.OIDR()) == nullptr ? "? " : " ");
-  });
+  open.on_written([&](const std::string& key) { told += "written " + key + (open.find(key) == nullptr ? "? " : " "); });
   open.on_left([&](const std::string& object, Form&) { told += "left " + object + " "; });
   const auto write = [&](const char* key) {
     const auto object = company.application().NewStandardObjectUIO("O0402200");

@@ -119,20 +119,35 @@ TEST_F(DesktopApplicationTest, AModalFormIsShownUntilItIsClosedAndAsksBeforeType
   EXPECT_EQ(question.answered, "taip");
   EXPECT_FALSE(question.loaded());
 
-  question.answered.clear();
-  const auto refuse = [&](QWidget& box) {
-    EXPECT_EQ(said(box), "Pakeitimai neįrašyti. Uždaryti jų neįrašius?");
-    press(Qt::Key_Return);
+  const struct {
+    const char* name;
+    std::vector<Qt::Key> keys;  // with Alt; Esc without
+    const char* answered;
+  } cases[] = {
+      {"goes back, then gives it up", {Qt::Key_Escape, Qt::Key_N}, ""},
+      {"has it written", {Qt::Key_I}, "taip"},
   };
-  NextWindows windows({[&](QWidget& dialog) {
-                         press(Qt::Key_Escape);  // first refused, then agreed to
-                         EXPECT_TRUE(dialog.isVisible() && question.loaded());
-                         press(Qt::Key_Escape);
-                       },
-                       refuse, [](QWidget&) { press(Qt::Key_T, Qt::AltModifier); }});
-  application_.show_modal(question);
-  EXPECT_FALSE(question.loaded());
-  EXPECT_EQ(question.answered, "");
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    question.answered.clear();
+    question.box.set_text("taip");
+    std::vector<NextWindows::Act> acts = {[&](QWidget& dialog) {
+      for (std::size_t each = 0; each < c.keys.size(); ++each) {
+        EXPECT_TRUE(dialog.isVisible() && question.loaded());
+        press(Qt::Key_Escape);
+      }
+    }};
+    for (const Qt::Key key : c.keys) {
+      acts.emplace_back([key](QWidget& box) {
+        EXPECT_EQ(said(box), "„Klausimas“: pakeitimai neįrašyti. Ar juos išsaugoti?");
+        press(key, key == Qt::Key_Escape ? Qt::NoModifier : Qt::AltModifier);
+      });
+    }
+    NextWindows windows(acts);
+    application_.show_modal(question);
+    EXPECT_FALSE(question.loaded());
+    EXPECT_EQ(question.answered, c.answered);
+  }
 }
 
 TEST_F(DesktopApplicationTest, AReportIsPreviewedAndKept) {
@@ -213,8 +228,7 @@ class CategoryWindow : public DesktopApplicationTest {
     editor_ = application_.GetQuorObjectUI("O0402200")->ClickMenu(key, entry, key, "").EditorForm;
     ASSERT_TRUE(editor_);
     editor_->load();
-    dialog_ = std::make_unique<FormDialog>(
-        *editor_, test_edge(), [] { return true; }, nullptr);
+    dialog_ = std::make_unique<FormDialog>(*editor_, test_edge(), nullptr);
     bring_up(*dialog_);
   }
   QWidget* widget(const char* name) { return dialog_->view().widget_of(*editor_->find(name)); }
