@@ -16,13 +16,16 @@
 namespace quor {
 
 EditorTabs::EditorTabs(DesktopApplication& application, QWidget* lists, QWidget* parent)
-    : QTabWidget(parent), application_(application) {
+    : QTabWidget(parent), application_(application), fixed_(lists == nullptr ? 0 : 1) {
   setDocumentMode(true);
   setMovable(false);
   setTabsClosable(true);
   setElideMode(Qt::ElideRight);
-  addTab(lists, "Sąrašas");
-  for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) tabBar()->setTabButton(0, side, nullptr);
+  setVisible(lists != nullptr);
+  if (lists != nullptr) {
+    addTab(lists, "Sąrašas");
+    for (const auto side : {QTabBar::LeftSide, QTabBar::RightSide}) tabBar()->setTabButton(0, side, nullptr);
+  }
   connect(this, &QTabWidget::tabCloseRequested, this, [this](int index) { close_tab(index); });
   connect(this, &QTabWidget::currentChanged, this, [this](int index) { turned_to(index); });
   application.open_objects().on_written([self = QPointer<EditorTabs>(this)](const std::string&) {
@@ -99,6 +102,16 @@ MonthBand* EditorTabs::make_band(Form& form, FormView& view, QWidget* parent) {
     if (role == ButtonRole::kFill) band->show_month(Month::of(month->value()));
   };
   return band;
+}
+
+void EditorTabs::tabInserted(int index) {
+  QTabWidget::tabInserted(index);
+  setVisible(true);
+}
+
+void EditorTabs::tabRemoved(int index) {
+  QTabWidget::tabRemoved(index);
+  setVisible(count() > 0);
 }
 
 // ---- finding
@@ -216,7 +229,7 @@ void EditorTabs::remove(const Form& form) {
 }
 
 bool EditorTabs::close_all() {
-  while (count() > 1) {
+  while (count() > fixed_) {
     setCurrentIndex(count() - 1);
     if (!close_tab(count() - 1)) return false;
   }

@@ -1,4 +1,5 @@
-// The middle of the main window: the lists in the first tab, and each open form in one of its own.
+// The middle of the main window: the lists in the first tab, and each open form in one of its own. Beside it a second
+// one may stand, without lists, in which a preview is seen next to another.
 //
 // A form is loaded when it is opened and unloaded when its tab has gone; the registry of open objects hears of both.
 #pragma once
@@ -15,7 +16,8 @@ namespace quor {
 
 class EditorTabs : public QTabWidget {
  public:
-  // `lists` is what stands in the first tab, which cannot be closed. The application outlives the tabs.
+  // `lists` is what stands in the first tab, which cannot be closed; null: none, and the tabs are seen only while there
+  // is one. The application outlives the tabs.
   EditorTabs(DesktopApplication& application, QWidget* lists, QWidget* parent);
   ~EditorTabs() override;
 
@@ -42,6 +44,10 @@ class EditorTabs : public QTabWidget {
   // The view in front; null while the lists are.
   FormView* current_view() const;
 
+ protected:
+  void tabInserted(int index) override;
+  void tabRemoved(int index) override;
+
  private:
   struct Editor {
     std::shared_ptr<Form> form;
@@ -61,6 +67,7 @@ class EditorTabs : public QTabWidget {
   void remove(const Form& form);
 
   DesktopApplication& application_;
+  const int fixed_;  // tabs that stay
   std::vector<Editor> editors_;
   MonthLine month_line_;
   int written_ = 0;  // objects since the start

@@ -1,5 +1,6 @@
 #include "host/desktop/window/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QScreen>
@@ -46,6 +47,7 @@ MainWindow::MainWindow(DesktopApplication& application)
       desk_top_(new DeskTopPane(application, nullptr)),
       lists_(new QStackedWidget),
       tabs_(new EditorTabs(application, lists_, nullptr)),
+      beside_(new EditorTabs(application, nullptr, nullptr)),
       company_(new QLabel),
       user_(new QLabel),
       month_(new QLabel) {
@@ -53,10 +55,12 @@ MainWindow::MainWindow(DesktopApplication& application)
   add_panes();
   add_menus();
   listen();
-  tabs_->say_of_months([this](const Month& month) {
-    const HourglassPointer hourglass;
-    return month_state_line(month_state(application_, month));
-  });
+  for (EditorTabs* const tabs : all_tabs()) {
+    tabs->say_of_months([this](const Month& month) {
+      const HourglassPointer hourglass;
+      return month_state_line(month_state(application_, month));
+    });
+  }
   act([this] {
     desk_top_->refresh();
     show_status();
@@ -78,8 +82,10 @@ void MainWindow::add_panes() {
   left_->setStretchFactor(1, 2);
   across_->addWidget(left_);
   across_->addWidget(tabs_);
+  across_->addWidget(beside_);
   across_->setStretchFactor(1, 1);
-  across_->setSizes({290, 900});
+  across_->setStretchFactor(2, 1);
+  across_->setSizes({290, 900, 900});
   across_->setChildrenCollapsible(false);
   setCentralWidget(across_);
   for (QLabel* label : {company_, user_, month_}) {
@@ -153,8 +159,10 @@ void MainWindow::object_changed(const std::string& object_type) {
     const auto pane = panes_.find(object_type);
     if (pane != panes_.end() && pane->second != nullptr) pane->second->refresh();
     desk_top_->refresh();
-    tabs_->show_titles();
-    tabs_->refresh_band();
+    for (EditorTabs* const tabs : all_tabs()) {
+      tabs->show_titles();
+      tabs->refresh_band();
+    }
   });
 }
 
@@ -164,8 +172,10 @@ void MainWindow::refresh_all() {
       if (pane != nullptr) pane->refresh();
     }
     desk_top_->refresh();
-    tabs_->show_titles();
-    tabs_->refresh_band();
+    for (EditorTabs* const tabs : all_tabs()) {
+      tabs->show_titles();
+      tabs->refresh_band();
+    }
     show_status();
   });
 }
@@ -189,7 +199,7 @@ void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_des
 // read, it opens it. The host's own types have an entry for each.
 void MainWindow::choose(const MenuPlace& place, const MenuEntry& entry) {
   act([&] {
-    click(place, entry);
+    click(place, entry, *tabs_);
     const bool opens = entry.Purpose == MenuPurpose::kOpen && !place.object.empty();
     if (!opens || application_.host_type(place.object_type) != nullptr ||
         object_name(application_, place.object).isEmpty())
@@ -199,27 +209,34 @@ void MainWindow::choose(const MenuPlace& place, const MenuEntry& entry) {
 }
 
 void MainWindow::carry_out(const MenuPlace& place, const MenuEntry& entry) {
-  act([&] { click(place, entry); });
+  act([&] { click(place, entry, *tabs_); });
+}
+
+void MainWindow::carry_out_beside(const MenuPlace& place, const MenuEntry& entry) {
+  act([&] { click(place, entry, *beside_); });
 }
 
 void MainWindow::carry_out(const MenuPlace& place, MenuPurpose purpose) {
   act([&] {
-    if (const auto entry = wanted_entry(application_, place, purpose)) click(place, *entry);
+    if (const auto entry = wanted_entry(application_, place, purpose)) click(place, *entry, *tabs_);
   });
 }
 
-void MainWindow::click(const MenuPlace& place, const MenuEntry& entry) {
+// An object has one editor; a preview, which is none, may be open in either tabs.
+void MainWindow::click(const MenuPlace& place, const MenuEntry& entry, EditorTabs& tabs) {
   const bool opens = entry.Purpose == MenuPurpose::kOpen;
   const bool on_group = place.object.empty() && place != place_of_type(place.object_type);
   const QString opened_by = on_group ? QString::fromStdString(place.object_type + ' ' + entry.Identifier) : QString();
-  if (opens && tabs_->bring_forward(place.object)) return;
-  if (tabs_->bring_forward_opened_by(opened_by)) return;
+  for (EditorTabs* const each : all_tabs()) {
+    if (opens && each->bring_forward(place.object)) return;
+  }
+  if (tabs.bring_forward_opened_by(opened_by)) return;
   const ClickResult result = click_entry(application_, place, entry);
   switch (result.Action) {
     case ClickAction::kShowForm:
       // What opens an object shows it; what else shows a form of a type, makes a new object. A group has none.
       if (result.EditorForm) {
-        tabs_->open(result.EditorForm, on_group ? "" : opens ? place.object : place.object_type, opened_by);
+        tabs.open(result.EditorForm, on_group ? "" : opens ? place.object : place.object_type, opened_by);
       }
       break;
     case ClickAction::kRemoved:
@@ -285,8 +302,14 @@ void MainWindow::administer_rights() {
   });
 }
 
+EditorTabs& MainWindow::tabs_in_use() const {
+  return beside_->isAncestorOf(QApplication::focusWidget()) ? *beside_ : *tabs_;
+}
+
+bool MainWindow::close_all_tabs() { return beside_->close_all() && tabs_->close_all(); }
+
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (application_.busy() > 0 || !tabs_->close_all()) {
+  if (application_.busy() > 0 || !close_all_tabs()) {
     event->ignore();
     return;
   }

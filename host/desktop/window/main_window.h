@@ -6,6 +6,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <array>
 #include <map>
 
 #include "host/desktop/window/desk_top_pane.h"
@@ -27,6 +28,7 @@ class MainWindow : public QMainWindow {
   ~MainWindow() override;
 
   EditorTabs& tabs() { return *tabs_; }
+  EditorTabs& tabs_beside() { return *beside_; }
   DeskTopPane& desk_top() { return *desk_top_; }
   ExplorerTree& explorer() { return *explorer_; }
   // The list in front; null before the first one was read.
@@ -38,6 +40,8 @@ class MainWindow : public QMainWindow {
   void carry_out(const MenuPlace& place, const MenuEntry& entry);
   // The same by what the entry is for; nothing when the place has none.
   void carry_out(const MenuPlace& place, MenuPurpose purpose);
+  // The same in the tabs beside the others, where a second preview is seen next to the first.
+  void carry_out_beside(const MenuPlace& place, const MenuEntry& entry);
   // What the company holds may have changed: every list, the desk top and the status line are read again.
   void refresh_all();
 
@@ -56,7 +60,11 @@ class MainWindow : public QMainWindow {
 
   void show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top);
   void choose(const MenuPlace& place, const MenuEntry& entry);
-  void click(const MenuPlace& place, const MenuEntry& entry);
+  void click(const MenuPlace& place, const MenuEntry& entry, EditorTabs& tabs);
+  std::array<EditorTabs*, 2> all_tabs() const { return {tabs_, beside_}; }
+  // Those in which the focus is.
+  EditorTabs& tabs_in_use() const;
+  bool close_all_tabs();
   void put_on_desk_top(const std::string& object, const std::shared_ptr<Form>& editor);
   void take_off_desk_top(const std::string& object);
   void object_changed(const std::string& object_type);
@@ -72,6 +80,7 @@ class MainWindow : public QMainWindow {
   DeskTopPane* desk_top_;
   QStackedWidget* lists_;
   EditorTabs* tabs_;
+  EditorTabs* beside_;
   std::map<std::string, ObjectListPane*> panes_;  // by type, once shown
   QLabel* company_;
   QLabel* user_;

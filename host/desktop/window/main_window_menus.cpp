@@ -36,6 +36,7 @@ void MainWindow::add_company_menu() {
 // What the groups' menus offer, always in sight.
 void MainWindow::add_group_commands(QMenu& menu, QToolBar& tools) {
   int number = 0;
+  std::vector<QAction*> beside;  // a second one next to the first
   for (const auto& layout : application_.registrations().layouts) {
     for (const auto& group : layout->groups) {
       const MenuPlace place = place_of_group(application_, group->object_type);
@@ -49,9 +50,17 @@ void MainWindow::add_group_commands(QMenu& menu, QToolBar& tools) {
         connect(command, &QAction::triggered, this, [this, place, entry] { carry_out(place, entry); });
         menu.addAction(command);
         tools.addAction(command);
+        auto* const second = new QAction("Šalia: " + caption, this);
+        if (number <= 9) {
+          second->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | static_cast<Qt::Key>(Qt::Key_0 + number)));
+        }
+        connect(second, &QAction::triggered, this, [this, place, entry] { carry_out_beside(place, entry); });
+        beside.push_back(second);
       }
     }
   }
+  menu.addSeparator();
+  for (QAction* const second : beside) menu.addAction(second);
 }
 
 void MainWindow::add_window_menu() {
@@ -61,9 +70,9 @@ void MainWindow::add_window_menu() {
     if (list() != nullptr) list()->focus_list();
   });
   menu.addAction("Už&verti kortelę", QKeySequence(Qt::CTRL | Qt::Key_W), this,
-                 [this] { tabs_->close_tab(tabs_->currentIndex()); });
+                 [this] { tabs_in_use().close_tab(tabs_in_use().currentIndex()); });
   menu.addAction("Užverti &visas korteles", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this,
-                 [this] { tabs_->close_all(); });
+                 [this] { close_all_tabs(); });
 }
 
 }  // namespace quor

@@ -382,6 +382,24 @@ TEST_F(SampleWindowTest, TheSupplementPreviewLeadsToThePersonalEditorsAndBack) {
   EXPECT_GE(std::stoi(list.text(0, list.column("ExperienceYears"))), 40);
 }
 
+TEST_F(SampleWindowTest, ASecondPreviewIsFilledBesideTheFirst) {
+  open();
+  const auto rows_of = [](EditorTabs& tabs) {
+    return dynamic_cast<ListView&>(*tabs.current_view()->form().find("lvwRows")).row_count();
+  };
+  EXPECT_FALSE(window_->tabs_beside().isVisible());
+  press(Qt::Key_1, Qt::ControlModifier);
+  press(Qt::Key_F5);
+  for (int again = 0; again < 2; ++again) press(Qt::Key_1, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(window_->tabs_beside().count(), 1) << "brought forward the second time";
+  EXPECT_EQ(rows_of(window_->tabs_beside()), 0U);
+  press(Qt::Key_F5);
+  EXPECT_EQ(rows_of(window_->tabs_beside()), rows_of(window_->tabs()));
+  press(Qt::Key_W, Qt::ControlModifier);
+  EXPECT_FALSE(window_->tabs_beside().isVisible()) << "that in which the user is";
+  EXPECT_EQ(window_->tabs().count(), 2);
+}
+
 TEST(FirstStart, MakesTheSampleCompany) {
   const TemporaryFolder folder;
   const QString place = QString::fromStdString(folder.path("a.quor"));
