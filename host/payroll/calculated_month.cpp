@@ -87,8 +87,8 @@ class Lines {
 // Stores what is calculated, as long as it is of the inputs of today.
 class Storing : public MonthTaker {
  public:
-  Storing(Application& application, const Month& month, std::optional<std::int32_t> department)
-      : database_(application.company().database()), month_(month), department_(department) {}
+  Storing(Application& application, const Month& month, const MonthOptions& options)
+      : database_(application.company().database()), month_(month), options_(options) {}
 
   void begin(const MonthInputs& inputs) override {
     require_open(database_, month_);
@@ -108,14 +108,16 @@ class Storing : public MonthTaker {
     return true;
   }
   bool take_end() override {
-    if (!note(remove_ended(database_, month_, department_, result_.inputs))) return false;
-    return department_ || note_last_calculation(database_, month_, result_.inputs);
+    if (!options_.people.empty()) return true;
+    if (!note(remove_ended(database_, month_, options_.department, result_.inputs))) return false;
+    return !options_.of_everybody() || note_last_calculation(database_, month_, result_.inputs);
   }
 
   CalculatedMonth result(bool cancelled) {
     std::sort(changed_.begin(), changed_.end());
     changed_.erase(std::unique(changed_.begin(), changed_.end()), changed_.end());
     result_.changed = static_cast<std::int32_t>(changed_.size());
+    result_.changed_people = std::move(changed_);
     result_.cancelled = cancelled;
     result_.rows = lines_.in_order(*alphabet_);
     return std::move(result_);
@@ -130,7 +132,7 @@ class Storing : public MonthTaker {
 
   Database& database_;
   const Month& month_;
-  const std::optional<std::int32_t> department_;
+  const MonthOptions& options_;
   std::shared_ptr<Recordset> alphabet_;
   ChangedDocuments changed_;
   CalculatedMonth result_;
@@ -142,7 +144,7 @@ class Storing : public MonthTaker {
 CalculatedMonth calculate_month(Application& application, const Month& month, const MonthOptions& options) {
   application.guard().require_right(UserRight::kWrite, kSalaryExtensionType, "skaičiuoti darbo užmokesčio");
   const bool may_see = application.HasRight(UserRight::kView, kSalaryExtensionType, 0);
-  Storing storing(application, month, options.department);
+  Storing storing(application, month, options);
   const bool whole = calculate_people(application, month, options, storing);
   CalculatedMonth result = storing.result(!whole);
   if (!may_see) result.rows = Recordset::from_columns({kRowFields.begin(), kRowFields.end()});

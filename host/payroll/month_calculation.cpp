@@ -1,6 +1,7 @@
 #include "host/payroll/month_calculation.h"
 
 #include <algorithm>
+#include <set>
 
 #include "platform/data/error.h"
 
@@ -25,6 +26,10 @@ World read_world(Application& application, const Month& month, const MonthOption
   const Snapshot snapshot(company.database());
   company.refresh();
   MonthInputs inputs = read_month_inputs(company, month, options.department);
+  if (!options.people.empty()) {
+    const std::set<std::int32_t> chosen(options.people.begin(), options.people.end());
+    std::erase_if(inputs.people, [&](const PersonInput& person) { return !chosen.contains(person.employee); });
+  }
   DocumentCalculation calculation(application, month, inputs);
   return {std::move(inputs), std::move(calculation)};
 }

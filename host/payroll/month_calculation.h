@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "host/application/application.h"
 #include "host/payroll/document_calculation.h"
@@ -15,10 +16,14 @@
 
 namespace quor {
 
+// Whom a run is about.
 struct MonthOptions {
   std::optional<std::int32_t> department = {};                             // with its sub-departments; none: everybody
+  std::vector<std::int32_t> people = {};                                   // these alone; none: everybody
   std::function<void(std::int32_t done, std::int32_t all)> progress = {};  // begins anew with the calculation
   std::function<bool()> cancelled = {};                                    // asked before each person
+
+  bool of_everybody() const { return !department && people.empty(); }
 };
 
 // Takes the results. A call that answers false has found that the inputs are others by now.

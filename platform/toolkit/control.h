@@ -83,6 +83,7 @@ class Control {
   std::function<void(ControlChange)> observer_;
 };
 
+class Chart;
 class CheckBox;
 class ChoiceBox;
 class CommandButton;
@@ -99,6 +100,7 @@ class TextBox;
 class ControlVisitor {
  public:
   virtual ~ControlVisitor() = default;
+  virtual void visit(Chart& chart) = 0;
   virtual void visit(CheckBox& box) = 0;
   virtual void visit(ChoiceBox& box) = 0;
   virtual void visit(CommandButton& button) = 0;

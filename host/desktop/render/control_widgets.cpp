@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "host/desktop/edge/mnemonics.h"
+#include "host/desktop/render/chart_widget.h"
 #include "host/desktop/render/choice_edit.h"
 #include "host/desktop/render/date_edit.h"
 #include "host/desktop/render/list_view_widget.h"
@@ -31,6 +32,7 @@ class Maker : public ControlVisitor {
   ControlWidget made;
 
   void visit(TextBox& box) override { make<TextBoxEdit>(box, place_.acts, place_.parent); }
+  void visit(Chart& chart) override { make<ChartWidget>(chart, place_.acts, place_.parent); }
   void visit(ChoiceBox& box) override { make<ChoiceEdit>(box, place_.acts, place_.parent); }
   void visit(DatePicker& picker) override { make<DateEdit>(picker, place_.acts, place_.parent); }
   void visit(ListView& list) override {

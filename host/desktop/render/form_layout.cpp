@@ -5,6 +5,7 @@
 #include <QTabWidget>
 #include <algorithm>
 
+#include "platform/toolkit/chart.h"
 #include "platform/toolkit/list_view.h"
 #include "platform/toolkit/text_box.h"
 
@@ -20,10 +21,10 @@ bool holds(const LayoutNode& node) {
   return std::any_of(node.children.begin(), node.children.end(), holds<Wanted>);
 }
 
-bool takes_height(const LayoutNode& node) { return node.kind == Kind::kPages || holds<ListView>(node); }
-bool takes_width(const LayoutNode& node) {
-  return node.kind == Kind::kPages || holds<ListView>(node) || holds<TextBox>(node);
+bool takes_height(const LayoutNode& node) {
+  return node.kind == Kind::kPages || holds<ListView>(node) || holds<Chart>(node);
 }
+bool takes_width(const LayoutNode& node) { return takes_height(node) || holds<TextBox>(node); }
 
 bool is_button(const LayoutNode& node) { return dynamic_cast<const CommandButton*>(node.control) != nullptr; }
 
