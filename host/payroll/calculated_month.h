@@ -11,9 +11,9 @@
 namespace quor {
 
 struct CalculatedMonth {
-  std::int32_t all = 0;         // people in force
-  std::int32_t done = 0;        // calculated or found at fault, and stored
-  std::int32_t changed = 0;     // people whose documents were written or removed: how many of
+  std::int32_t all = 0;      // people in force
+  std::int32_t done = 0;     // calculated or found at fault, and stored
+  std::int32_t changed = 0;  // people whose documents were written or removed: how many of
   ChangedDocuments changed_people = {};
   std::int64_t inputs = 0;      // the state that it was calculated from, see Database::pay_inputs_count
   std::int32_t over_limit = 0;  // people whose sums are over a limit of the settings

@@ -79,10 +79,12 @@ void store_closing(Database& database, const Month& month, const std::string& us
 }
 
 // False when others have written something that was compared.
-bool close_if_ready(Application& application, const Month& month) {
+bool close_if_ready(Application& application, const Month& month, const MonthOptions& options) {
   Database& database = application.company().database();
   const MonthStamp before = month_stamp(database, month);
-  const MonthComparison found = compare_month(application, month);
+  const MonthComparison found = compare_month(application, month, options);
+  if (found.cancelled)
+    throw Error(ErrorKind::kRefused, "Mėnuo " + month.text() + " neuždarytas: tikrinimas nutrauktas.");
   if (const std::string against = objections(database, month, found); !against.empty()) {
     throw MonthNotReady("Mėnesio " + month.text() + " uždaryti negalima:" + against);
   }
@@ -96,7 +98,8 @@ bool close_if_ready(Application& application, const Month& month) {
 
 }  // namespace
 
-void close_month(Application& application, const Month& month, const std::optional<std::string>& despite) {
+void close_month(Application& application, const Month& month, const std::optional<std::string>& despite,
+                 const MonthOptions& watching) {
   application.guard().require_administrator("uždaryti mėnesio");
   Company& company = application.company();
   Database& database = company.database();
@@ -110,7 +113,8 @@ void close_month(Application& application, const Month& month, const std::option
     company.refresh();
     require_not_closed(database, month);
     int attempt = 1;
-    while (!close_if_ready(application, month)) {
+    const MonthOptions options{.progress = watching.progress, .cancelled = watching.cancelled};
+    while (!close_if_ready(application, month, options)) {
       if (++attempt > kAttempts) {
         throw StoreError(StoreFault::kChangedElsewhere,
                          "Mėnuo " + month.text() +
@@ -130,6 +134,23 @@ void reopen_month(Application& application, const Month& month, const std::strin
     throw Error(ErrorKind::kRefused, "Mėnuo " + month.text() + " nėra uždarytas.");
   }
   note(database, month, false, application.user(), change_time(), reason);
+  transaction.commit();
+  application.company().forget();
+}
+
+void delete_documents_of(Application& application, const Month& month) {
+  application.guard().require_administrator("naikinti mėnesio dokumentų");
+  Database& database = application.company().database();
+  Transaction transaction(database, Writes::kOther);
+  require_open(database, month);
+  for (const char* rows : {"salary_rows", "time_rows", "document_positions"}) {
+    database.execute(
+        std::string("DELETE FROM ") + rows + " WHERE document_id IN (SELECT id FROM documents WHERE month = :p0)",
+        {month.first_day()});
+  }
+  for (const char* table : {"documents", "month_faults", "month_runs"}) {
+    database.execute(std::string("DELETE FROM ") + table + " WHERE month = :p0", {month.first_day()});
+  }
   transaction.commit();
   application.company().forget();
 }

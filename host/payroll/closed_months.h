@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "host/application/application.h"
+#include "host/payroll/month_calculation.h"
 #include "platform/data/month.h"
 
 namespace quor {
@@ -27,12 +28,18 @@ class MonthNotReady : public std::runtime_error {
 // of one state of the company. With `despite`, the reason why the month is closed as it stands, nothing is calculated.
 // Throws MonthNotReady; quor::Error when the user is no administrator, when it is closed already or the reason is
 // blank, too long or of several lines; StoreError, also when others write again and again meanwhile; what the
-// calculation throws. It stays open then.
-void close_month(Application& application, const Month& month, const std::optional<std::string>& despite = {});
+// calculation throws; Error when `watching` cancels the calculation. It stays open then. `watching` is told how far the
+// calculation is; whom it is about is always everybody.
+void close_month(Application& application, const Month& month, const std::optional<std::string>& despite = {},
+                 const MonthOptions& watching = {});
 
 // Opens it again as the application's user. Throws quor::Error when the user is no administrator, when it is not
 // closed, or for the reason as above.
 void reopen_month(Application& application, const Month& month, const std::string& reason);
+
+// Deletes the documents of an open month and the faults noted in it: it is as if it had never been calculated. Throws
+// quor::Error when the user is no administrator or the month is closed.
+void delete_documents_of(Application& application, const Month& month);
 
 struct MonthClosing {
   bool closed;  // or opened again

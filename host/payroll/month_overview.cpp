@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <tuple>
 #include <unordered_map>
 
 #include "frame/contract/over_limit.h"
@@ -42,13 +43,14 @@ std::string people_of(std::optional<std::int32_t> department, std::vector<Varian
 std::vector<PersonPay> read_people(Database& database, const std::string& condition,
                                    const std::vector<Variant>& values) {
   const auto rows = database.read(
-      "SELECT e.id, e.name, dep.name, d.id, d.check_code, d.check_message, f.reason FROM employees e"
+      "SELECT e.id, e.sort_key, e.name, dep.name, d.id, d.check_code, d.check_message, f.reason FROM employees e"
       " LEFT JOIN documents d ON d.employee_id = e.id AND d.month = :p0"
       " LEFT JOIN month_faults f ON f.employee_id = e.id AND f.month = :p0"
       " LEFT JOIN departments dep ON dep.id = e.department_id"
       " WHERE (d.id IS NOT NULL OR f.reason IS NOT NULL)" +
           condition + " ORDER BY e.sort_key, e.id",
       {{"ID", FieldType::kInt32},
+       {"SortKey", FieldType::kText},
        {"Name", FieldType::kText},
        {"Department", FieldType::kText},
        {"Document", FieldType::kInt32},
@@ -59,12 +61,13 @@ std::vector<PersonPay> read_people(Database& database, const std::string& condit
   std::vector<PersonPay> people;
   for (; !rows->Eof(); rows->MoveNext()) {
     people.push_back({.employee = rows->int32({0}),
-                      .name = std::string(rows->text({1})),
-                      .department = std::string(rows->text({2})),
-                      .has_document = !rows->is_null({3}),
-                      .over_limit = rows->int32({4}) == kOverLimit,
-                      .check = std::string(rows->text({5})),
-                      .fault = std::string(rows->text({6}))});
+                      .sort_key = std::string(rows->text({1})),
+                      .name = std::string(rows->text({2})),
+                      .department = std::string(rows->text({3})),
+                      .has_document = !rows->is_null({4}),
+                      .over_limit = rows->int32({5}) == kOverLimit,
+                      .check = std::string(rows->text({6})),
+                      .fault = std::string(rows->text({7}))});
   }
   return people;
 }
@@ -123,39 +126,37 @@ std::vector<DepartmentPay> by_department(const std::vector<PersonPay>& people) {
   return all;
 }
 
-std::vector<PersonDifference> pay_differences(const std::vector<PersonPay>& before, const std::vector<PersonPay>& now) {
-  std::unordered_map<std::int32_t, const PersonPay*> earlier;
-  for (const PersonPay& person : before) earlier.emplace(person.employee, &person);
-  std::unordered_map<std::int32_t, std::size_t> place;  // who is in both, by place in `now`
-  for (std::size_t i = 0; i < now.size(); ++i) place.emplace(now[i].employee, i);
+namespace {
 
-  std::vector<PersonDifference> all;
-  const auto add = [&](const PersonPay* was, const PersonPay* is) {
-    const bool was_paid = was != nullptr && was->has_document, is_paid = is != nullptr && is->has_document;
-    PersonDifference difference{.person = is != nullptr ? *is : *was};
-    if (was_paid) difference.before = was->pay;
-    if (is_paid) difference.now = is->pay;
-    if (was_paid != is_paid) {
-      difference.change = is_paid ? PayChange::kJoined : PayChange::kLeft;
-    } else if (!(difference.before == difference.now)) {
-      difference.change = PayChange::kChanged;
-    }
-    all.push_back(std::move(difference));
-  };
-  // Two lists in one order: who is only in the earlier one stands before whoever follows him there.
-  auto was = before.begin();
-  for (const PersonPay& is : now) {
-    const auto found = earlier.find(is.employee);
-    if (found != earlier.end()) {
-      for (; was != before.end() && was->employee != is.employee; ++was) {
-        if (!place.contains(was->employee)) add(&*was, nullptr);
-      }
-      if (was != before.end()) ++was;
-    }
-    add(found == earlier.end() ? nullptr : found->second, &is);
+PersonDifference difference_of(const PersonPay* was, const PersonPay* is) {
+  const bool was_paid = was != nullptr && was->has_document, is_paid = is != nullptr && is->has_document;
+  PersonDifference difference{.person = is != nullptr ? *is : *was};
+  if (was_paid) difference.before = was->pay;
+  if (is_paid) difference.now = is->pay;
+  if (was_paid != is_paid) {
+    difference.change = is_paid ? PayChange::kJoined : PayChange::kLeft;
+  } else if (!(difference.before == difference.now)) {
+    difference.change = PayChange::kChanged;
   }
-  for (; was != before.end(); ++was) {
-    if (!place.contains(was->employee)) add(&*was, nullptr);
+  return difference;
+}
+
+}  // namespace
+
+// Two lists in one order are walked beside each other.
+std::vector<PersonDifference> pay_differences(const std::vector<PersonPay>& before, const std::vector<PersonPay>& now) {
+  const auto stands_before = [](const PersonPay& one, const PersonPay& other) {
+    return std::tie(one.sort_key, one.employee) < std::tie(other.sort_key, other.employee);
+  };
+  std::vector<PersonDifference> all;
+  auto was = before.begin();
+  auto is = now.begin();
+  while (was != before.end() || is != now.end()) {
+    const bool only_before = is == now.end() || (was != before.end() && stands_before(*was, *is));
+    const bool only_now = !only_before && (was == before.end() || stands_before(*is, *was));
+    all.push_back(difference_of(only_now ? nullptr : &*was, only_before ? nullptr : &*is));
+    if (!only_now) ++was;
+    if (!only_before) ++is;
   }
   return all;
 }

@@ -30,6 +30,7 @@ Pay operator-(const Pay& now, const Pay& before);
 
 struct PersonPay {
   std::int32_t employee = 0;
+  std::string sort_key = {};  // of the name, as the store keeps it
   std::string name;
   std::string department;  // of today
   bool has_document = false;
@@ -60,7 +61,7 @@ struct PersonDifference {
   Pay now = {};
   PayChange change = PayChange::kNone;
 };
-// Both in alphabetical order, as is the answer; who has no document in a month was not paid in it.
+// All three in alphabetical order; who has no document in a month was not paid in it.
 std::vector<PersonDifference> pay_differences(const std::vector<PersonPay>& before, const std::vector<PersonPay>& now);
 
 // January to December.

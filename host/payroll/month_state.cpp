@@ -52,14 +52,18 @@ std::int32_t recorded_since(Database& database, const Month& month, const std::s
   return count->int32({0});
 }
 
-void compare(Application& application, MonthState& state) {
-  const MonthComparison found = compare_month(application, state.month);
+// False when it was cancelled.
+bool compare(Application& application, MonthState& state, const MonthOptions& watching) {
+  const MonthComparison found =
+      compare_month(application, state.month, {.progress = watching.progress, .cancelled = watching.cancelled});
+  if (found.cancelled) return false;
   std::set<std::int32_t> missing;
   for (const NamedPerson& person : found.missing) missing.insert(person.employee);
   state.changed = static_cast<std::int32_t>(found.changed.size() + found.ended.size());
   for (const PersonFault& fault : found.faults) state.faults.push_back({fault, missing.erase(fault.employee) == 0});
   const bool as_a_whole = last_calculation(application.company().database(), state.month) != LastCalculation::kNone;
   (as_a_whole ? state.changed : state.uncalculated) += static_cast<std::int32_t>(missing.size());
+  return true;
 }
 
 // "1 žmogaus", "3 žmonių", "21 žmogaus".
@@ -78,7 +82,7 @@ std::string faults_text(const std::vector<StateFault>& faults) {
 
 }  // namespace
 
-MonthState month_state(Application& application, const Month& month) {
+MonthState month_state(Application& application, const Month& month, const MonthOptions& watching) {
   application.guard().require_view(kSalaryExtensionType);
   Company& company = application.company();
   Database& database = company.database();
@@ -102,7 +106,10 @@ MonthState month_state(Application& application, const Month& month) {
   const auto known = states.find(month.first_day());
   if (known != states.end() && known->second.stamp == now) return known->second.state;
   try {
-    compare(application, state);
+    if (!compare(application, state, watching)) {
+      state.unknown = "tikrinimas nutrauktas";
+      return state;
+    }
   } catch (const Error& error) {
     state.unknown = error.what();
   }

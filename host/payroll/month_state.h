@@ -9,6 +9,7 @@
 #include "host/application/application.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/document_store.h"
+#include "host/payroll/month_calculation.h"
 
 namespace quor {
 
@@ -31,9 +32,9 @@ struct MonthState {
 };
 
 // Cheap while a calculation of everybody holds and of a closed month. Otherwise the month is calculated without
-// storing, once for each state of the company: the answer is remembered beside it. Throws StoreError, PluginError, and
-// Error when the user may not view the salary extension.
-MonthState month_state(Application& application, const Month& month);
+// storing, once for each state of the company: the answer is remembered beside it, unless `watching` cancels it, which
+// leaves the state unknown. Throws StoreError, PluginError, and Error when the user may not view the salary extension.
+MonthState month_state(Application& application, const Month& month, const MonthOptions& watching = {});
 
 // One line for the user, "2008.01: po skaičiavimo pakeista duomenų (3 žmonių)"; "" for an open month of today's data
 // without faults.
