@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "host/company/in_force.h"
+#include "host/objects/record_rules.h"
 #include "host/objects/record_types.h"
 #include "host/store/object_codes.h"
 #include "host/store/record_guard.h"
@@ -21,12 +22,25 @@ struct Use {
 };
 
 const std::vector<Use>& uses() {
+  const std::string number = "(SELECT code_id FROM indications WHERE id = :p0)";  // of the time code
   static const std::vector<Use> all = {
       {kCategoryType, "positions WHERE category_id = :p0", "darbuotojų pareigybėse"},
       {kSalaryExtensionType, "time_rows WHERE position_id = :p0", "mėnesių dokumentuose"},
       {kSalaryExtensionType,
        std::string("extra_charges WHERE salary_extra_oid = '") + kSalaryExtensionType + "' || CAST(:p0 AS TEXT)",
        "asmeniniuose prieduose"},
+      {kDepartmentType, "employees WHERE department_id = :p0", "darbuotojų kortelėse"},
+      {kDepartmentType, "departments WHERE parent_id = :p0", "žemesniuose padaliniuose"},
+      {kConstantType, "settings WHERE :p0 IN (base_month_tariff_id, base_hour_tariff_id)",
+       "valstybės tarnautojų nustatymuose"},
+      {kConstantType, "positions WHERE constant_type_id = :p0", "darbuotojų pareigybėse"},
+      {kTimeCodeType, "worked_time WHERE time_code_id = " + number, "darbo laiko įrašuose"},
+      {kTimeCodeType,
+       "settings WHERE ',' || personal_time_code_id_list || ',' LIKE '%,' || CAST(" + number + " AS TEXT) || ',%'",
+       "valstybės tarnautojų nustatymuose"},
+      {kTimeCodeType, "time_rows WHERE time_code_id = " + number, "mėnesių dokumentuose"},
+      {kSalaryCodeType, "extra_charges WHERE salary_code_id = :p0", "darbuotojų prieduose"},
+      {kSalaryCodeType, "salary_rows WHERE salary_code_id = :p0", "mėnesių dokumentuose"},
       // What was paid stays known; an open month is calculated again without the charge.
       {kPersonalChargeType,
        "closed_months c JOIN documents d ON d.month = c.month JOIN extra_charges e ON e.employee_id = d.employee_id"
@@ -45,7 +59,8 @@ std::string name_of(Database& database, const RecordType& type, std::int32_t id,
     if (type.name_field != nullptr && field.info.name == type.name_field) shown = &field;
   }
   const auto record = database.read(
-      std::string("SELECT ") + shown->column() + " FROM " + type.table + " WHERE id = :p0", {shown->info}, {id});
+      std::string("SELECT ") + shown->column() + " FROM " + type.table + " WHERE id = :p0" + type.and_only(),
+      {shown->info}, {id});
   if (record->RecordCount() == 0) throw_changed_elsewhere(database, type.table, id);
   const std::string name = type.name_field == nullptr ? "" : null_to_text(record->field(FieldHandle{0}));
   return name.empty() ? key : name;
@@ -96,6 +111,7 @@ void delete_object(QuorApplication& application, Company& company, const std::st
   Transaction transaction(database);
   const std::string name = name_of(database, *type, *id, key);
   refuse_used(database, *type, *id, name);
+  refuse_needed_record(database, *type, *id, name);
   if (code == kSettingsType) refuse_settings_of_closed_months(database, *id, name);
 
   database.execute("DELETE FROM desk_top WHERE object = :p0", {key});

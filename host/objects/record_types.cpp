@@ -97,8 +97,42 @@ RecordType settings() {
                                                     {"Percentage", "percentage"}})}};
 }
 
+RecordType departments() {
+  return {kDepartmentType, "departments", "padalinių",
+          record_fields("departments", {{"Name", "name"}, {"ParentID", "parent_id"}}), "Name"};
+}
+
+RecordType constants() {
+  return {kConstantType,
+          "constant_types",
+          "darbo užmokesčio konstantų",
+          record_fields("constant_types", {{"Code", "code"}, {"Name", "name"}}),
+          "Name",
+          ChildRows{"Rows", "constant_values", "constant_type_id", nullptr, "date_from, id",
+                    record_fields("constant_values", {{"DateFrom", "date_from"}, {"Value", "value"}})}};
+}
+
+// The number by which rows name a time code is the program's business.
+RecordType time_codes() {
+  return {.object_type = kTimeCodeType,
+          .table = "indications",
+          .plural = "laiko kodų",
+          .fields = record_fields("indications", {{"Code", "code"}, {"Name", "code_name"}}),
+          .name_field = "Name",
+          .rows = std::nullopt,
+          .read_only = false,
+          .only = "indication_code = 'WorkTime'"};
+}
+
+RecordType salary_codes() {
+  return {kSalaryCodeType, "salary_codes", "darbo užmokesčio kodų",
+          record_fields("salary_codes", {{"Code", "code"}, {"Name", "name"}}), "Name"};
+}
+
 const std::vector<RecordType>& record_types() {
-  static const std::vector<RecordType> types = {employees(), personal_charges(), positions(), categories(), settings()};
+  static const std::vector<RecordType> types = {employees(),  personal_charges(), positions(),
+                                                categories(), settings(),         departments(),
+                                                constants(),  time_codes(),       salary_codes()};
   return types;
 }
 

@@ -36,7 +36,7 @@ struct ChildRows {
   const char* field;
   const char* table;
   const char* owner_column;  // holds the record's ID
-  const char* owner_guid;    // the field of a row that shows the record's GUID
+  const char* owner_guid;    // the field of a row that shows the record's GUID; null: records without one
   const char* order;         // of the rows, as SQL
   std::vector<RecordField> fields;
 };
@@ -50,6 +50,11 @@ struct RecordType {
   const char* name_field = nullptr;  // shown as the object's name
   std::optional<ChildRows> rows = std::nullopt;
   bool read_only = false;  // kept by another part of the program: only read as objects, never saved or deleted
+  // Of the table's rows those alone, as SQL; null: all.
+  const char* only = nullptr;
+
+  // " AND …" of `only`, behind a WHERE.
+  std::string and_only() const { return only == nullptr ? "" : std::string(" AND ") + only; }
 };
 
 // Whether its records have a field GUID.

@@ -1,13 +1,17 @@
 #include "host/objects/standard_object_uio.h"
 
+#include <algorithm>
+
 #include "host/company/closed_reach.h"
 #include "host/company/guid.h"
 #include "host/company/rights.h"
 #include "host/company/tariff_gaps.h"
 #include "host/objects/child_rows.h"
 #include "host/objects/record_checks.h"
+#include "host/objects/record_rules.h"
 #include "host/store/object_codes.h"
 #include "host/store/record_guard.h"
+#include "host/store/sort_key.h"
 #include "host/store/tables/column_values.h"
 #include "platform/data/error.h"
 
@@ -160,12 +164,13 @@ bool StandardObjectUIO::read_record(std::int32_t id) {
     fields.push_back(field.info);
   }
   Database& database = company_.database();
-  const auto stored = database.read("SELECT " + columns + " FROM " + type_->table + " WHERE id = :p0", fields, {id});
+  const auto stored = database.read(
+      "SELECT " + columns + " FROM " + type_->table + " WHERE id = :p0" + type_->and_only(), fields, {id});
   if (stored->RecordCount() == 0) return false;
   auto record = empty_record(*type_);
   for (const RecordField& field : type_->fields) record->set_field(field.info.name, stored->field(field.info.name));
   if (type_->rows) {
-    const std::string guid = null_to_text(record->field("GUID"));
+    const std::string guid = has_guid(*type_) ? null_to_text(record->field("GUID")) : "";
     record->set_field(type_->rows->field, read_child_rows(database, *type_->rows, id, guid));
   }
   record->Update();
@@ -221,23 +226,32 @@ void StandardObjectUIO::store_rows(std::int32_t id) {
   }
 }
 
+// By which its rows of dates are known.
+const char* StandardObjectUIO::watched_table() const { return type_->rows ? type_->rows->table : type_->table; }
+
 void StandardObjectUIO::append_values(std::int32_t id, std::vector<ColumnValue>& values) const {
   for (const RecordField& field : type_->fields) {
     values.push_back(
         {field.column(), stored_value(company_.database(), type_->table, field, id, record_->field(field.info.name))});
   }
+  if (!stored_table(type_->table).named) return;
+  const auto name = std::find_if(values.begin(), values.end(), [](const auto& each) { return each.column == "name"; });
+  values.push_back({"sort_key", lithuanian_sort_key(null_to_text(name->value))});
 }
 
 std::int32_t StandardObjectUIO::insert_record(const std::vector<Month>& agreed) {
   Database& database = company_.database();
   Transaction transaction(database);
   const std::int32_t id = database.reserve_ids(type_->table);
-  ClosedReach reach(database, type_->table, id);
-  std::vector<ColumnValue> values = {{"id", id}};
+  ClosedReach reach(database, watched_table(), id);
+  RecordRules rules(database, *type_);
+  std::vector<ColumnValue> values = program_values(database, *type_);
+  values.push_back({"id", id});
   append_values(id, values);
   insert_row(database, type_->table, values, user_);
   store_rows(id);
   check_tariffs(id);
+  rules.require(id);
   reach.require(agreed);
   transaction.commit();
   row_version_ = 1;
@@ -247,7 +261,8 @@ std::int32_t StandardObjectUIO::insert_record(const std::vector<Month>& agreed) 
 void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Month>& agreed) {
   Database& database = company_.database();
   Transaction transaction(database);
-  ClosedReach reach(database, type_->table, id);
+  ClosedReach reach(database, watched_table(), id);
+  RecordRules rules(database, *type_);
   std::vector<ColumnValue> values;
   append_values(id, values);
   if (!update_row(database, type_->table, id, values, user_, row_version_)) {
@@ -255,6 +270,7 @@ void StandardObjectUIO::update_record(std::int32_t id, const std::vector<Month>&
   }
   store_rows(id);
   check_tariffs(id);
+  rules.require(id);
   reach.require(agreed);
   transaction.commit();
   ++row_version_;

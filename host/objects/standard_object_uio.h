@@ -73,6 +73,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   std::shared_ptr<Recordset> child_rows() const;
   void check_values() const;
   void check_tariffs(std::int32_t id) const;
+  const char* watched_table() const;
   void store_rows(std::int32_t id);
   void append_values(std::int32_t id, std::vector<ColumnValue>& values) const;
   // Both throw ReachesClosedMonths for a month that is not agreed to.

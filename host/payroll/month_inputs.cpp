@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/company/departments.h"
+#include "host/company/time_code.h"
 #include "host/company/working_days.h"
 #include "host/payroll/month_settings.h"
 #include "host/payroll/value_faults.h"
@@ -150,8 +151,8 @@ double norm_of(Database& database, const Month& month) {
 }
 
 std::int32_t basic_code_of(Database& database) {
-  const auto code = database.read("SELECT code_id FROM indications WHERE indication_code = 'WorkTime' AND code = 'FD'",
-                                  {{"CodeID", FieldType::kInt32}});
+  const auto code = database.read("SELECT code_id FROM indications WHERE indication_code = :p0 AND code = :p1",
+                                  {{"CodeID", FieldType::kInt32}}, {kWorkTime, kBasicTimeCode});
   return code->RecordCount() > 0 ? code->field("CodeID").to_int32() : 0;
 }
 

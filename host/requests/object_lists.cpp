@@ -6,6 +6,7 @@
 
 #include "frame/contract/quor_object_uio.h"
 #include "host/company/in_force.h"
+#include "host/requests/list_rows.h"
 #include "host/requests/parameter_text.h"
 #include "host/store/object_codes.h"
 #include "host/store/sort_key.h"
@@ -16,6 +17,8 @@ namespace quor {
 
 namespace {
 
+constexpr std::size_t kCodeColumn = kNameColumn + 1;
+
 struct ListedType {
   std::string object_type;
   const char* caption;
@@ -25,6 +28,9 @@ struct ListedType {
   const char* order;               // as SQL; null: by name, for tables that keep no sort keys
   const char* parent_type = nullptr;
   const char* parent_column = nullptr;
+  std::size_t sorted_by = kNameColumn;  // when `order` is null
+  bool tree = false;                    // `select` has the ID of the object above behind the columns
+  std::vector<ShownRow> (*rows)(Database& database) = nullptr;  // reads them, without a `select`
 };
 
 const std::vector<ListedType>& listed_types() {
@@ -32,12 +38,15 @@ const std::vector<ListedType>& listed_types() {
   static const std::vector<ListedType> types = {
       {kDepartmentType,
        "Padaliniai",
-       "SELECT d.id, d.name, above.name FROM departments d LEFT JOIN departments above ON above.id = d.parent_id",
+       "SELECT d.id, d.name, above.name, d.parent_id FROM departments d"
+       " LEFT JOIN departments above ON above.id = d.parent_id",
        false,
        {{"Pavadinimas", kText}, {"Aukštesnis padalinys", kText}},
        "d.sort_key, d.id",
        kDepartmentType,
-       "d.parent_id"},
+       "d.parent_id",
+       kNameColumn,
+       true},
       {kEmployeeType,
        "Darbuotojai",
        "SELECT e.id, e.name, d.name FROM employees e JOIN departments d ON d.id = e.department_id",
@@ -53,6 +62,31 @@ const std::vector<ListedType>& listed_types() {
        true,
        {{"Pavadinimas", kText}, {"Kodas", kText}, {"Reikšmė", kDouble}},
        nullptr},
+      {kTimeCodeType,
+       "Laiko kodai",
+       "SELECT i.id, i.code_name, i.code FROM indications i WHERE i.indication_code = 'WorkTime'",
+       false,
+       {{"Pavadinimas", kText}, {"Kodas", kText}},
+       nullptr,
+       nullptr,
+       nullptr,
+       kCodeColumn},
+      {kSalaryCodeType,
+       "Darbo užmokesčio kodai",
+       "SELECT s.id, s.name, s.code FROM salary_codes s",
+       false,
+       {{"Pavadinimas", kText}, {"Kodas", kText}},
+       nullptr,
+       nullptr,
+       nullptr,
+       kCodeColumn},
+      {.object_type = kNormType,
+       .caption = "Mėnesių normos",
+       .select = "",
+       .by_day = false,
+       .columns = {{"Metai", kText}, {"Valandų per metus", kText}, {"Įrašyta mėnesių", kText}},
+       .order = nullptr,
+       .rows = norm_years},
       {kCategoryType,
        "Pareigybių kategorijos",
        "SELECT c.id, c.name, r.factor FROM categories c LEFT JOIN category_rows r ON r.id = " +
@@ -111,6 +145,7 @@ std::shared_ptr<Recordset> read_stored(Database& database, const ListedType& typ
                                        Date today) {
   std::vector<FieldInfo> fields = {{"ID", FieldType::kInt32}};
   fields.insert(fields.end(), type.columns.begin(), type.columns.end());
+  if (type.tree) fields.push_back({"ParentID", FieldType::kInt32});
   std::vector<Variant> values;
   if (type.by_day) values.emplace_back(today);
   std::string sql = type.select;
@@ -121,33 +156,30 @@ std::shared_ptr<Recordset> read_stored(Database& database, const ListedType& typ
   return database.read(sql + " ORDER BY " + (type.order == nullptr ? "1" : type.order), fields, values);
 }
 
-// The rows as texts: the key, then each column as it is shown.
-std::vector<std::vector<std::string>> rows_of(const ListedType& type, Recordset& stored) {
-  struct Row {
-    std::string sort_key;
-    std::vector<std::string> cells;
-  };
-  std::vector<Row> rows;
+std::vector<ShownRow> rows_of(const ListedType& type, Recordset& stored) {
+  std::vector<ShownRow> rows;
   for (; !stored.Eof(); stored.MoveNext()) {
-    Row row{{}, {object_key(type.object_type, stored.int32(FieldHandle{0}))}};
+    ShownRow row{stored.int32(FieldHandle{0}), 0, {}, {}};
+    row.cells.push_back(object_key(type.object_type, row.id));
     for (std::size_t i = 1; i <= type.columns.size(); ++i) {
       row.cells.push_back(null_to_text(stored.field(FieldHandle{i})));
     }
-    if (type.order == nullptr) row.sort_key = lithuanian_sort_key(row.cells[kNameColumn]);
+    if (type.tree) row.parent = stored.int32({type.columns.size() + 1});
+    if (type.order == nullptr) row.sort_key = lithuanian_sort_key(row.cells[type.sorted_by]);
     rows.push_back(std::move(row));
   }
-  std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) { return a.sort_key < b.sort_key; });
-  std::vector<std::vector<std::string>> cells;
-  for (Row& row : rows) cells.push_back(std::move(row.cells));
-  return cells;
+  std::stable_sort(rows.begin(), rows.end(),
+                   [](const ShownRow& a, const ShownRow& b) { return a.sort_key < b.sort_key; });
+  return rows;
 }
 
-std::shared_ptr<Recordset> shown(const ListedType& type, const std::vector<std::vector<std::string>>& rows) {
+std::shared_ptr<Recordset> shown(const ListedType& type, const std::vector<ShownRow>& rows) {
   std::vector<ColumnData> columns;
   columns.emplace_back(FieldInfo{kKeyField, FieldType::kText});
   for (const FieldInfo& column : type.columns) columns.emplace_back(FieldInfo{column.name, FieldType::kText});
-  for (const auto& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) columns[i].append(row[i]);
+  if (type.tree) columns.emplace_back(FieldInfo{kLevelField, FieldType::kText});
+  for (const ShownRow& row : rows) {
+    for (std::size_t i = 0; i < row.cells.size(); ++i) columns[i].append(row.cells[i]);
   }
   return Recordset::from_columns(std::move(columns));
 }
@@ -171,8 +203,10 @@ std::shared_ptr<Recordset> object_list(Company& company, const std::string& para
   return company
       .kept(name,
             [&] {
+              if (type->rows != nullptr) return shown(*type, type->rows(company.database()));
               const auto stored = read_stored(company.database(), *type, asked.parent, today);
-              return shown(*type, rows_of(*type, *stored));
+              std::vector<ShownRow> rows = rows_of(*type, *stored);
+              return shown(*type, type->tree ? in_tree_order(std::move(rows)) : std::move(rows));
             })
       ->Clone();
 }

@@ -11,6 +11,9 @@ namespace quor {
 // The field of a list that holds each object's key; the object's name is in the next one.
 inline constexpr char kKeyField[] = "OIDR";
 inline constexpr std::size_t kNameColumn = 1;
+// Of a list of objects that lie below each other, those of departments: how deep each lies, 0 at the top; behind the
+// columns that are shown. An object stands behind the one above it.
+inline constexpr char kLevelField[] = "Level";
 
 // What the host calls the objects of a type; "" when it keeps no list of them.
 std::string listed_caption(const std::string& object_type);

@@ -38,7 +38,7 @@ std::vector<std::int32_t> add_departments(Database& database, std::int32_t emplo
                    : area + " skyriaus " + std::string(tasks[static_cast<std::size_t>(place - 1)]) + " poskyris";
     const auto parent = place == 0 ? std::nullopt : std::optional(first + n - place);
     ids.push_back(first + n);
-    rows.append_row(first + n, parent, name, lithuanian_sort_key(name));
+    rows.append_row(first + n, parent, name, lithuanian_sort_key(name), 1);
   }
   rows.insert_into(database);
   return ids;
@@ -48,7 +48,7 @@ std::vector<std::int32_t> add_departments(Database& database, std::int32_t emplo
 std::int32_t add_constants(Database& database) {
   TableRows types("constant_types");
   for (std::int32_t n = 0; const auto& type : sample_data::constant_types())
-    types.append_row(n++, type.code, type.name);
+    types.append_row(n++, type.code, type.name, 1);
   const std::int32_t first = types.insert_with_ids(database);
 
   TableRows values("constant_values");
@@ -62,14 +62,15 @@ std::int32_t add_constants(Database& database) {
 void add_indications(Database& database) {
   TableRows rows("indications");
   for (std::int32_t n = 0; const auto& row : sample_data::indications()) {
-    rows.append_row(n++, row.indication, row.code_id, row.code, row.name);
+    rows.append_row(n++, row.indication, row.code_id, row.code, row.name, 1);
   }
   rows.insert_with_ids(database);
 }
 
 std::int32_t add_salary_codes(Database& database) {
   TableRows rows("salary_codes");
-  for (std::int32_t n = 0; const auto& code : sample_data::salary_codes()) rows.append_row(n++, code.code, code.name);
+  for (std::int32_t n = 0; const auto& code : sample_data::salary_codes())
+    rows.append_row(n++, code.code, code.name, 1);
   return rows.insert_with_ids(database);
 }
 

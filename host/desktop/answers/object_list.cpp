@@ -19,6 +19,7 @@ namespace quor {
 namespace {
 
 constexpr int kRowsMeasured = 200;
+constexpr int kIndent = 4;  // blanks a level
 
 // Numbers by their value, all else in Lithuanian order.
 class SortedRows : public QSortFilterProxyModel {
@@ -32,7 +33,10 @@ class SortedRows : public QSortFilterProxyModel {
     if (role == Qt::TextAlignmentRole && is_number(index.data().toString()) && index.column() > 0) {
       return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     }
-    return QSortFilterProxyModel::data(index, role);
+    const QVariant shown = QSortFilterProxyModel::data(index, role);
+    // Sorted by a column, rows no longer stand behind the one above them.
+    if (role != Qt::DisplayRole || index.column() > 0 || sortColumn() >= 0) return shown;
+    return QString(kIndent * index.data(ObjectListModel::kLevelRole).toInt(), ' ') + shown.toString();
   }
 
   // The head of a column of numbers stands over them.

@@ -1,6 +1,7 @@
 #include "host/desktop/answers/object_list_model.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "host/requests/object_lists.h"
 
@@ -24,15 +25,21 @@ QString folded(const QString& text) {
 
 ObjectListModel::ObjectListModel(Recordset& list, QObject* parent) : QAbstractTableModel(parent) {
   const FieldHandle key = list.handle(kKeyField);
+  std::optional<FieldHandle> level;
   std::vector<FieldHandle> columns;
   for (std::size_t i = 0; i < list.field_count(); ++i) {
     if (i == key.index) continue;
+    if (list.field_info({i}).name == kLevelField) {
+      level = FieldHandle{i};
+      continue;
+    }
     columns.push_back({i});
     heads_ << QString::fromStdString(list.field_info({i}).name);
   }
   if (list.RecordCount() > 0) list.MoveFirst();
   for (; !list.Eof(); list.MoveNext()) {
     keys_.push_back(text_of(list, key));
+    levels_.push_back(level ? text_of(list, *level).toInt() : 0);
     QStringList& texts = texts_.emplace_back();
     QStringList& texts_folded = folded_.emplace_back();
     for (const FieldHandle column : columns) {
@@ -72,7 +79,9 @@ int ObjectListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ObjectListModel::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole || !index.isValid()) return {};
+  if (!index.isValid()) return {};
+  if (role == kLevelRole) return levels_[shown_[static_cast<std::size_t>(index.row())]];
+  if (role != Qt::DisplayRole) return {};
   return texts_[shown_[static_cast<std::size_t>(index.row())]][index.column()];
 }
 

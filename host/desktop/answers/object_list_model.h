@@ -13,6 +13,8 @@ namespace quor {
 // The rows of a list that hold what was typed, whatever the letter case and the marks on letters.
 class ObjectListModel : public QAbstractTableModel {
  public:
+  static constexpr int kLevelRole = Qt::UserRole;  // how deep the object lies below others (kLevelField)
+
   // Takes the texts out of the list (see object_lists.h), whose cursor then stands anywhere.
   ObjectListModel(Recordset& list, QObject* parent);
 
@@ -31,6 +33,7 @@ class ObjectListModel : public QAbstractTableModel {
  private:
   QStringList heads_;
   std::vector<QString> keys_;
+  std::vector<int> levels_;
   std::vector<QStringList> texts_;
   std::vector<QStringList> folded_;  // the same without case and marks
   std::vector<std::size_t> shown_;

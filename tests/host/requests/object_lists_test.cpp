@@ -22,6 +22,13 @@ class ObjectListsTest : public testing::TestWithParam<Backend> {
     company_.given_position({.employee = first, .category = 1, .from = "2006.01.01", .to = day("2006.12.31")});
     company_.given_position({.employee = first, .from = "2005.01.01", .contract = "K2"});
     company_.given_position({.employee = second, .category = 3});
+    company_.given_time_codes();
+    company_.database().execute(
+        "INSERT INTO indications (id, indication_code, code_id, code, code_name)"
+        " VALUES (9, 'DayType', 9, 'D', 'Darbo diena')");
+    company_.database().execute("INSERT INTO salary_codes (id, code, name) VALUES (1, '101', 'Alga'), (2, '9', 'Be')");
+    company_.database().execute(
+        "INSERT INTO month_norms (month, hours) VALUES (39448, 176), (39479, 167.5), (39814, 8)");
   }
   std::shared_ptr<Recordset> list(const std::string& parameter, const std::string& filter = "",
                                   const std::string& order = "") {
@@ -37,9 +44,13 @@ TEST_P(ObjectListsTest, EachTypeIsListedInOrderWithItsColumns) {
     std::string parameter;
     const char *columns, *rows;
   } cases[] = {
-      {"O0001604", "OIDR;Pavadinimas;Aukštesnis padalinys",
-       "O00016042;Čekių poskyris;Žemės skyrius | O00016041;Žemės skyrius;"},
-      {"'O0001604','O00016041'", "OIDR;Pavadinimas;Aukštesnis padalinys", "O00016042;Čekių poskyris;Žemės skyrius"},
+      {"O0001604", "OIDR;Pavadinimas;Aukštesnis padalinys;Level",
+       "O00016041;Žemės skyrius;;0 | O00016042;Čekių poskyris;Žemės skyrius;1"},
+      {"'O0001604','O00016041'", "OIDR;Pavadinimas;Aukštesnis padalinys;Level",
+       "O00016042;Čekių poskyris;Žemės skyrius;0"},
+      {"O0400610", "OIDR;Metai;Valandų per metus;Įrašyta mėnesių", "O04006102009;2009;8;1 | O04006102008;2008;343,5;2"},
+      {"O0400620", "OIDR;Pavadinimas;Kodas", "O04006201;FD;FD | O04006203;L;L | O04006204;PV;PV | O04006202;VD;VD"},
+      {"O0400630", "OIDR;Pavadinimas;Kodas", "O04006302;Be;9 | O04006301;Alga;101"},
       {"O0400100", "OIDR;Pavardė, vardas;Padalinys",
        "O04001002;Čepaitė;Čekių poskyris | O04001001;Žilinas;Žemės skyrius"},
       {"'O0400100','O00016041'", "OIDR;Pavardė, vardas;Padalinys", "O04001001;Žilinas;Žemės skyrius"},

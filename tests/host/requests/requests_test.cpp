@@ -152,8 +152,10 @@ void fill_every_set(TestCompany& company) {
   company.given_position({.employee = person});
   company.given_service(person, kNull, 1, 2);
   company.given_charge(person, kNull, kNull, 1.0);
-  company.database().execute("INSERT INTO indications VALUES (1, 'WorkTime', 5, 'FD', 'Darbo diena')");
-  company.database().execute("INSERT INTO salary_codes VALUES (1, '10', 'Pareiginė alga')");
+  company.database().execute(
+      "INSERT INTO indications (id, indication_code, code_id, code, code_name) VALUES (1, 'WorkTime', 5, 'FD', 'Darbo "
+      "diena')");
+  company.database().execute("INSERT INTO salary_codes (id, code, name) VALUES (1, '10', 'Pareiginė alga')");
 }
 
 TEST_P(Requests, WhatACallerDoesWithAnAnswerDoesNotShowInTheNext) {
