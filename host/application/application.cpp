@@ -27,8 +27,13 @@ struct SharedServices : Object {
 // The types whose data objects the host brings itself; null for any other.
 std::shared_ptr<QuorObjectUIO> host_data_object(QuorApplication& application, Company& company,
                                                 const ApplicationOptions& options, const std::string& object_type) {
-  if (object_type != kEmployeeType) return nullptr;
-  return std::make_shared<EmployeeObject>(application, company, options.user, options.edit_charge);
+  if (object_type == kEmployeeType) {
+    return std::make_shared<EmployeeObject>(application, company, options.user, options.edit_charge);
+  }
+  for (const char* own : {kDepartmentType, kConstantType, kTimeCodeType, kSalaryCodeType}) {
+    if (object_type == own) return application.NewStandardObjectUIO(object_type);
+  }
+  return nullptr;
 }
 
 // Stands on the object; false when the list does not have it.
