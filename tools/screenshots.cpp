@@ -14,6 +14,7 @@
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/month_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
+#include "host/editors/host_editors.h"
 #include "host/payroll/calculated_month.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
@@ -81,6 +82,22 @@ void take_editors(MainWindow& window, Pictures& pictures) {
   pictures.take_dialog("experience_row_editor", [&] { pictures.key("lvwExperience", Qt::Key_Return); });
 }
 
+void take_dated_values(MainWindow& window, Pictures& pictures) {
+  window.show_type(kDepartmentType);
+  pictures.take_window("departments");
+  for (const auto& [type, name] : {std::pair{kDepartmentType, "department_editor"},
+                                   {kConstantType, "constant_editor"},
+                                   {kTimeCodeType, "time_code_editor"}}) {
+    window.show_type(type);
+    window.carry_out(place_of_object(window.list()->current()), MenuPurpose::kOpen);
+    pictures.take_window(name);
+  }
+  window.show_type(kNormType);
+  window.carry_out(place_of_type(kNormType), MenuPurpose::kNew);
+  pictures.key("lvwMonths", Qt::Key_F5);
+  pictures.take_window("month_norms_editor");
+}
+
 void take_previews(DesktopApplication& application, MainWindow& window, Pictures& pictures) {
   const std::vector<CalledEntry> previews = called_entries(application, MenuPurpose::kPreview);
   const auto show = [&](std::size_t at) { window.carry_out(previews.at(at).place, previews.at(at).entry); };
@@ -130,7 +147,9 @@ void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
   QElapsedTimer since;
   since.start();
   Company company(Database::open(file));
-  DesktopApplication application(company, {.title = "Quor", .user = "ona", .today = Date::from_ymd(2008, 1, 31)}, edge);
+  DesktopApplication application(
+      company, {.title = "Quor", .user = "ona", .today = Date::from_ymd(2008, 1, 31), .host_types = host_editors()},
+      edge);
   application.load_plugin(plugin);
   MainWindow window(application);
   window.resize(1100, 720);
@@ -145,6 +164,7 @@ void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
   Pictures pictures(window, folder);
   pictures.take_window("main_window");
   take_editors(window, pictures);
+  take_dated_values(window, pictures);
   take_previews(application, window, pictures);
   window.show_type(kEmployeeType);
   pictures.take_window("employees");

@@ -28,7 +28,7 @@ class MonthNormsEditor : public Form {
   CheckBox shorten_days{*this, "shorten_days", "Trumpinti dieną prieš šventę viena valanda"};
   ListView lvwMonths{*this,
                      "lvwMonths",
-                     {{.key = "", .caption = "Mėnuo", .width = 80},
+                     {{.key = "", .caption = "Mėnuo", .width = 130},
                       {.key = "Days", .caption = "Darbo dienos", .width = 80, .alignment = CellAlignment::kRight},
                       {.key = "Short", .caption = "Iš jų trumpesnės", .width = 90, .alignment = CellAlignment::kRight},
                       {.key = "Proposed", .caption = "Siūloma norma", .width = 90, .alignment = CellAlignment::kRight},

@@ -29,7 +29,7 @@ class SortedRows : public QSortFilterProxyModel {
   }
 
   QVariant data(const QModelIndex& index, int role) const override {
-    if (role == Qt::DecorationRole && index.column() == 0) return icon_;
+    if (role == Qt::DecorationRole && index.column() == 0 && !icon_.isNull()) return icon_;
     if (role == Qt::TextAlignmentRole && is_number(index.data().toString()) && index.column() > 0) {
       return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -67,16 +67,11 @@ class SortedRows : public QSortFilterProxyModel {
   QCollator collator_{locale_};
 };
 
-QSortFilterProxyModel* new_rows(ObjectList::Sorting sorting, const QIcon& icon, QObject* parent) {
-  if (sorting == ObjectList::Sorting::kByTheUser) return new SortedRows(icon, parent);
-  return new QSortFilterProxyModel(parent);
-}
-
 }  // namespace
 
 ObjectList::ObjectList(Recordset& list, Sorting sorting, const QIcon& icon, QWidget* parent)
     : QWidget(parent),
-      rows_(new_rows(sorting, icon, this)),
+      rows_(new SortedRows(icon, this)),
       search_(new QLineEdit(this)),
       view_(new QTreeView(this)),
       count_(new QLabel(this)) {

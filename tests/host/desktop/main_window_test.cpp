@@ -103,11 +103,22 @@ TEST_F(MainWindowTest, TheExplorerShowsWhatIsRegistered) {
             "Darbo užmokesčio išplėtimas\n>Valstybės tarnautojai\n>>Pareigybių kategorijos\n"
             ">>Valstybės tarnautojų sąrašas\n>>Valstybės tarnautojų priedai\n>Valstybės tarnautojų nustatymai\n"
             "Darbuotojai ir padaliniai\n>Darbuotojai\n>Padaliniai\n"
-            "Konstantos, normos ir kodai\n>Darbo užmokesčio konstantos");
+            "Konstantos, normos ir kodai\n>Darbo užmokesčio konstantos\n>Mėnesių normos\n>Laiko kodai\n"
+            ">Darbo užmokesčio kodai");
   window_->show_type(kEmployeeType);
   EXPECT_EQ(shown(), "Ona Onaitė");
   EXPECT_EQ(window_->list()->current(), "O04001001") << "the first object";
   EXPECT_EQ(tabs(), "Darbuotojai");
+}
+
+TEST_F(MainWindowTest, DepartmentsStandAsATreeUntilTheyAreSorted) {
+  company_.given_department("Beržų", company_.given_department("Žemės"));
+  company_.given_department("Čekių");
+  open();
+  window_->show_type(kDepartmentType);
+  EXPECT_EQ(shown(), "Čekių Žemės     Beržų");
+  rows().sort(0, Qt::AscendingOrder);
+  EXPECT_EQ(shown(), "Beržų Čekių Žemės");
 }
 
 TEST_F(MainWindowTest, APluginOfOtherNamesHasItsPlacesAndKeys) {
