@@ -12,9 +12,9 @@
 #include "host/desktop/window/first_start.h"
 #include "host/desktop/window/import_dialog.h"
 #include "host/desktop/window/main_window.h"
-#include "host/desktop/window/month_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
 #include "host/editors/host_editors.h"
+#include "host/editors/month_editor.h"
 #include "host/payroll/calculated_month.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
@@ -107,6 +107,9 @@ void take_previews(DesktopApplication& application, MainWindow& window, Pictures
   pictures.take_window("salary_preview");
   pictures.take_dialog("report_preview", [&] { pictures.key("lvwRows", Qt::Key_P, Qt::ControlModifier); });
 
+  window.carry_out(place_of_object(month_key(Month::parse("2008-01"))), MenuPurpose::kOpen);
+  pictures.take_window("month_editor");
+
   show(1);
   pictures.key("dtpDate", Qt::Key_F5);
   pictures.take_window("supplement_preview");
@@ -121,10 +124,6 @@ void take_previews(DesktopApplication& application, MainWindow& window, Pictures
 }
 
 void take_dialogs(DesktopApplication& application, MainWindow& window, Pictures& pictures, Edge& edge) {
-  MonthDialog month(application, Month::parse("2008-01"), &window);
-  month.show();
-  QTest::keyClick(&month, Qt::Key_Return);
-  pictures.take(month, "month_dialog");
   store_company_users(application,
                       {{"ona", true}, {"petras", false, {{"COfficeEmployees", {true, true, false, true, true}}}}});
   RightsDialog rights(application, &window);

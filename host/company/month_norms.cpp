@@ -1,6 +1,7 @@
 #include "host/company/month_norms.h"
 
 #include "host/company/closed_reach.h"
+#include "host/company/working_days.h"
 #include "host/store/object_codes.h"
 #include "host/store/tables/column_values.h"
 #include "host/store/tables/stored_tables.h"
@@ -34,6 +35,13 @@ void store(Database& database, const Month& month, const std::optional<double>& 
 }  // namespace
 
 Month month_of_year(int year, std::size_t at) { return Month::of(Date::from_ymd(year, static_cast<int>(at) + 1, 1)); }
+
+double norm_hours(Database& database, const Month& month) {
+  const auto norm = database.read("SELECT hours FROM month_norms WHERE month = :p0", {{"Hours", FieldType::kDouble}},
+                                  {month.first_day()});
+  if (norm->RecordCount() > 0) return norm->number({0});
+  return working_days(month.first_day(), month.last_day()) * kHoursOfWorkingDay;
+}
 
 YearNorms read_year_norms(Database& database, int year) {
   const auto rows = database.read("SELECT month, hours FROM month_norms WHERE month BETWEEN :p0 AND :p1",

@@ -16,6 +16,9 @@ using YearNorms = std::array<std::optional<double>, 12>;
 
 Month month_of_year(int year, std::size_t at);  // 0 is January
 
+// The hours of one month, stored or not.
+double norm_hours(Database& database, const Month& month);
+
 YearNorms read_year_norms(Database& database, int year);
 
 // Stores what `wanted` changes in `read`, all or nothing. What reaches into a closed month is asked about first. Throws

@@ -7,6 +7,7 @@
 #include "host/editors/department_editor.h"
 #include "host/editors/month_editor.h"
 #include "host/editors/month_norms_editor.h"
+#include "host/editors/worked_time_editor.h"
 
 namespace quor {
 
@@ -19,6 +20,8 @@ HostTypes host_editors() {
       .open = month_norms_editor, .new_caption = "Nauji metai", .removable = true, .remove = delete_month_norms};
   types[kTimeCodeType] = {.open = time_code_editor, .new_caption = "Naujas laiko kodas", .removable = true};
   types[kSalaryCodeType] = {.open = salary_code_editor, .new_caption = "Naujas užmokesčio kodas", .removable = true};
+  types[kWorkedTimeType] = {
+      .open = worked_time_editor, .new_caption = "Naujas mėnuo", .removable = true, .remove = delete_worked_time};
   return types;
 }
 

@@ -1,19 +1,18 @@
 #include "host/editors/month_editor.h"
 
 #include "host/company/rights.h"
+#include "host/editors/department_choice.h"
 #include "host/editors/reason_dialog.h"
 #include "host/payroll/closed_months.h"
+#include "host/payroll/last_calculation.h"
 #include "host/payroll/latest_month.h"
 #include "host/payroll/month_state.h"
-#include "host/requests/object_lists.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
 
 namespace quor {
 
 namespace {
-
-constexpr char kEverybody[] = "Visi padaliniai";
 
 // Tells whoever waits how far the work is.
 MonthOptions watched(LongWork& work, MonthOptions whom = {}) {
@@ -148,13 +147,7 @@ void MonthEditor::show_choices() {
     cboShow.set_items({{"Visi"}, {"Tik klaidos"}, {"Virš ribos"}, {"Pasikeitę po paskutinio skaičiavimo"}});
     cboShow.select_item(0);
   }
-  std::vector<ChoiceBox::Item> departments = {{kEverybody, ""}};
-  const auto list = application_.NewMainBO()->GetQuorObjectList(kDepartmentType, "", "");
-  for (; list && !list->Eof(); list->MoveNext()) {
-    departments.push_back({std::string(list->text(FieldHandle{kNameColumn})), null_to_text(list->field(kKeyField))});
-  }
-  cboDepartment.set_items(std::move(departments));
-  if (!cboDepartment.selected()) cboDepartment.select_item(0);
+  offer_departments(application_, cboDepartment);
 }
 
 std::optional<std::int32_t> MonthEditor::chosen_department() const {
@@ -183,7 +176,9 @@ void MonthEditor::show_state() {
     state = month_state(application_, month_, watched(*work));
   }
   const std::string line = month_state_line(state);
-  lblState.set_caption(line.empty() ? month_.text() + ": apskaičiuotas pagal dabartinius duomenis" : line);
+  const std::string at = last_calculated(application_.company().database(), month_);
+  lblState.set_caption((line.empty() ? month_.text() + ": apskaičiuotas pagal dabartinius duomenis" : line) +
+                       (at.empty() ? "" : " (visi skaičiuoti " + at + ")"));
   closed_ = state.closed.has_value();
   enable_commands();
   show_history();

@@ -88,7 +88,7 @@ class Lines {
 class Storing : public MonthTaker {
  public:
   Storing(Application& application, const Month& month, const MonthOptions& options)
-      : database_(application.company().database()), month_(month), options_(options) {}
+      : database_(application.company().database()), user_(application.user()), month_(month), options_(options) {}
 
   void begin(const MonthInputs& inputs) override {
     require_open(database_, month_);
@@ -110,7 +110,7 @@ class Storing : public MonthTaker {
   bool take_end() override {
     if (!options_.people.empty()) return true;
     if (!note(remove_ended(database_, month_, options_.department, result_.inputs))) return false;
-    return !options_.of_everybody() || note_last_calculation(database_, month_, result_.inputs);
+    return !options_.of_everybody() || note_last_calculation(database_, month_, result_.inputs, user_);
   }
 
   CalculatedMonth result(bool cancelled) {
@@ -131,6 +131,7 @@ class Storing : public MonthTaker {
   }
 
   Database& database_;
+  const std::string user_;
   const Month& month_;
   const MonthOptions& options_;
   std::shared_ptr<Recordset> alphabet_;

@@ -1,5 +1,7 @@
 #include "host/payroll/last_calculation.h"
 
+#include "host/store/record_guard.h"
+
 namespace quor {
 
 MonthStamp month_stamp(Database& database, const Month& month) {
@@ -17,16 +19,25 @@ LastCalculation last_calculation(Database& database, const Month& month) {
   return last->int32({0}) != 0 ? LastCalculation::kOfToday : LastCalculation::kEarlier;
 }
 
-bool note_last_calculation(Database& database, const Month& month, std::int64_t inputs) {
+bool note_last_calculation(Database& database, const Month& month, std::int64_t inputs, const std::string& user) {
   if (last_calculation(database, month) == LastCalculation::kOfToday) return true;
   Transaction transaction(database, Writes::kOther);
   if (database.pay_inputs_count() != inputs) return false;
   database.execute(
-      "INSERT INTO month_runs (month, pay_inputs) SELECT :p0, value FROM counters WHERE name = 'pay_inputs'"
-      " ON CONFLICT (month) DO UPDATE SET pay_inputs = excluded.pay_inputs",
-      {month.first_day()});
+      "INSERT INTO month_runs (month, pay_inputs, calculated_by, calculated_at)"
+      " SELECT :p0, value, :p1, :p2 FROM counters WHERE name = 'pay_inputs'"
+      " ON CONFLICT (month) DO UPDATE SET pay_inputs = excluded.pay_inputs, calculated_by = excluded.calculated_by,"
+      " calculated_at = excluded.calculated_at",
+      {month.first_day(), user, change_time()});
   transaction.commit();
   return true;
+}
+
+std::string last_calculated(Database& database, const Month& month) {
+  const auto run = database.read("SELECT calculated_at, calculated_by FROM month_runs WHERE month = :p0",
+                                 {{"At", FieldType::kText}, {"By", FieldType::kText}}, {month.first_day()});
+  if (run->RecordCount() == 0 || run->is_null({0})) return "";
+  return std::string(run->text({0})) + ", " + std::string(run->text({1}));
 }
 
 bool was_calculated(Database& database, const Month& month) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "host/store/database.h"
 #include "platform/data/month.h"
@@ -27,9 +28,14 @@ enum class LastCalculation {
 
 LastCalculation last_calculation(Database& database, const Month& month);
 
-// Remembers that everybody's documents are of the count `inputs` (see Database::pay_inputs_count), unless that is past.
-// Writes nothing when it is known. Answers false when it is past. Throws StoreError.
-[[nodiscard]] bool note_last_calculation(Database& database, const Month& month, std::int64_t inputs);
+// Remembers that everybody's documents are of the count `inputs` (see Database::pay_inputs_count), unless that is past,
+// and that `user` calculated them now. Writes nothing when it is known. Answers false when it is past. Throws
+// StoreError.
+[[nodiscard]] bool note_last_calculation(Database& database, const Month& month, std::int64_t inputs,
+                                         const std::string& user);
+
+// "2008.02.03 14:10, Ona": when everybody was calculated last and by whom; "" when nobody has noted it.
+std::string last_calculated(Database& database, const Month& month);
 
 // Whether anybody was calculated, if only in a department, or by a program that remembered no calculations. Throws
 // StoreError.

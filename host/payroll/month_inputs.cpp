@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "host/company/departments.h"
+#include "host/company/month_norms.h"
 #include "host/company/time_code.h"
-#include "host/company/working_days.h"
 #include "host/payroll/month_settings.h"
 #include "host/payroll/value_faults.h"
 
@@ -143,13 +143,6 @@ void find_impossible_service(Database& database, std::vector<PersonInput>& peopl
   });
 }
 
-double norm_of(Database& database, const Month& month) {
-  const auto norm = database.read("SELECT hours FROM month_norms WHERE month = :p0", {{"Hours", FieldType::kDouble}},
-                                  {month.first_day()});
-  if (norm->RecordCount() > 0) return norm->field("Hours").to_double();
-  return working_days(month.first_day(), month.last_day()) * kHoursOfWorkingDay;
-}
-
 std::int32_t basic_code_of(Database& database) {
   const auto code = database.read("SELECT code_id FROM indications WHERE indication_code = :p0 AND code = :p1",
                                   {{"CodeID", FieldType::kInt32}}, {kWorkTime, kBasicTimeCode});
@@ -164,7 +157,7 @@ MonthInputs read_month_inputs(Company& company, const Month& month, std::optiona
   MonthSettings settings = read_month_settings(database, month);
   MonthInputs inputs{
       .count = database.pay_inputs_count(),
-      .norm_hours = norm_of(database, month),
+      .norm_hours = norm_hours(database, month),
       .basic_time_code = basic_code_of(database),
       .surcharge_codes = std::move(settings.surcharge_codes),
       .fault = std::move(settings.fault),

@@ -1,9 +1,11 @@
 #include "host/requests/list_rows.h"
 
+#include <functional>
 #include <map>
 #include <set>
 
 #include "host/store/object_codes.h"
+#include "platform/data/month.h"
 #include "platform/data/number_text.h"
 
 namespace quor {
@@ -65,6 +67,50 @@ std::vector<ShownRow> norm_years(Database& database) {
                     {},
                     {object_key(kNormType, number), std::to_string(number), general_text(year.hours),
                      std::to_string(year.months)}});
+  }
+  return rows;
+}
+
+namespace {
+
+// A row that stands for the month: its key is the serial day number of its first day.
+ShownRow month_row(const char* object_type, const Month& month, std::vector<std::string> cells) {
+  const auto id = static_cast<std::int32_t>(month.first_day().serial());
+  cells.insert(cells.begin(), {object_key(object_type, id), month.text()});
+  return {id, 0, {}, std::move(cells)};
+}
+
+}  // namespace
+
+std::vector<ShownRow> paid_months(Database& database) {
+  struct State {
+    std::int32_t people = 0;
+    bool closed = false;
+  };
+  std::map<Month, State, std::greater<>> months;
+  const auto documents = database.read("SELECT month, COUNT(*) FROM documents GROUP BY month",
+                                       {{"Month", FieldType::kDate}, {"People", FieldType::kInt32}});
+  for (; !documents->Eof(); documents->MoveNext()) {
+    months[Month::of(documents->field("Month").to_date())].people = documents->int32({1});
+  }
+  const auto closed = database.read("SELECT month FROM closed_months", {{"Month", FieldType::kDate}});
+  for (; !closed->Eof(); closed->MoveNext()) months[Month::of(closed->field("Month").to_date())].closed = true;
+  std::vector<ShownRow> rows;
+  for (const auto& [month, state] : months) {
+    rows.push_back(
+        month_row(kMonthType, month, {state.closed ? "uždarytas" : "apskaičiuotas", std::to_string(state.people)}));
+  }
+  return rows;
+}
+
+std::vector<ShownRow> timed_months(Database& database) {
+  const auto months = database.read(
+      "SELECT month, COUNT(DISTINCT employee_id), SUM(hours) FROM worked_time GROUP BY month ORDER BY month DESC",
+      {{"Month", FieldType::kDate}, {"People", FieldType::kInt32}, {"Hours", FieldType::kDouble}});
+  std::vector<ShownRow> rows;
+  for (; !months->Eof(); months->MoveNext()) {
+    rows.push_back(month_row(kWorkedTimeType, Month::of(months->field("Month").to_date()),
+                             {std::to_string(months->int32({1})), general_text(months->number({2}))}));
   }
   return rows;
 }

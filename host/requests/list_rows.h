@@ -1,4 +1,5 @@
-// Rows of lists of objects that one SELECT in its order does not make: those of a tree, those that stand for a year.
+// Rows of lists of objects that one SELECT in its order does not make: those of a tree, those that stand for a month or
+// a year.
 #pragma once
 
 #include <cstdint>
@@ -22,5 +23,11 @@ std::vector<ShownRow> in_tree_order(std::vector<ShownRow> rows);
 
 // The years with norms of months, the newest first: year, hours of all its stored norms, how many months have one.
 std::vector<ShownRow> norm_years(Database& database);
+
+// The months with documents or closed, the newest first: month, how it stands, people with documents.
+std::vector<ShownRow> paid_months(Database& database);
+
+// The months with worked time, the newest first: month, people with time, hours.
+std::vector<ShownRow> timed_months(Database& database);
 
 }  // namespace quor

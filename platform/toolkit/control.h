@@ -88,6 +88,7 @@ class CheckBox;
 class ChoiceBox;
 class CommandButton;
 class DatePicker;
+class Grid;
 class GroupFrame;
 class Label;
 class ListView;
@@ -105,6 +106,7 @@ class ControlVisitor {
   virtual void visit(ChoiceBox& box) = 0;
   virtual void visit(CommandButton& button) = 0;
   virtual void visit(DatePicker& picker) = 0;
+  virtual void visit(Grid& grid) = 0;
   virtual void visit(GroupFrame& frame) = 0;
   virtual void visit(Label& label) = 0;
   virtual void visit(ListView& list) = 0;

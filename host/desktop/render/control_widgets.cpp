@@ -9,6 +9,7 @@
 #include "host/desktop/render/chart_widget.h"
 #include "host/desktop/render/choice_edit.h"
 #include "host/desktop/render/date_edit.h"
+#include "host/desktop/render/grid_widget.h"
 #include "host/desktop/render/list_view_widget.h"
 #include "host/desktop/render/text_box_edit.h"
 #include "platform/toolkit/check_box.h"
@@ -35,6 +36,7 @@ class Maker : public ControlVisitor {
   void visit(Chart& chart) override { make<ChartWidget>(chart, place_.acts, place_.parent); }
   void visit(ChoiceBox& box) override { make<ChoiceEdit>(box, place_.acts, place_.parent); }
   void visit(DatePicker& picker) override { make<DateEdit>(picker, place_.acts, place_.parent); }
+  void visit(Grid& grid) override { make<GridWidget>(grid, place_.acts, place_.parent); }
   void visit(ListView& list) override {
     const QString name = place_.form_name + "." + QString::fromStdString(list.name());
     make<ListViewWidget>(list, place_.acts, name, place_.parent);

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/toolkit/chart.h"
+#include "platform/toolkit/grid.h"
 #include "platform/toolkit/list_view.h"
 #include "platform/toolkit/text_box.h"
 
@@ -22,7 +23,7 @@ bool holds(const LayoutNode& node) {
 }
 
 bool takes_height(const LayoutNode& node) {
-  return node.kind == Kind::kPages || holds<ListView>(node) || holds<Chart>(node);
+  return node.kind == Kind::kPages || holds<ListView>(node) || holds<Grid>(node) || holds<Chart>(node);
 }
 bool takes_width(const LayoutNode& node) { return takes_height(node) || holds<TextBox>(node); }
 

@@ -13,6 +13,7 @@
 #include "host/desktop/render/control_widgets.h"
 #include "host/desktop/render/date_edit.h"
 #include "host/desktop/render/form_layout.h"
+#include "host/desktop/render/grid_widget.h"
 #include "host/desktop/render/text_box_edit.h"
 
 namespace quor {
@@ -268,8 +269,13 @@ QWidget* FormView::focused_inside() const {
   return focused != nullptr && isAncestorOf(focused) ? focused : nullptr;
 }
 
-void FormView::finish_typing() {
-  if (auto* const date = dynamic_cast<DateEdit*>(focused_inside())) date->interpretText();
+bool FormView::finish_typing() {
+  QWidget* const focused = focused_inside();
+  if (auto* const date = dynamic_cast<DateEdit*>(focused)) date->interpretText();
+  for (QWidget* inside = focused; inside != nullptr && inside != this; inside = inside->parentWidget()) {
+    if (auto* const grid = dynamic_cast<GridWidget*>(inside)) return grid->finish_typing();
+  }
+  return true;
 }
 
 // A button pressed by a key has not taken the focus: what is typed in the box that has it is finished first.
@@ -277,7 +283,7 @@ void FormView::finish_and_click(CommandButton& button) {
   const QPointer<FormView> self(this);
   const QPointer<TextBoxEdit> box(dynamic_cast<TextBoxEdit*>(focused_inside()));
   const ButtonRole role = button.role();
-  finish_typing();
+  if (!finish_typing()) return;
   act([&] {
     if (box) box->leave_box();
     button.click();

@@ -42,8 +42,9 @@ class FormView : public QWidget, private FormActs {
   QWidget* widget_of(const Control& control) const;
   // Gives the focus to the first control in which something can be entered.
   void focus_first();
-  // What is typed into a date counts when the date is left; this is such a moment.
-  void finish_typing();
+  // What is typed into a date or a cell counts when it is left; this is such a moment. False when it was refused, which
+  // the user is told.
+  bool finish_typing();
   // Whether the form offers to write now; and writes, as its button does.
   bool can_write() const { return writing_button() != nullptr; }
   void write();

@@ -139,7 +139,7 @@ bool EditorTabs::bring_forward(const std::string& object) {
   const Form* const form = application_.open_objects().find(object);
   const int index = form == nullptr ? -1 : index_of(*form);
   if (index < 0) return false;
-  setCurrentIndex(index);
+  turn_to(*widget(index));
   return true;
 }
 
@@ -147,8 +147,19 @@ bool EditorTabs::bring_forward_opened_by(const QString& opened_by) {
   const auto found =
       std::find_if(editors_.begin(), editors_.end(), [&](const Editor& each) { return each.opened_by == opened_by; });
   if (opened_by.isEmpty() || found == editors_.end()) return false;
-  setCurrentWidget(found->tab);
+  turn_to(*found->tab);
   return true;
+}
+
+// The keys go there, too, where the user was in it.
+void EditorTabs::turn_to(QWidget& tab) {
+  setCurrentWidget(&tab);
+  if (tab.isAncestorOf(QApplication::focusWidget())) return;
+  if (QWidget* const last = tab.focusWidget()) {
+    last->setFocus(Qt::OtherFocusReason);
+  } else if (FormView* const view = current_view()) {
+    view->focus_first();
+  }
 }
 
 void EditorTabs::turned_to(int index) {

@@ -63,6 +63,7 @@ class EditorTabs : public QTabWidget {
   void find_title(Editor& editor);
   void show_title(const Editor& editor);
   void turned_to(int index);
+  void turn_to(QWidget& tab);
   bool may_close(const Editor& editor);
   void remove(const Form& form);
 

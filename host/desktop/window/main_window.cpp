@@ -13,10 +13,12 @@
 #include "host/desktop/answers/object_names.h"
 #include "host/desktop/edge/pointer.h"
 #include "host/desktop/window/import_dialog.h"
-#include "host/desktop/window/month_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
+#include "host/editors/chart_windows.h"
+#include "host/editors/month_editor.h"
 #include "host/payroll/latest_month.h"
 #include "host/payroll/month_state.h"
+#include "host/store/object_codes.h"
 #include "platform/data/error.h"
 
 namespace quor {
@@ -163,6 +165,7 @@ void MainWindow::object_changed(const std::string& object_type) {
       tabs->show_titles();
       tabs->refresh_band();
     }
+    show_status();
   });
 }
 
@@ -277,14 +280,29 @@ void MainWindow::show_status() {
   setWindowTitle(application_.company().database().may_write() ? title : title + " (tik skaitymui)");
 }
 
-void MainWindow::calculate_month() {
-  act([this] {
-    const auto latest = latest_month(application_.company().database());
-    const FreePointer pointer;
-    MonthDialog(application_, latest.value_or(Month::of(application_.Today())), this).exec();
-  });
-  refresh_all();
+void MainWindow::show_month() {
+  const auto latest = latest_month(application_.company().database());
+  const Month month = latest.value_or(Month::of(application_.Today()));
+  carry_out(place_of_object(month_key(month)), MenuPurpose::kOpen);
 }
+
+// Of the object on which the user stands, in the list or in its editor.
+void MainWindow::show_chart() {
+  act([this] {
+    FormView* const view = tabs_->current_view();
+    const std::string key = view != nullptr ? application_.open_objects().object_of(view->form()) : current_in_list();
+    const std::string type = type_of_key(key);
+    const std::string name = object_name(application_, key).toStdString();
+    std::shared_ptr<Form> chart;
+    if (type == kEmployeeType) chart = person_pay_chart(application_, key, name);
+    if (type == kCategoryType) chart = category_factor_chart(application_, key, name);
+    if (chart) return tabs_->open(chart, "", QString::fromStdString("chart " + key));
+    application_.MessageBox("Diagramą turi darbuotojas ir pareigybės kategorija: atsistokite ant vieno iš jų.",
+                            BoxIcon::kInformation, BoxButtons::kOk, application_.Title());
+  });
+}
+
+std::string MainWindow::current_in_list() const { return list() == nullptr ? "" : list()->current(); }
 
 void MainWindow::import_file() {
   act([this] {

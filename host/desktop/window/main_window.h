@@ -69,7 +69,11 @@ class MainWindow : public QMainWindow {
   void take_off_desk_top(const std::string& object);
   void object_changed(const std::string& object_type);
   void show_status();
-  void calculate_month();
+  // Shows the type's list, with the focus in it.
+  void turn_to(const std::string& object_type);
+  void show_month();
+  void show_chart();
+  std::string current_in_list() const;
   void import_file();
   void administer_rights();
 

@@ -5,6 +5,7 @@
 #include "host/desktop/edge/mnemonics.h"
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/registered_icons.h"
+#include "host/store/object_codes.h"
 
 namespace quor {
 
@@ -16,13 +17,25 @@ void MainWindow::add_menus() {
   add_company_menu();
   add_group_commands(*menuBar()->addMenu("&Peržiūros"), *tools);
   QMenu& month = *menuBar()->addMenu("&Mėnuo");
-  QAction* const calculate =
-      month.addAction("&Apskaičiuoti…", QKeySequence(Qt::CTRL | Qt::Key_M), this, [this] { calculate_month(); });
+  QAction* const open =
+      month.addAction("Mėnesio &langas", QKeySequence(Qt::CTRL | Qt::Key_M), this, [this] { show_month(); });
+  month.addAction("&Naujas mėnuo", this, [this] { carry_out(place_of_type(kMonthType), MenuPurpose::kNew); });
+  month.addSeparator();
+  month.addAction("&Mėnesiai", this, [this] { turn_to(kMonthType); });
+  month.addAction("&Darbo laikas", QKeySequence(Qt::CTRL | Qt::Key_T), this, [this] { turn_to(kWorkedTimeType); });
+  month.addSeparator();
+  month.addAction("Dia&grama", QKeySequence(Qt::CTRL | Qt::Key_G), this, [this] { show_chart(); });
   tools->addSeparator();
-  QAction* const calculate_tool = tools->addAction("Apskaičiuoti mėnesį");
-  calculate_tool->setToolTip("Apskaičiuoti mėnesį (Ctrl+M)");
-  connect(calculate_tool, &QAction::triggered, calculate, &QAction::trigger);
+  QAction* const month_tool = tools->addAction("Mėnuo");
+  month_tool->setToolTip("Mėnesio langas (Ctrl+M)");
+  connect(month_tool, &QAction::triggered, open, &QAction::trigger);
   add_window_menu();
+}
+
+void MainWindow::turn_to(const std::string& object_type) {
+  explorer_->stand_on(object_type);
+  show_type(object_type);
+  if (list() != nullptr) list()->focus_list();
 }
 
 void MainWindow::add_company_menu() {
