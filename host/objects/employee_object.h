@@ -1,5 +1,4 @@
-// The data object of an employee: the card, which another part of the program keeps and which is only read here, and
-// the employee's extra charges.
+// The data object of an employee: the card, and the employee's extra charges.
 //
 //   "PersonalExtraCharge"         opens the editor of the charge whose GUID is the parameter ("" for a new one); true
 //                                 when it was stored

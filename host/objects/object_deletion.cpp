@@ -1,7 +1,10 @@
 #include "host/objects/object_deletion.h"
 
+#include <optional>
+#include <utility>
 #include <vector>
 
+#include "host/company/closed_reach.h"
 #include "host/company/in_force.h"
 #include "host/objects/record_rules.h"
 #include "host/objects/record_types.h"
@@ -46,6 +49,9 @@ const std::vector<Use>& uses() {
        "closed_months c JOIN documents d ON d.month = c.month JOIN extra_charges e ON e.employee_id = d.employee_id"
        " JOIN salary_rows r ON r.document_id = d.id AND r.personal_extra_charge_id = e.id WHERE e.id = :p0",
        "uždarytų mėnesių dokumentuose"},
+      {kEmployeeType, "documents WHERE employee_id = :p0", "mėnesių dokumentuose"},
+      {kEmployeeType, "worked_time w JOIN closed_months c ON c.month = w.month WHERE w.employee_id = :p0",
+       "uždarytų mėnesių darbo laike"},
   };
   return all;
 }
@@ -92,13 +98,65 @@ void refuse_settings_of_closed_months(Database& database, std::int32_t id, const
   }
 }
 
+// What of the salary extension goes with an employee asks for the right to delete there.
+void require_right_to_delete_pay_of(QuorApplication& application, Database& database, std::int32_t employee) {
+  if (application.HasRight(UserRight::kDelete, kSalaryExtensionType, 0)) return;
+  for (const char* table : {"positions", "worked_time"}) {
+    const auto rows = database.read(std::string("SELECT COUNT(*) FROM ") + table + " WHERE employee_id = :p0",
+                                    {{"Count", FieldType::kInt32}}, {employee});
+    if (rows->int32(FieldHandle{0}) > 0) {
+      refuse("Neturite teisės naikinti darbuotojo pareigybių ir darbo laiko.");
+    }
+  }
+}
+
+void delete_what_is_of_employee(Database& database, std::int32_t employee) {
+  const std::pair<const char*, const char*> keyed[] = {{kSalaryExtensionType, "positions"},
+                                                       {kPersonalChargeType, "extra_charges"}};
+  for (const auto& [code, table] : keyed) {
+    database.execute(std::string("DELETE FROM desk_top WHERE object IN (SELECT '") + code +
+                         "' || CAST(id AS TEXT) FROM " + table + " WHERE employee_id = :p0)",
+                     {employee});
+  }
+  for (const char* table : {"extra_charges", "positions", "experience", "worked_time", "month_faults"}) {
+    database.execute(std::string("DELETE FROM ") + table + " WHERE employee_id = :p0", {employee});
+  }
+}
+
+void delete_record(QuorApplication& application, Database& database, const RecordType& type, const std::string& key,
+                   std::int32_t id, const std::vector<Month>& agreed) {
+  const bool is_employee = type.object_type == kEmployeeType;
+  const bool is_position = type.object_type == kSalaryExtensionType;
+  Transaction transaction(database);
+  const std::string name = name_of(database, type, id, key);
+  refuse_used(database, type, id, name);
+  refuse_needed_record(database, type, id, name);
+  if (type.object_type == kSettingsType) refuse_settings_of_closed_months(database, id, name);
+  // Other types never reach into a closed month from here: what is used there is refused above.
+  std::optional<ClosedReach> reach;
+  if (is_employee || is_position) reach.emplace(database, "positions", is_position ? id : 0);
+
+  database.execute("DELETE FROM desk_top WHERE object = :p0", {key});
+  if (type.rows) {
+    database.execute(std::string("DELETE FROM ") + type.rows->table + " WHERE " + type.rows->owner_column + " = :p0",
+                     {id});
+  }
+  if (is_employee) {
+    require_right_to_delete_pay_of(application, database, id);
+    delete_what_is_of_employee(database, id);
+  }
+  delete_row(database, type.table, id);
+  if (reach) reach->require(agreed);
+  transaction.commit();
+}
+
 }  // namespace
 
 void delete_object(QuorApplication& application, Company& company, const std::string& identity) {
   const std::string key = key_of_identity(identity);
   const std::string code = type_of_key(key);
   const RecordType* const type = record_type(code);
-  if (type == nullptr || type->read_only) {
+  if (type == nullptr) {
     refuse("Objekto „" + key + "“ čia panaikinti negalima: tokius tvarko kita programos dalis.");
   }
   if (!application.HasRight(UserRight::kDelete, std::string(type->object_type), 0)) {
@@ -107,20 +165,9 @@ void delete_object(QuorApplication& application, Company& company, const std::st
   const auto id = id_of_key(key);
   if (!id) refuse("Įrašo „" + key + "“ nėra.");
 
-  Database& database = company.database();
-  Transaction transaction(database);
-  const std::string name = name_of(database, *type, *id, key);
-  refuse_used(database, *type, *id, name);
-  refuse_needed_record(database, *type, *id, name);
-  if (code == kSettingsType) refuse_settings_of_closed_months(database, *id, name);
-
-  database.execute("DELETE FROM desk_top WHERE object = :p0", {key});
-  if (type->rows) {
-    database.execute(std::string("DELETE FROM ") + type->rows->table + " WHERE " + type->rows->owner_column + " = :p0",
-                     {*id});
-  }
-  delete_row(database, type->table, *id);
-  transaction.commit();
+  write_as_agreed(application, [&](const std::vector<Month>& agreed) {
+    delete_record(application, company.database(), *type, key, *id, agreed);
+  });
   company.forget();
 }
 

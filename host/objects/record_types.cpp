@@ -31,9 +31,7 @@ RecordType employees() {
           .plural = "darbuotojų kortelių",
           .fields = record_fields(
               "employees", {{"DepartmentID", "department_id"}, {"Preview", "name"}, {"UsrAccDate", "usr_acc_date"}}),
-          .name_field = "Preview",
-          .rows = std::nullopt,
-          .read_only = true};
+          .name_field = "Preview"};
 }
 
 RecordType personal_charges() {
@@ -49,9 +47,7 @@ RecordType personal_charges() {
                                                     {"SalaryExtraOID", "salary_extra_oid"},
                                                     {"SalaryCodeID", "salary_code_id"},
                                                     {"Comment", "comment"}}),
-          .name_field = "Comment",
-          .rows = std::nullopt,
-          .read_only = false};
+          .name_field = "Comment"};
 }
 
 RecordType positions() {
@@ -120,7 +116,6 @@ RecordType time_codes() {
           .fields = record_fields("indications", {{"Code", "code"}, {"Name", "code_name"}}),
           .name_field = "Name",
           .rows = std::nullopt,
-          .read_only = false,
           .only = "indication_code = 'WorkTime'"};
 }
 

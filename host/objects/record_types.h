@@ -49,7 +49,6 @@ struct RecordType {
   std::vector<RecordField> fields;
   const char* name_field = nullptr;  // shown as the object's name
   std::optional<ChildRows> rows = std::nullopt;
-  bool read_only = false;  // kept by another part of the program: only read as objects, never saved or deleted
   // Of the table's rows those alone, as SQL; null: all.
   const char* only = nullptr;
 

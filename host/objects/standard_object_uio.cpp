@@ -56,7 +56,7 @@ MethodResult StandardObjectUIO::Methods(const std::string& /*name*/, const Param
 SaveStatus StandardObjectUIO::Read() {
   if (type_ == nullptr) return failed("Nežinomas objekto tipas: „" + object_type_ + "“.");
   try {
-    if (!carries_object(oidr_) && !type_->read_only) {
+    if (!carries_object(oidr_)) {
       if (const std::string text = refusal_to_begin(); !text.empty()) return failed(text);
       make_new_record();
       preview_.clear();
@@ -119,9 +119,6 @@ bool StandardObjectUIO::is_read() const { return record_ && (id_ ? oidr_ == read
 
 // Why the user may not store the record; "" when nothing is against it.
 std::string StandardObjectUIO::refusal() const {
-  if (type_->read_only) {
-    return std::string("Čia ") + type_->plural + " keisti negalima: tokius įrašus tvarko kita programos dalis.";
-  }
   if (!id_) return refusal_to_create();
   return may(UserRight::kWrite) ? "" : refused("keisti");
 }
@@ -199,6 +196,16 @@ void StandardObjectUIO::check_values() const {
   for (std::size_t i = 0; i < type_->fields.size(); ++i) handles.push_back({i});
   record_->for_each_change(
       [&](const RowChange& row) { refuse_unfit_values(type_->table, type_->fields, handles, row); });
+  check_name();
+}
+
+// A blank has no place in the alphabet.
+void StandardObjectUIO::check_name() const {
+  if (!stored_table(type_->table).named) return;
+  const std::string name = null_to_text(record_->field(type_->name_field));
+  if (name.find_first_not_of(' ') != std::string::npos) return;
+  throw StoreError(StoreFault::kRefused,
+                   "Neužpildytas laukas „" + std::string(stored_column(type_->table, "name").caption) + "“.");
 }
 
 // Once the record stands in the open transaction: a version of the settings that names a tariff or its own date anew

@@ -45,7 +45,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   SaveStatus Read() override;
   // Refuses, naming the field, what a company may not hold (value_ranges.h) in what was changed since it was read, and
   // a version of the settings at whose date one of its tariffs has no value. Also refuses when the user lacks the right
-  // to write, or to create a new record, and for a type that is only read. What reaches into a closed month is asked
+  // to write, or to create a new record. What reaches into a closed month is asked
   // about first; without a yes nothing is stored.
   SaveStatus Save(std::int32_t flag, const std::string& parameter) override;
   void UI(std::shared_ptr<QuorObjectUI> value) override { ui_ = std::move(value); }
@@ -72,6 +72,7 @@ class StandardObjectUIO : public QuorObjectUIO {
   bool read_record(std::int32_t id);
   std::shared_ptr<Recordset> child_rows() const;
   void check_values() const;
+  void check_name() const;
   void check_tariffs(std::int32_t id) const;
   const char* watched_table() const;
   void store_rows(std::int32_t id);

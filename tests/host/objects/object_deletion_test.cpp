@@ -63,7 +63,8 @@ TEST_P(ObjectDeletionTest, WhatIsUsedOrGoneOrForbiddenStays) {
       {"O04022009", "Įrašas panaikintas kito vartotojo."},
       {"O0402200x", "Įrašo „O0402200x“ nėra."},
       {"O0402200", "Įrašo „O0402200“ nėra."},
-      {"O04001001", "Objekto „O04001001“ čia panaikinti negalima: tokius tvarko kita programos dalis."},
+      {"O04001001", "Įrašo „Pirmoji“ panaikinti negalima: jis nurodytas mėnesių dokumentuose (1)."},
+      {"O04003001", "Objekto „O04003001“ čia panaikinti negalima: tokius tvarko kita programos dalis."},
       {"", "Objekto „“ čia panaikinti negalima: tokius tvarko kita programos dalis."},
   };
   const auto stored = [&] { return rows_of("categories, positions, settings, category_rows, extra_charges"); };
@@ -79,6 +80,40 @@ TEST_P(ObjectDeletionTest, WhatIsUsedOrGoneOrForbiddenStays) {
   company_.given_rights(user, "O0402300", "d");
   // Settings of earlier and later months than the closed one go.
   EXPECT_EQ(refusal("O04023001") + refusal("O04023003"), "");
+}
+
+TEST_P(ObjectDeletionTest, WithAnEmployeeGoesAllThatIsOfHimAlone) {
+  const auto person = company_.given_employee("Pirmoji"), other = company_.given_employee("Antroji");
+  Database& database = company_.database();
+  for (const std::int32_t each : {person, other}) {
+    company_.given_position({.employee = each});
+    company_.given_service(each, day("2008.01.01"), 1, 1);
+    company_.given_charge(each, kNull, kNull, 5.0);
+    company_.given_time(each, 1, 8);
+    database.execute("INSERT INTO month_faults (employee_id, month, reason) VALUES (:p0, 39448, '')", {each});
+  }
+  for (const char* key : {"O04001001", "O04020001", "O04001101", "O04020002"}) {
+    company_.application().place_on_desk_top(key, nullptr);
+  }
+  const auto rows = [&] {
+    return rows_of("employees") + rows_of("positions") + rows_of("experience") + rows_of("extra_charges") +
+           rows_of("worked_time") + rows_of("month_faults");
+  };
+  const std::int32_t user = company_.given_user("testuotoja");
+  company_.given_rights(user, "O0400100", "vd");
+  EXPECT_EQ(refusal("O04001001"), "Neturite teisės naikinti darbuotojo pareigybių ir darbo laiko.");
+  company_.given_rights(user, "O0402000", "d");
+  database.execute("INSERT INTO closed_months (month, closed_by, closed_at) VALUES (39448, 'O', '')");
+  EXPECT_EQ(refusal("O04001001"),
+            "Įrašo „Pirmoji“ panaikinti negalima: jis nurodytas uždarytų mėnesių darbo laike (1).");
+  database.execute("UPDATE closed_months SET month = 39417");  // 2007.12
+  EXPECT_TRUE(company_.application().NewMainBO()->DeleteQuorObject("O04001001")) << "nobody has agreed";
+  EXPECT_EQ(rows(), 12);
+  EXPECT_EQ(company_.application().desk_top().size(), 4U);
+  company_.application().answer(BoxAnswer::kYes);
+  EXPECT_FALSE(company_.application().NewMainBO()->DeleteQuorObject("O04001001"));
+  EXPECT_EQ(rows(), 6);
+  EXPECT_EQ(company_.application().desk_top(), std::vector<std::string>{"O04020002"});
 }
 
 TEST_P(ObjectDeletionTest, ADeletionThatFailsAtAnyStatementDeletesNothing) {

@@ -77,6 +77,32 @@ TEST_P(StandardObjectTest, ANewRecordIsEmptyAndGetsItsKeyWhenItIsSaved) {
   EXPECT_EQ(rows_text(*again.RsFields()), "1;K;N;Null;Null;1;2008.01.01;Null");
 }
 
+TEST_P(StandardObjectTest, ACardTakesItsPlaceInTheAlphabetWithItsName) {
+  company_.given_employee("Čepienė");
+  const auto write = [&](const char* key, const Variant& name, const Variant& department, const Variant& date) {
+    auto card = object_of("Ona", kEmployeeType);
+    EXPECT_EQ(read(card, key), "");
+    card.Fields()["Preview"].Value(name);
+    card.Fields()["DepartmentID"].Value(department);
+    card.Fields()["UsrAccDate"].Value(date);
+    return card.Save(0, "").ErrorText;
+  };
+  const struct {
+    const char* key;
+    Variant name, department, date;
+    const char* refusal;
+  } cases[] = {
+      {"O0400100", "Cibas", kNull, kNull, "Neužpildytas laukas „padalinys“."},
+      {"O0400100", " ", 1, kNull, "Neužpildytas laukas „pavardė ir vardas“."},
+      {"O0400100", "Cibas", 1, day("1899.12.31"),
+       "Laukas „tarnybos pradžia“: 1899.12.31 – leidžiama nuo 1900.01.01 iki 2999.12.31."},
+      {"O0400100", "Žilienė", 1, day("2008.01.02"), ""},
+      {"O04001001", "Daukša", 1, kNull, ""},
+  };
+  for (const auto& c : cases) EXPECT_EQ(write(c.key, c.name, c.department, c.date), c.refusal);
+  EXPECT_EQ(company_.get("Employees", "None"), "2;2;Čepienė;Null | 1;1;Daukša;Null | 3;1;Žilienė;2008.01.02");
+}
+
 TEST_P(StandardObjectTest, WhoeverSavesSecondIsToldByWhomAndOverwritesNothing) {
   company_.given_position({.employee = person_});
   auto first = object_of("Ona Pirmoji");
