@@ -5,6 +5,7 @@
 #include "host/editors/code_editor.h"
 #include "host/editors/constant_editor.h"
 #include "host/editors/department_editor.h"
+#include "host/editors/employee_card.h"
 #include "host/editors/month_editor.h"
 #include "host/editors/month_norms_editor.h"
 #include "host/editors/worked_time_editor.h"
@@ -13,6 +14,7 @@ namespace quor {
 
 HostTypes host_editors() {
   HostTypes types;
+  types[kEmployeeType] = {.open = open_employee_card, .new_caption = "Naujas darbuotojas", .removable = true};
   types[kMonthType] = {.open = month_editor, .new_caption = "Naujas mėnuo", .removable = true, .remove = delete_month};
   types[kDepartmentType] = {.open = department_editor, .new_caption = "Naujas padalinys", .removable = true};
   types[kConstantType] = {.open = constant_editor, .new_caption = "Nauja konstanta", .removable = true};
