@@ -278,6 +278,18 @@ bool FormView::finish_typing() {
   return true;
 }
 
+std::string FormView::selected_tag() const {
+  const QWidget* const focused = focused_inside();
+  std::vector<const ListView*> lists;
+  for (const auto& [control, widget] : widgets_) {
+    const auto* const list = dynamic_cast<const ListView*>(control);
+    if (list == nullptr) continue;
+    if (focused != nullptr && (widget == focused || widget->isAncestorOf(focused))) return list->selected_tag();
+    lists.push_back(list);
+  }
+  return lists.size() == 1 ? lists.front()->selected_tag() : "";
+}
+
 // A button pressed by a key has not taken the focus: what is typed in the box that has it is finished first.
 void FormView::finish_and_click(CommandButton& button) {
   const QPointer<FormView> self(this);

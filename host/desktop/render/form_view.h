@@ -37,11 +37,13 @@ class FormView : public QWidget, private FormActs {
   FormView(Form& form, Edge& edge, Place place, QWidget* parent = nullptr);
   ~FormView() override;
 
-  Form& form() { return form_; }
+  Form& form() const { return form_; }
   // The widget of the control; null for one that has none (a menu) or is not in the layout.
   QWidget* widget_of(const Control& control) const;
   // Gives the focus to the first control in which something can be entered.
   void focus_first();
+  // The tag of the row selected in the list that has the focus, or else in the form's only list; "" without one.
+  std::string selected_tag() const;
   // What is typed into a date or a cell counts when it is left; this is such a moment. False when it was refused, which
   // the user is told.
   bool finish_typing();

@@ -25,7 +25,7 @@ DeskTopPane::DeskTopPane(DesktopApplication& application, QWidget* parent)
 }
 
 void DeskTopPane::refresh() {
-  const std::string current = currentItem() == nullptr ? "" : key_of(*currentItem());
+  const std::string stood_on = current();
   clear();
   std::map<std::string, std::shared_ptr<Recordset>> lists;  // by type: one that cannot be read is told once
   for (const std::string& key : application_.desk_top()) {
@@ -44,9 +44,11 @@ void DeskTopPane::refresh() {
     auto* const item = new QListWidgetItem(object_icon(application_, object_type), name, this);
     item->setData(Qt::UserRole, QString::fromStdString(key));
     item->setToolTip(type + ": " + item->text());
-    if (key == current) setCurrentItem(item);
+    if (key == stood_on) setCurrentItem(item);
   }
 }
+
+std::string DeskTopPane::current() const { return currentItem() == nullptr ? "" : key_of(*currentItem()); }
 
 void DeskTopPane::open(QListWidgetItem* item) {
   if (item != nullptr && on_want) on_want(place_of_object(key_of(*item)), MenuPurpose::kOpen);

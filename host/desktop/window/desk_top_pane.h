@@ -16,6 +16,9 @@ class DeskTopPane : public QListWidget {
   // Reads again what stands on the desk top. An object whose record is gone is shown as such, to be taken away.
   void refresh();
 
+  // The key of the object on which the user stands; "" when on none.
+  std::string current() const;
+
   WantEntry on_want;
   std::function<void(const MenuPlace& place, const QPoint& at)> on_menu;
   // The user takes the object away.

@@ -64,6 +64,8 @@ class MainWindow : public QMainWindow {
   std::array<EditorTabs*, 2> all_tabs() const { return {tabs_, beside_}; }
   // Those in which the focus is.
   EditorTabs& tabs_in_use() const;
+  std::string person_in_sight() const;
+  void open_person();
   bool close_all_tabs();
   void put_on_desk_top(const std::string& object, const std::shared_ptr<Form>& editor);
   void take_off_desk_top(const std::string& object);

@@ -1,13 +1,22 @@
 // The menu bar and the tools of the main window.
+#include <QApplication>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QToolBar>
 
+#include "host/company/person_of.h"
 #include "host/desktop/edge/mnemonics.h"
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/registered_icons.h"
 #include "host/store/object_codes.h"
 
 namespace quor {
+
+namespace {
+
+constexpr int kMessageTime = 5000;  // ms
+
+}  // namespace
 
 void MainWindow::add_menus() {
   auto* const tools = addToolBar("Įrankiai");
@@ -82,10 +91,38 @@ void MainWindow::add_window_menu() {
     tabs_->show_lists();
     if (list() != nullptr) list()->focus_list();
   });
+  menu.addAction("&Darbuotojo kortelė", QKeySequence(Qt::Key_F4), this, [this] { open_person(); });
   menu.addAction("Už&verti kortelę", QKeySequence(Qt::CTRL | Qt::Key_W), this,
                  [this] { tabs_in_use().close_tab(tabs_in_use().currentIndex()); });
   menu.addAction("Užverti &visas korteles", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this,
                  [this] { close_all_tabs(); });
+}
+
+// Of the object or the row on which the user stands, or else of the form in front; "" when it is nobody's.
+std::string MainWindow::person_in_sight() const {
+  std::vector<std::string> keys;
+  const FormView* const view = tabs_in_use().current_view();
+  if (desk_top_->hasFocus()) {
+    keys = {desk_top_->current()};
+  } else if (view != nullptr) {
+    keys = {view->selected_tag(), view->form().subject()};
+  } else if (list() != nullptr) {
+    keys = {list()->current()};
+  }
+  for (const std::string& key : keys) {
+    if (std::string person = person_of(application_.company(), key); !person.empty()) return person;
+  }
+  return "";
+}
+
+void MainWindow::open_person() {
+  if (QApplication::activeModalWidget() != nullptr) return;
+  std::string person;
+  act([&] {
+    person = person_in_sight();
+    if (person.empty()) statusBar()->showMessage("Pirmiausia pažymėkite darbuotojo eilutę.", kMessageTime);
+  });
+  if (!person.empty()) carry_out(place_of_object(person), MenuPurpose::kOpen);
 }
 
 }  // namespace quor

@@ -390,6 +390,31 @@ TEST_F(SampleWindowTest, TheSupplementPreviewLeadsToThePersonalEditorsAndBack) {
   EXPECT_GE(std::stoi(list.text(0, list.column("ExperienceYears"))), 40);
 }
 
+TEST_F(SampleWindowTest, F4OpensTheCardOfThePersonOfTheRow) {
+  open();
+  press(Qt::Key_1, Qt::ControlModifier);
+  press(Qt::Key_F4);
+  EXPECT_EQ(window_->tabs().count(), 2) << "no row, no person";
+  press(Qt::Key_F5);
+  const auto& list = dynamic_cast<ListView&>(*window_->tabs().current_view()->form().find("lvwRows"));
+  auto* const rows = dynamic_cast<QTreeView*>(window_->tabs().current_view()->widget_of(list));
+  rows->setFocus();
+  press(Qt::Key_Down);
+  const std::string person = list.selected_tag(), name = list.text(*list.row_tagged(person), 1);
+  press(Qt::Key_F4);
+  EXPECT_EQ(window_->tabs().current_view()->form().subject(), person);
+  EXPECT_EQ(window_->tabs().tabText(2).toStdString(), name);
+  press(Qt::Key_F4);
+  EXPECT_EQ(window_->tabs().count(), 3) << "it is their own";
+  window_->show_type(kSalaryExtensionType);
+  window_->list()->focus_list();
+  press(Qt::Key_Down);
+  press(Qt::Key_F4);
+  const FormView* const card = window_->tabs().current_view();
+  ASSERT_NE(card, nullptr);
+  EXPECT_TRUE(card->form().subject().starts_with(kEmployeeType)) << "the person of a position";
+}
+
 TEST_F(SampleWindowTest, ASecondPreviewIsFilledBesideTheFirst) {
   open();
   const auto rows_of = [](EditorTabs& tabs) {

@@ -45,7 +45,11 @@ class EmployeeCardTest : public testing::TestWithParam<Backend> {
          {"f", FieldType::kDate},
          {"t", FieldType::kDate}});
   }
-  std::string last_box() { return application_.shown_boxes().empty() ? "" : application_.shown_boxes().back().text; }
+  std::string last_box() {
+    std::string text = application_.shown_boxes().empty() ? "" : application_.shown_boxes().back().text;
+    std::erase(text, '\r');
+    return text;
+  }
 
   TestCompany company_{GetParam()};
   TestApplication application_{company_.company(),
