@@ -2,6 +2,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QSettings>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -98,6 +99,20 @@ void take_dated_values(MainWindow& window, Pictures& pictures) {
   pictures.take_window("month_norms_editor");
 }
 
+// A card with every page of it, and the dialog of a position.
+void take_person(MainWindow& window, Pictures& pictures) {
+  window.show_type(kEmployeeType);
+  window.carry_out(place_of_object(window.list()->current()), MenuPurpose::kOpen);
+  auto* const pages = window.tabs().current_view()->findChild<QTabWidget*>();
+  for (int page = 0; pages != nullptr && page < pages->count(); ++page) {
+    pages->setCurrentIndex(page);
+    pictures.take_window("employee_card_" + QString::number(page + 1));
+  }
+  if (pages != nullptr) pages->setCurrentIndex(0);
+  pictures.stand_on("lvwPositions", 0);
+  pictures.take_dialog("position_editor", [&] { pictures.key("lvwPositions", Qt::Key_Return); });
+}
+
 void take_previews(DesktopApplication& application, MainWindow& window, Pictures& pictures) {
   const std::vector<CalledEntry> previews = called_entries(application, MenuPurpose::kPreview);
   const auto show = [&](std::size_t at) { window.carry_out(previews.at(at).place, previews.at(at).entry); };
@@ -163,6 +178,7 @@ void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
   Pictures pictures(window, folder);
   pictures.take_window("main_window");
   take_editors(window, pictures);
+  take_person(window, pictures);
   take_dated_values(window, pictures);
   take_previews(application, window, pictures);
   window.show_type(kEmployeeType);

@@ -3,7 +3,6 @@
 #include <map>
 
 #include "host/editors/employment_end.h"
-#include "host/editors/entered_values.h"
 #include "host/editors/position_editor.h"
 #include "host/editors/service_editor.h"
 #include "host/payroll/latest_month.h"
@@ -30,14 +29,12 @@ void open_menu(const ListView& list, PopupMenu& menu, std::initializer_list<Menu
 }  // namespace
 
 EmployeeCard::EmployeeCard(Application& application, std::shared_ptr<QuorObjectUIO> card)
-    : Form("Darbuotojo kortelė"),
+    : RecordForm("Darbuotojo kortelė", application, std::move(card)),
       lvwPositions(*this, "lvwPositions", position_columns()),
       lvwCharges(*this, "lvwCharges", charge_columns()),
       lvwWorkedTime(*this, "lvwWorkedTime", worked_time_columns()),
       lvwPaidHours(*this, "lvwPaidHours", paid_hours_columns()),
       lvwPaidSums(*this, "lvwPaidSums", paid_sums_columns()),
-      application_(application),
-      card_(std::move(card)),
       month_(Month::of(application.Today())) {
   listen();
   lay_out();
@@ -68,9 +65,8 @@ void EmployeeCard::listen() {
   for (DatePicker* const picker : {&dtpTimeMonth, &dtpPayMonth}) {
     picker->on_change = [this, picker] { turn_to_month(picker->value()); };
   }
-  cmdWrite.on_click = [this] { write(); };
+  txtName.on_change = chcDepartment.on_change = txtServiceBegan.on_change = [this] { changed(); };
   cmdRefresh.on_click = [this] { refresh(); };
-  cmdClose.on_click = [this] { close(); };
 }
 
 void EmployeeCard::lay_out() {
@@ -80,35 +76,38 @@ void EmployeeCard::lay_out() {
                             page("Stažas ir priedai", {lblService, lvwCharges, row({cmdNewCharge, cmdService})}),
                             page("Darbo laikas", {field("Mėnuo", dtpTimeMonth), lvwWorkedTime}),
                             page("Užmokestis", {field("Mėnuo", dtpPayMonth), lblPay, lvwPaidHours, lvwPaidSums})}),
-                     row({cmdWrite, cmdRefresh, cmdClose})}));
+                     row({cmdWrite, cmdCancel, cmdRefresh, cmdClose})}));
 }
 
-std::string EmployeeCard::subject() const { return employee() ? card_->OIDR() : ""; }
-
-std::optional<std::int32_t> EmployeeCard::employee() const { return id_of_key(card_->OIDR(), kEmployeeType); }
+std::optional<std::int32_t> EmployeeCard::employee() const { return id_of_key(record().OIDR(), kEmployeeType); }
 
 void EmployeeCard::opening() {
-  month_ = latest_month(application_.company().database()).value_or(Month::of(application_.Today()));
+  month_ = latest_month(application().company().database()).value_or(Month::of(application().Today()));
   dtpTimeMonth.set_value(month_.first_day());
   dtpPayMonth.set_value(month_.first_day());
-  cmdWrite.set_enabled(application_.HasRight(UserRight::kWrite, kEmployeeType, 0));
-  show_card();
-  show_pages();
+  RecordForm::opening();
 }
 
 // ---- the card itself
 
+void EmployeeCard::show_record(bool may_write) {
+  may_write_ = may_write;
+  show_card();
+  show_pages();
+}
+
 void EmployeeCard::show_card() {
-  const Fields fields = card_->Fields();
+  const Fields fields = record().Fields();
   txtName.set_text(null_to_text(fields["Preview"].Value()));
   txtServiceBegan.set_text(null_to_text(fields["UsrAccDate"].Value()));
+  for (TextBox* const box : {&txtName, &txtServiceBegan}) box->set_read_only(!may_write_);
+  chcDepartment.set_enabled(may_write_);
   show_departments(null_to_int32(fields["DepartmentID"].Value()));
-  shown_ = shown();
 }
 
 // By name, as one looks for it; what stands above tells departments of one name apart.
 void EmployeeCard::show_departments(std::int32_t chosen) {
-  const auto departments = requested(application_, "GetDepartments", kNoParameter);
+  const auto departments = requested(application(), "GetDepartments", kNoParameter);
   std::map<std::int32_t, std::string> names;
   std::vector<ChoiceBox::Item> items;
   if (departments) {
@@ -125,31 +124,12 @@ void EmployeeCard::show_departments(std::int32_t chosen) {
   if (chosen == 0 || !chcDepartment.select_tag(std::to_string(chosen))) chcDepartment.select_item({});
 }
 
-std::string EmployeeCard::shown() const {
-  return txtName.text() + '\n' + chcDepartment.selected_tag() + '\n' + txtServiceBegan.text();
-}
-
-void EmployeeCard::write() {
-  if (!move_into_fields()) return;
-  const SaveStatus status = card_->Save(0, "");
-  if (status.Failed) {
-    application_.MessageBox(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText, BoxIcon::kExclamation,
-                            BoxButtons::kOk, application_.Title());
-    return;
-  }
-  show_card();
-  application_.open_objects().written(*card_);
-  show_pages();
-}
-
-// Everything is read first: what is refused leaves the fields as they are.
-bool EmployeeCard::move_into_fields() {
-  EnteredValues entered(application_);
+bool EmployeeCard::take(EnteredValues& entered) {
   const std::string name = entered.text(txtName, "Pavardė, vardas");
   if (chcDepartment.selected_tag().empty()) entered.refuse(chcDepartment, "Padalinys: nepasirinktas.");
   const auto began = entered.optional_date(txtServiceBegan, "Tarnybos pradžia");
   if (entered.show_faults()) return false;
-  const Fields fields = card_->Fields();
+  const Fields fields = record().Fields();
   fields["Preview"].Value(name);
   fields["DepartmentID"].Value(chcDepartment.selected_tag());
   fields["UsrAccDate"].Value(began ? Variant(*began) : Variant(kNull));
@@ -159,9 +139,9 @@ bool EmployeeCard::move_into_fields() {
 // What others have written; what is typed stays.
 void EmployeeCard::refresh() {
   if (employee() && !has_unsaved_changes()) {
-    const SaveStatus status = card_->Read();
+    const SaveStatus status = record().Read();
     if (status.Failed) {
-      application_.MessageBox(status.ErrorText, BoxIcon::kExclamation, BoxButtons::kOk, application_.Title());
+      application().MessageBox(status.ErrorText, BoxIcon::kExclamation, BoxButtons::kOk, application().Title());
       return;
     }
     show_card();
@@ -173,12 +153,12 @@ void EmployeeCard::refresh() {
 
 void EmployeeCard::show_pages() {
   const bool stored = employee().has_value();
-  const std::string refusal = application_.guard().view_refusal(kSalaryExtensionType);
+  const std::string refusal = application().guard().view_refusal(kSalaryExtensionType);
   lblPages.set_caption(stored ? refusal : "Pareigybės, stažas ir priedai pildomi įrašius kortelę.");
   lblPages.set_visible(!lblPages.caption().empty());
   enable_pages(stored, refusal.empty());
   if (!stored) return;
-  const auto hourglass = application_.hourglass();
+  const auto hourglass = application().hourglass();
   show_person();
   if (!refusal.empty()) return;
   show_positions(lvwPositions.selected_tag());
@@ -191,21 +171,21 @@ void EmployeeCard::enable_pages(bool stored, bool viewed) {
   };
   enable({&lvwCharges, &cmdNewCharge, &cmdService}, stored);
   enable({&lvwPositions, &dtpTimeMonth, &lvwWorkedTime, &dtpPayMonth, &lvwPaidHours, &lvwPaidSums}, stored && viewed);
-  const bool may_write = application_.HasRight(UserRight::kWrite, kSalaryExtensionType, 0);
+  const bool may_write = application().HasRight(UserRight::kWrite, kSalaryExtensionType, 0);
   enable({&cmdNewPosition, &cmdCopyPosition, &cmdEnd}, stored && viewed && may_write);
 }
 
 void EmployeeCard::show_positions(const std::string& select) {
-  const Date today = application_.Today();
-  quor::show_positions(lvwPositions, positions_of(application_, *employee(), today), today);
+  const Date today = application().Today();
+  quor::show_positions(lvwPositions, positions_of(application(), *employee(), today), today);
   lvwPositions.select_row(lvwPositions.row_tagged(select));
 }
 
 // Service and charges.
 void EmployeeCard::show_person() {
-  const Date today = application_.Today();
+  const Date today = application().Today();
   std::string service = "Tarnybos stažas neįrašytas.";
-  if (const auto services = requested(application_, "GetOfficeEmployeeExperience", kNoParameter);
+  if (const auto services = requested(application(), "GetOfficeEmployeeExperience", kNoParameter);
       services && find_service(*services, *employee())) {
     const Variant date = services->field("DateExperience");
     const std::int64_t recorded = std::int64_t{null_to_int32(services->field("ExperienceYears"))} * 12 +
@@ -216,14 +196,14 @@ void EmployeeCard::show_person() {
   }
   lblService.set_caption(service);
   const std::string selected = lvwCharges.selected_tag();
-  const auto charges = requested(application_, "GetPersonalExtraCharges", quoted(card_->OIDR()));
-  const auto codes = requested(application_, "GetSalaryCodes", kNoParameter);
+  const auto charges = requested(application(), "GetPersonalExtraCharges", quoted(record().OIDR()));
+  const auto codes = requested(application(), "GetSalaryCodes", kNoParameter);
   show_charges(lvwCharges, charges.get(), codes.get(), today);
   lvwCharges.select_row(lvwCharges.row_tagged(selected));
 }
 
 void EmployeeCard::show_month() {
-  const PersonMonth found = person_month(application_, *employee(), month_);
+  const MonthOfPerson found = month_of_person(application(), *employee(), month_);
   show_worked_time(lvwWorkedTime, found.worked, month_);
   show_paid_hours(lvwPaidHours, found.pay);
   show_paid_sums(lvwPaidSums, found.pay);
@@ -242,30 +222,30 @@ void EmployeeCard::turn_to_month(Date day) {
 
 void EmployeeCard::edit_position_of(const std::string& key) {
   if (key.empty()) return;
-  const auto position = application_.GetQuorObjectUIO(key);
+  const auto position = application().GetQuorObjectUIO(key);
   if (!position) return show_positions("");
-  if (edit_position(application_, *position)) positions_changed(key);
+  if (edit_position(application(), *position)) positions_changed(key);
 }
 
 void EmployeeCard::add_position(const std::string& like) {
-  const auto position = new_position(application_, *employee(), like);
-  if (position && edit_position(application_, *position)) positions_changed(position->OIDR());
+  const auto position = new_position(application(), *employee(), like);
+  if (position && edit_position(application(), *position)) positions_changed(position->OIDR());
 }
 
 void EmployeeCard::delete_position() {
   const std::string key = lvwPositions.selected_tag();
   if (key.empty() || !agreed_to_delete()) return;
-  if (!application_.NewMainBO()->DeleteQuorObject(key)) positions_changed(key);
+  if (!application().NewMainBO()->DeleteQuorObject(key)) positions_changed(key);
 }
 
 void EmployeeCard::positions_changed(const std::string& key) {
   show_positions(key);
-  application_.open_objects().wrote(key);
+  application().open_objects().wrote(key);
 }
 
 void EmployeeCard::end_employment() {
-  EmploymentEnd dialog(application_, *employee());
-  application_.show_modal(dialog);
+  EmploymentEnd dialog(application(), *employee());
+  application().show_modal(dialog);
   if (!dialog.ended()) return;
   show_person();
   positions_changed(lvwPositions.row_count() > 0 ? lvwPositions.tag(0) : kSalaryExtensionType);
@@ -274,15 +254,15 @@ void EmployeeCard::end_employment() {
 // ---- service and charges
 
 void EmployeeCard::edit_service() {
-  const auto services = requested(application_, "GetOfficeEmployeeExperience", kNoParameter);
+  const auto services = requested(application(), "GetOfficeEmployeeExperience", kNoParameter);
   if (!services) return;
-  ServiceEditor editor(application_, *employee(), services, txtServiceBegan.text());
-  application_.show_modal(editor);
+  ServiceEditor editor(application(), *employee(), services, txtServiceBegan.text());
+  application().show_modal(editor);
   if (editor.stored()) show_person();
 }
 
 void EmployeeCard::ask_card(const char* method, const std::string& guid) {
-  const Variant done = card_->Methods(method, {guid}).Value;
+  const Variant done = record().Methods(method, {guid}).Value;
   if (!done.is_null() && done.to_bool()) show_person();
 }
 
@@ -293,15 +273,17 @@ void EmployeeCard::delete_charge() {
 }
 
 bool EmployeeCard::agreed_to_delete() {
-  return application_.MessageBox("Ar tikrai norite panaikinti?", BoxIcon::kQuestion, BoxButtons::kYesNo,
-                                 application_.Title()) == BoxAnswer::kYes;
+  return application().MessageBox("Ar tikrai norite panaikinti?", BoxIcon::kQuestion, BoxButtons::kYesNo,
+                                  application().Title()) == BoxAnswer::kYes;
 }
 
 std::shared_ptr<Form> open_employee_card(Application& application, const std::string& object) {
-  const int shown = static_cast<int>(application.shown_boxes().size());
   auto card = application.GetQuorObjectUIO(object);
   if (card) return std::make_shared<EmployeeCard>(application, std::move(card));
-  if (static_cast<int>(application.shown_boxes().size()) == shown) {
+  const auto id = id_of_key(object);
+  const auto row = application.company().database().read("SELECT id FROM employees WHERE id = :p0",
+                                                         {{"ID", FieldType::kInt32}}, {id.value_or(0)});
+  if (id && row->RecordCount() == 0) {
     application.MessageBox("Darbuotojo nebėra: jį panaikino kitas vartotojas.", BoxIcon::kExclamation, BoxButtons::kOk,
                            application.Title());
   }

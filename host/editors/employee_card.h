@@ -11,18 +11,18 @@
 
 #include "host/application/application.h"
 #include "host/editors/person_lists.h"
+#include "host/editors/record_form.h"
 #include "platform/data/month.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/choice_box.h"
 #include "platform/toolkit/date_picker.h"
-#include "platform/toolkit/form.h"
 #include "platform/toolkit/list_view.h"
 #include "platform/toolkit/popup_menu.h"
 #include "platform/toolkit/text_box.h"
 
 namespace quor {
 
-class EmployeeCard : public Form {
+class EmployeeCard : public RecordForm {
  public:
   TextBox txtName{*this, "txtName"};
   ChoiceBox chcDepartment{*this, "chcDepartment"};  // tags: the departments' IDs
@@ -55,27 +55,21 @@ class EmployeeCard : public Form {
   ListView lvwPaidHours;
   ListView lvwPaidSums;
 
-  CommandButton cmdWrite{*this, "cmdWrite", "Įrašyti", ButtonRole::kWrite};
   CommandButton cmdRefresh{*this, "cmdRefresh", "Atnaujinti", ButtonRole::kFill};
-  CommandButton cmdClose{*this, "cmdClose", "Uždaryti", ButtonRole::kDismiss};
 
   // `card` is the employee's data object, read. The application outlives the form.
   EmployeeCard(Application& application, std::shared_ptr<QuorObjectUIO> card);
-
-  bool has_unsaved_changes() const override { return loaded() && shown() != shown_; }
-  std::string subject() const override;
 
  private:
   void opening() override;
   void listen();
   void lay_out();
 
+  void show_record(bool may_write) override;
+  bool take(EnteredValues& entered) override;
   void show_card();
   void show_departments(std::int32_t chosen);
-  std::string shown() const;
-  void write();
   void refresh();
-  bool move_into_fields();
 
   std::optional<std::int32_t> employee() const;  // none while the card is new
   void show_pages();
@@ -95,10 +89,8 @@ class EmployeeCard : public Form {
   void delete_charge();
   bool agreed_to_delete();
 
-  Application& application_;
-  const std::shared_ptr<QuorObjectUIO> card_;
   Month month_;
-  std::string shown_;  // what stood in the card's own fields when it was read or written
+  bool may_write_ = false;
 };
 
 // The form of the employee's card, or of a new one for the type code. Null when it is gone or may not be seen: the user

@@ -136,13 +136,13 @@ void show_worked_time(ListView& list, const std::vector<WorkedHours>& worked, co
   }
 }
 
-void show_paid_hours(ListView& list, const PersonPay& pay) {
+void show_paid_hours(ListView& list, const PaidMonth& pay) {
   const ListView::BulkChange bulk(list);
   list.clear();
   for (const PaidHours& each : pay.hours) add_row(list, {each.time_code, each.category, general_text(each.hours)});
 }
 
-void show_paid_sums(ListView& list, const PersonPay& pay) {
+void show_paid_sums(ListView& list, const PaidMonth& pay) {
   const ListView::BulkChange bulk(list);
   list.clear();
   for (const PaidSum& each : pay.sums) {

@@ -21,8 +21,8 @@ void show_positions(ListView& list, const std::vector<PersonPosition>& positions
 // "GetSalaryCodes"; either may be null.
 void show_charges(ListView& list, Recordset* charges, Recordset* codes, Date day);
 void show_worked_time(ListView& list, const std::vector<WorkedHours>& worked, const Month& month);
-void show_paid_hours(ListView& list, const PersonPay& pay);
+void show_paid_hours(ListView& list, const PaidMonth& pay);
 // The sums, what they come to, and in red what is against them.
-void show_paid_sums(ListView& list, const PersonPay& pay);
+void show_paid_sums(ListView& list, const PaidMonth& pay);
 
 }  // namespace quor

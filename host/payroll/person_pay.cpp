@@ -71,8 +71,8 @@ std::vector<PaidSum> read_sums(Database& database, std::int32_t document) {
   return sums;
 }
 
-PersonPay read_pay(Database& database, std::int32_t employee, const Month& month) {
-  PersonPay pay;
+PaidMonth read_pay(Database& database, std::int32_t employee, const Month& month) {
+  PaidMonth pay;
   const std::vector<Variant> whose = {employee, month.first_day()};
   const auto fault = database.read("SELECT reason FROM month_faults WHERE employee_id = :p0 AND month = :p1",
                                    {{"Reason", kText}}, whose);
@@ -91,17 +91,17 @@ PersonPay read_pay(Database& database, std::int32_t employee, const Month& month
 }  // namespace
 
 // In whole cents: binary sums of cents carry a tail.
-double PersonPay::sum_of(SumType type) const {
+double PaidMonth::sum_of(SumType type) const {
   double sum = 0;
   for (const PaidSum& each : sums) sum += each.type == type ? each.sum : 0;
   return round_even(sum, 2);
 }
 
-double PersonPay::total() const {
+double PaidMonth::total() const {
   return round_even(sum_of(SumType::kBasePay) + sum_of(SumType::kSupplement) + sum_of(SumType::kSurcharge), 2);
 }
 
-PersonMonth person_month(Application& application, std::int32_t employee, const Month& month) {
+MonthOfPerson month_of_person(Application& application, std::int32_t employee, const Month& month) {
   application.guard().require_view(kSalaryExtensionType);
   Database& database = application.company().database();
   const Snapshot snapshot(database);

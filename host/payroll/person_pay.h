@@ -25,7 +25,7 @@ struct PaidSum {
   double sum = 0;
 };
 
-struct PersonPay {
+struct PaidMonth {
   bool has_document = false;
   bool closed = false;
   std::vector<PaidHours> hours;
@@ -43,12 +43,12 @@ struct WorkedHours {
   double hours = 0;
 };
 
-struct PersonMonth {
+struct MonthOfPerson {
   std::vector<WorkedHours> worked;  // what stands for the whole month first, then by day
-  PersonPay pay;
+  PaidMonth pay;
 };
 
 // All of it of one state of the company. Throws StoreError, and Error when the user may not view the salary extension.
-PersonMonth person_month(Application& application, std::int32_t employee, const Month& month);
+MonthOfPerson month_of_person(Application& application, std::int32_t employee, const Month& month);
 
 }  // namespace quor
