@@ -44,12 +44,11 @@ void EmployeeCard::listen() {
   lvwPositions.on_right_click = [this] {
     open_menu(lvwPositions, mnuPosition, {&mnuEditPosition, &mnuCopyPosition, &mnuDeletePosition});
   };
+  lvwPositions.on_select = [this] { enable_copy(); };
   lvwPositions.on_double_click = [this] { edit_position_of(lvwPositions.selected_tag()); };
   mnuNewPosition.on_choose = cmdNewPosition.on_click = [this] { add_position(""); };
   mnuEditPosition.on_choose = lvwPositions.on_double_click;
-  mnuCopyPosition.on_choose = cmdCopyPosition.on_click = [this] {
-    if (!lvwPositions.selected_tag().empty()) add_position(lvwPositions.selected_tag());
-  };
+  mnuCopyPosition.on_choose = cmdCopyPosition.on_click = [this] { add_position(lvwPositions.selected_tag()); };
   mnuDeletePosition.on_choose = [this] { delete_position(); };
   cmdEnd.on_click = [this] { end_employment(); };
 
@@ -172,13 +171,17 @@ void EmployeeCard::enable_pages(bool stored, bool viewed) {
   enable({&lvwCharges, &cmdNewCharge, &cmdService}, stored);
   enable({&lvwPositions, &dtpTimeMonth, &lvwWorkedTime, &dtpPayMonth, &lvwPaidHours, &lvwPaidSums}, stored && viewed);
   const bool may_write = application().HasRight(UserRight::kWrite, kSalaryExtensionType, 0);
-  enable({&cmdNewPosition, &cmdCopyPosition, &cmdEnd}, stored && viewed && may_write);
+  enable({&cmdNewPosition, &cmdEnd}, stored && viewed && may_write);
+  enable_copy();
 }
+
+void EmployeeCard::enable_copy() { cmdCopyPosition.set_enabled(cmdNewPosition.enabled() && lvwPositions.selected()); }
 
 void EmployeeCard::show_positions(const std::string& select) {
   const Date today = application().Today();
   quor::show_positions(lvwPositions, positions_of(application(), *employee(), today), today);
   lvwPositions.select_row(lvwPositions.row_tagged(select));
+  enable_copy();
 }
 
 // Service and charges.
@@ -229,7 +232,8 @@ void EmployeeCard::edit_position_of(const std::string& key) {
 
 void EmployeeCard::add_position(const std::string& like) {
   const auto position = new_position(application(), *employee(), like);
-  if (position && edit_position(application(), *position)) positions_changed(position->OIDR());
+  if (!position) return show_positions("");  // the one that was to be copied is gone
+  if (edit_position(application(), *position)) positions_changed(position->OIDR());
 }
 
 void EmployeeCard::delete_position() {

@@ -74,6 +74,7 @@ class EmployeeCard : public RecordForm {
   std::optional<std::int32_t> employee() const;  // none while the card is new
   void show_pages();
   void enable_pages(bool stored, bool viewed);
+  void enable_copy();
   void show_positions(const std::string& select);
   void show_person();
   void show_month();

@@ -58,22 +58,22 @@ void add_lines(ListView& list, const std::string& heading, const std::string& te
 }  // namespace
 
 std::vector<ListColumn> position_columns() {
-  return {{.key = "", .caption = "Kategorija", .width = 230},
-          {.key = "Factor", .caption = "Koeficientas šiandien", .width = 110, .alignment = kRight},
-          {.key = "Tariff", .caption = "Bazinė alga", .width = 220},
-          {.key = "TariffValue", .caption = "Jos dydis šiandien", .width = 110, .alignment = kRight},
-          {.key = "Share", .caption = "Etato dalis", .width = 90, .alignment = kRight},
-          {.key = "DateFrom", .caption = "Nuo", .width = 90},
-          {.key = "DateTo", .caption = "Iki", .width = 90}};
+  return {{.key = "", .caption = "Kategorija", .width = 190},
+          {.key = "Factor", .caption = "Koeficientas šiandien", .width = 95, .alignment = kRight},
+          {.key = "Tariff", .caption = "Bazinė alga", .width = 150},
+          {.key = "TariffValue", .caption = "Jos dydis šiandien", .width = 90, .alignment = kRight},
+          {.key = "Share", .caption = "Etato dalis", .width = 70, .alignment = kRight},
+          {.key = "DateFrom", .caption = "Nuo", .width = 82},
+          {.key = "DateTo", .caption = "Iki", .width = 82}};
 }
 
 std::vector<ListColumn> charge_columns() {
-  return {{.key = "", .caption = "Galioja nuo", .width = 90},
-          {.key = "DateTo", .caption = "Galioja iki", .width = 90},
-          {.key = "Code", .caption = "Darbo užmokesčio kodas", .width = 220},
-          {.key = "Sum", .caption = "Suma", .width = 90, .alignment = kRight},
-          {.key = "Percentage", .caption = "Procentas", .width = 110, .alignment = kRight},
-          {.key = "Comment", .caption = "Pastaba", .width = 220}};
+  return {{.key = "", .caption = "Galioja nuo", .width = 82},
+          {.key = "DateTo", .caption = "Galioja iki", .width = 82},
+          {.key = "Code", .caption = "Darbo užmokesčio kodas", .width = 205},
+          {.key = "Sum", .caption = "Suma", .width = 80, .alignment = kRight},
+          {.key = "Percentage", .caption = "Procentas", .width = 90, .alignment = kRight},
+          {.key = "Comment", .caption = "Pastaba", .width = 200}};
 }
 
 std::vector<ListColumn> worked_time_columns() {
@@ -100,8 +100,8 @@ void show_positions(ListView& list, const std::vector<PersonPosition>& positions
   list.clear();
   for (const PersonPosition& each : positions) {
     add_row(list,
-            {each.category, text_of(each.factor), each.tariff, text_of(each.tariff_value), general_text(each.share),
-             text_of(each.from), text_of(each.to)},
+            {each.category, text_of(each.factor), each.tariff.empty() ? "pagal nustatymus" : each.tariff,
+             text_of(each.tariff_value), general_text(each.share), text_of(each.from), text_of(each.to)},
             each.key, colour_on(day, each.from, each.to));
   }
 }

@@ -44,7 +44,7 @@ PositionEditor::PositionEditor(QuorApplication& application, QuorObjectUIO& posi
   txtShare.on_enter = [this] { txtShare.select(0, character_count(txtShare.text())); };
   txtShare.on_key = [](char32_t key) { return key == U'.' ? U',' : key; };
   txtShare.on_change = [this] { show_month_salary(); };
-  txtDateFrom.on_change = [this] { date_changed(); };
+  for (TextBox* box : {&txtDateFrom, &txtDateTo}) box->on_change = [this] { date_changed(); };
   chcTariff.on_change = [this] { show_month_salary(); };
   cmdChoose.on_click = [this] { choose_category(); };
   cmdWrite.on_click = [this] { write(); };
@@ -81,7 +81,7 @@ void PositionEditor::show_position() {
   dated_ = date();
   show_category(null_to_int32(fields["OfficeEmployeeCategoryID"].Value()));
   std::int32_t constant = null_to_int32(fields["SalaryConstantTypeID"].Value());
-  // A new position begins with the base tariff of the settings.
+  // Without one of its own a position has the base tariff of the settings.
   if (constant == 0) {
     const auto usual = rows_in(position_.Methods("GetSalaryConstant", {0, dated_}));
     if (usual && usual->RecordCount() > 0) constant = null_to_int32(usual->field("ConstantID"));
@@ -130,7 +130,6 @@ void PositionEditor::show_month_salary() {
   if (salary.Code == 0) txtMonthSalary.set_text(fixed_text(null_to_double(salary.Value), 2));
 }
 
-// Factor and tariffs are those of the day from which the position holds.
 void PositionEditor::date_changed() {
   if (date() == dated_) return;
   dated_ = date();
@@ -188,10 +187,16 @@ bool PositionEditor::move_into_fields() {
   return true;
 }
 
-// The day of which factor and tariffs are shown.
+// The day of which factor and tariffs are shown: today, or the nearest one on which the position holds.
 Date PositionEditor::date() const {
-  const auto typed = try_parse_date(txtDateFrom.text());
-  return typed && is_stored_date(*typed) ? typed->without_time() : application_.Today();
+  const auto typed = [](const TextBox& box) {
+    const auto day = try_parse_date(box.text());
+    return day && is_stored_date(*day) ? std::optional(day->without_time()) : std::nullopt;
+  };
+  const Date today = application_.Today();
+  const auto from = typed(txtDateFrom), to = typed(txtDateTo);
+  if (from && *from > today) return *from;
+  return to && *to < today ? *to : today;
 }
 
 std::int32_t PositionEditor::category() const { return id_in(txtCategory.tag()); }

@@ -14,7 +14,7 @@ struct PersonPosition {
   std::string key;
   std::string category;          // "" without one
   std::optional<double> factor;  // of the category at the day asked for; none before its first
-  std::string tariff;            // what the base tariff is called; "" without one
+  std::string tariff;            // what its own base tariff is called; "" by that of the settings
   std::optional<double> tariff_value;
   double share = 0;
   std::optional<Date> from;  // none for what is no day of the calendar
