@@ -266,7 +266,9 @@ void EmployeeCard::edit_service() {
 }
 
 void EmployeeCard::ask_card(const char* method, const std::string& guid) {
-  const Variant done = record().Methods(method, {guid}).Value;
+  const auto person = application().GetQuorObjectUIO(record().OIDR());
+  if (!person) return;
+  const Variant done = person->Methods(method, {guid}).Value;
   if (!done.is_null() && done.to_bool()) show_person();
 }
 
@@ -282,7 +284,7 @@ bool EmployeeCard::agreed_to_delete() {
 }
 
 std::shared_ptr<Form> open_employee_card(Application& application, const std::string& object) {
-  auto card = application.GetQuorObjectUIO(object);
+  auto card = read_record(application, object);
   if (card) return std::make_shared<EmployeeCard>(application, std::move(card));
   const auto id = id_of_key(object);
   const auto row = application.company().database().read("SELECT id FROM employees WHERE id = :p0",

@@ -10,6 +10,11 @@ EmployeeObject::EmployeeObject(QuorApplication& application, Company& company, s
                                RecordEditor edit_charge)
     : StandardObjectUIO(application, company, std::move(user), kEmployeeType), edit_charge_(std::move(edit_charge)) {}
 
+SaveStatus EmployeeObject::Read() {
+  if (carries_object(OIDR())) return StandardObjectUIO::Read();
+  return {.Failed = true, .ErrorText = "Įrašo „" + OIDR() + "“ nėra.", .Gone = true};
+}
+
 MethodResult EmployeeObject::Methods(const std::string& name, const Parameters& parameters) {
   const bool deletes = name == "DeletePersonalExtraCharge";
   if (!deletes && name != "PersonalExtraCharge") return StandardObjectUIO::Methods(name, parameters);

@@ -1,4 +1,5 @@
-// The data object of an employee: the card, and the employee's extra charges.
+// The data object of an employee: the card, and the employee's extra charges. A new card is a standard object: what is
+// asked for here by the type alone is nobody.
 //
 //   "PersonalExtraCharge"         opens the editor of the charge whose GUID is the parameter ("" for a new one); true
 //                                 when it was stored
@@ -19,6 +20,7 @@ class EmployeeObject : public StandardObjectUIO {
  public:
   EmployeeObject(QuorApplication& application, Company& company, std::string user, RecordEditor edit_charge);
 
+  SaveStatus Read() override;
   MethodResult Methods(const std::string& name, const Parameters& parameters) override;
 
  private:

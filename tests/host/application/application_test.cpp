@@ -187,13 +187,18 @@ TEST(ObjectUIs, ComeFromThePluginOrFromTheHostAndAreKept) {
   const auto people = application.GetQuorObjectUI("O0400100");
   ASSERT_TRUE(people && people->BO());
   EXPECT_EQ(people->GetQuorObjectList("O0400100", "", "")->RecordCount(), 1);
-  EXPECT_TRUE(people->GetMenu("O0400100K", "", "").empty());
+  const auto captions = [&](const char* context) {
+    std::string text;
+    for (const MenuEntry& entry : people->GetMenu(context, "", "")) text += entry.Caption + ";";
+    return text;
+  };
+  EXPECT_EQ(captions("O0400100K"), "Naujas darbuotojas;");
   EXPECT_TRUE(people->GetMenu(people->BO()->GroupContext(), "", "").empty());
+  EXPECT_EQ(captions("O04001001"), "Atverti;Naujas darbuotojas;Panaikinti;-;Padėti ant darbo stalo;");
   const auto menu = people->GetMenu("O04001001", "", "");
-  ASSERT_EQ(menu.size(), 1U);
-  EXPECT_EQ(menu[0].Caption, "Padėti ant darbo stalo");
-  EXPECT_EQ(people->ClickMenu("O04001001", menu[0].Identifier, "", "").Action, ClickAction::kNothing);
+  EXPECT_EQ(people->ClickMenu("O04001001", menu.back().Identifier, "", "").Action, ClickAction::kNothing);
   EXPECT_FALSE(people->AddToDeskTopQuorObject("O0400100"));
+  company.given_document(1);
   EXPECT_TRUE(people->DeleteQuorObject("O04001001"));
   EXPECT_EQ(application.desk_top(), Texts{"O04001001"});
 }

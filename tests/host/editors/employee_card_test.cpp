@@ -98,6 +98,13 @@ TEST_P(EmployeeCardTest, ANewPersonIsWrittenAndGetsAPositionWithoutAnyID) {
   EXPECT_EQ(stored("SELECT COUNT(*) FROM positions WHERE contract_guid <> norm_guid AND contract_guid <> ''",
                    {{"n", FieldType::kInt32}}),
             "1");
+  next<PersonalChargeEditor>([](PersonalChargeEditor& dialog) {
+    dialog.lvwKind.select(PersonalChargeEditor::kSum);
+    type_over(dialog.txtSum, "77");
+    dialog.cmdWrite.click();
+  });
+  card->cmdNewCharge.click();
+  EXPECT_EQ(shown(card->lvwCharges), ";;;77,00;;");
   EXPECT_EQ(shown(card->lvwPositions), "A lygis;9,7;Konstanta MMA_VT;130;0,5;2008.02.01;");
   EXPECT_EQ(card->lvwPositions.colour(0), CellColour::kGreyText) << "it does not hold yet";
 }
