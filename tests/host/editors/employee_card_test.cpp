@@ -7,6 +7,7 @@
 #include "host/editors/employment_end.h"
 #include "host/editors/position_editor.h"
 #include "host/editors/service_editor.h"
+#include "host/payroll/person_positions.h"
 #include "tests/support/acting.h"
 #include "tests/support/test_company.h"
 
@@ -151,6 +152,32 @@ TEST_P(EmployeeCardTest, APositionIsChangedCopiedEndedAndDeleted) {
   application_.answer(BoxAnswer::kYes);
   choose_on(card->lvwPositions, 1, card->mnuDeletePosition);
   EXPECT_EQ(positions(), "1;1;1;0,25;2005.01.01;2008.01.15");
+}
+
+TEST_P(EmployeeCardTest, AnEndThatFailsAtAnyStatementEndsNothing) {
+  const auto person = company_.given_employee("Pirmoji");
+  for (const char* contract : {"K1", "K2"}) company_.given_position({.employee = person, .contract = contract});
+  company_.given_charge(person, kNull, kNull, 5.0);
+  const auto open_ends = [&] {
+    return stored(
+        "SELECT (SELECT COUNT(*) FROM positions WHERE date_to IS NULL) + (SELECT COUNT(*) FROM extra_charges"
+        " WHERE date_to IS NULL)",
+        {{"n", FieldType::kInt32}});
+  };
+  for (std::uint64_t statement = 1;; ++statement) {
+    ASSERT_LT(statement, 40U);
+    fail_one(company_.database(), statement);
+    try {
+      const RunningOn ended = end_employment(application_, person, day("2008.01.20"), true);
+      company_.heal();
+      EXPECT_EQ(ended.positions + ended.charges, 3);
+      break;
+    } catch (const StoreError&) {
+      company_.heal();
+      ASSERT_EQ(open_ends(), "3") << statement;
+    }
+  }
+  EXPECT_EQ(open_ends(), "0");
 }
 
 TEST_P(EmployeeCardTest, ServiceWorkedTimeAndPayStandOnThePages) {

@@ -110,8 +110,17 @@ TEST_P(ObjectDeletionTest, WithAnEmployeeGoesAllThatIsOfHimAlone) {
   EXPECT_TRUE(company_.application().NewMainBO()->DeleteQuorObject("O04001001")) << "nobody has agreed";
   EXPECT_EQ(rows(), 12);
   EXPECT_EQ(company_.application().desk_top().size(), 4U);
-  company_.application().answer(BoxAnswer::kYes);
-  EXPECT_FALSE(company_.application().NewMainBO()->DeleteQuorObject("O04001001"));
+  std::uint64_t statement = 1;
+  for (bool refused = true; refused; ++statement) {
+    ASSERT_LT(statement, 60U);
+    fail_one(database, statement);
+    company_.application().answer(BoxAnswer::kYes);
+    refused = company_.application().NewMainBO()->DeleteQuorObject("O04001001");
+    company_.heal();
+    company_.company().refresh();  // a roll-back that failed leaves the connection broken
+    ASSERT_EQ(rows(), refused ? 12 : 6) << statement;
+  }
+  EXPECT_GT(statement, 12U);
   EXPECT_EQ(rows(), 6);
   EXPECT_EQ(company_.application().desk_top(), std::vector<std::string>{"O04020002"});
 }
