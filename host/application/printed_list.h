@@ -35,6 +35,8 @@ struct ReportData {
   const ReportCell& cell(std::size_t line, std::size_t column) const { return cells[line * columns.size() + column]; }
 };
 
+using Reports = std::vector<std::shared_ptr<const ReportData>>;
+
 class ReportToFill : public ListReport {
  public:
   using ShowReport = std::function<void(std::shared_ptr<const ReportData>)>;

@@ -23,6 +23,7 @@ using quor::ExitStatus;
 // The commands that print on paper, too.
 constexpr char kPreview[] = "preview";
 constexpr char kPrint[] = "print";
+constexpr char kMonth[] = "month";
 constexpr char kExport[] = "export";
 
 // The parser takes a word in brackets for a list, divides it at its commas and calls itself for every level. Here such
@@ -128,15 +129,23 @@ void add_common_options(CLI::App& app, quor::CommonOptions& options) {
       ->envname("QUOR_PLUGIN");
   app.add_option("--user", options.user, "naudotojo vardas")->envname("QUOR_USER");
   app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
-  app.add_option("--format", options.format,
-                 "table, csv, csv-semicolon (skaičiuoklei) arba json; preview ir print dar pdf");
+  app.add_option(
+      "--format", options.format,
+      "table, csv, csv-semicolon (skaičiuoklei) arba json; preview ir print dar pdf; preview, print ir month dar xlsx");
   app.add_option("--output", options.output, "failas, į kurį rašomas rezultatas");
 }
 
 void check_format(const quor::CommonOptions& options, const std::string& command) {
   std::vector<std::string> formats = {"table", "csv", "csv-semicolon", "json"};
   if (command == kPreview || command == kPrint) formats.emplace_back("pdf");
-  if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) return;
+  if (command == kPreview || command == kPrint || command == kMonth) formats.emplace_back("xlsx");
+  if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) {
+    for (const auto& [format, kind] : {std::pair("pdf", "PDF"), std::pair("xlsx", "XLSX")}) {
+      if (options.format != format || !options.output.empty()) continue;
+      throw quor::UsageError(kind + std::string(" rašomas į failą: nurodykite --output FAILAS"));
+    }
+    return;
+  }
   std::string text = "nežinomas formatas „" + options.format + "“: yra ";
   for (const std::string& format : formats) text += (format == formats.front() ? "" : ", ") + format;
   throw quor::UsageError(text);
@@ -218,7 +227,7 @@ void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& opt
   add_command(app, "desktop", "atveria langus", words.desktop, options, command);
 
   CLI::App& month =
-      add_command(app, "month", "apskaičiuoja mėnesio darbo užmokestį ir jį parodo", words.month, options, command);
+      add_command(app, kMonth, "apskaičiuoja mėnesio darbo užmokestį ir jį parodo", words.month, options, command);
   month
       .add_option("MĖNUO", words.month.words,
                   "mėnuo, pvz., 2008-01; close 2008-01 jį uždaro, reopen 2008-01 atveria, state 2008-01 parodo būseną")

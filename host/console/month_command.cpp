@@ -9,6 +9,7 @@
 #include "host/payroll/closed_months.h"
 #include "host/payroll/month_state.h"
 #include "host/report/record_text.h"
+#include "host/report/report_xlsx.h"
 #include "platform/data/column.h"
 
 namespace quor {
@@ -33,6 +34,15 @@ const std::vector<TextColumnLayout>& month_columns() {
   return columns;
 }
 
+// In the format of the call, which may be a workbook, too.
+void write_titled(Recordset& rows, const std::vector<TextColumnLayout>& columns, const std::string& title,
+                  const CommonOptions& options, const Application& application, std::ostream& out) {
+  if (options.format != "xlsx") return write_rows(rows, columns, options.format, out);
+  auto report = std::make_shared<ReportData>(record_report(rows, columns));
+  report->title = title;
+  out << report_xlsx({report}, application.Today());
+}
+
 ExitStatus calculate(const Month& month, const MonthCommand& command, const CommonOptions& options, std::ostream& out) {
   Session session(options);
   CalculatedMonth calculated;
@@ -44,7 +54,7 @@ ExitStatus calculate(const Month& month, const MonthCommand& command, const Comm
                                   .progress = [&](std::int32_t done, std::int32_t all) { bar.show(done, all); },
                                   .cancelled = InterruptScope::interrupted});
   }
-  write_rows(*calculated.rows, month_columns(), options.format, out);
+  write_titled(*calculated.rows, month_columns(), "Mėnuo " + month.text(), options, session.application(), out);
   for (const PersonFault& fault : calculated.faults)
     std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
   std::cerr << (calculated.cancelled ? "Nutraukta. " : "") << "Apskaičiuota žmonių: " << calculated.done << " iš "
@@ -86,8 +96,9 @@ ExitStatus show_state(Application& application, const Month& month, const Common
     columns[2].append(closing.closed ? "uždarytas" : "atvertas");
     columns[3].append(closing.reason);
   }
-  write_rows(*Recordset::from_columns(std::move(columns)),
-             {{"At", "Kada"}, {"By", "Kas"}, {"Act", "Veiksmas"}, {"Reason", "Priežastis"}}, options.format, out);
+  write_titled(*Recordset::from_columns(std::move(columns)),
+               {{"At", "Kada"}, {"By", "Kas"}, {"Act", "Veiksmas"}, {"Reason", "Priežastis"}}, "Mėnuo " + month.text(),
+               options, application, out);
   return ExitStatus::kDone;
 }
 

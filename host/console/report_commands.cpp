@@ -14,6 +14,7 @@
 #include "host/payroll/month_state.h"
 #include "host/report/report_pdf.h"
 #include "host/report/report_text.h"
+#include "host/report/report_xlsx.h"
 #include "host/store/object_codes.h"
 #include "platform/data/month.h"
 #include "platform/data/quoted_text.h"
@@ -25,7 +26,7 @@ namespace quor {
 
 namespace {
 
-constexpr char kPdf[] = "pdf";
+constexpr char kPdf[] = "pdf", kXlsx[] = "xlsx";
 
 // A user's act on the application. When it showed a box that tells of a failure, the command has failed.
 template <typename Act>
@@ -126,10 +127,15 @@ bool to_terminal(const CommonOptions& options) {
   return options.output.empty() && isatty(STDOUT_FILENO) == 1 && std::getenv("NO_COLOR") == nullptr;
 }
 
-// Several reports: tables one below the other, CSV lines under one head, JSON a report a line, PDF page behind page.
+// Several reports: tables one below the other, CSV lines under one head, JSON a report a line, PDF page behind page,
+// XLSX a sheet a report.
 void write_reports(const Reports& reports, const CommonOptions& options, Application& application, std::ostream& out) {
   if (options.format == kPdf) {
     out << report_pdf(reports, application.Today(), application.Title());
+    return;
+  }
+  if (options.format == kXlsx) {
+    out << report_xlsx(reports, application.Today());
     return;
   }
   bool first = true;
@@ -145,16 +151,9 @@ void write_reports(const Reports& reports, const CommonOptions& options, Applica
   }
 }
 
-void check_output(const CommonOptions& options) {
-  if (options.format == kPdf && options.output.empty()) {
-    throw UsageError("PDF rašomas į failą: nurodykite --output FAILAS");
-  }
-}
-
 }  // namespace
 
 ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std::ostream& out) {
-  check_output(options);
   const Month month = month_of(command.month);
   Session session(options);
   Application& application = session.application();
@@ -169,7 +168,6 @@ ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std:
 }
 
 ExitStatus run(const PrintCommand& command, const CommonOptions& options, std::ostream& out) {
-  check_output(options);
   Session session(options);
   Application& application = session.application();
   const CalledEntry list = called(application, MenuPurpose::kPrint, command.what, "nežinomas sąrašas");

@@ -66,8 +66,12 @@ std::vector<TextColumnLayout> all_fields(const Recordset& rows) {
   return columns;
 }
 
+ReportData record_report(Recordset& rows, const std::vector<TextColumnLayout>& columns) {
+  return lines_of(rows, columns, cell_text);
+}
+
 std::string table_text(Recordset& rows, const std::vector<TextColumnLayout>& columns) {
-  return table_text(lines_of(rows, columns, cell_text), {});
+  return table_text(record_report(rows, columns), {});
 }
 
 std::string csv_text(Recordset& rows, const std::vector<TextColumnLayout>& columns, const CsvStyle& style) {

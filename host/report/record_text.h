@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "host/application/printed_list.h"
 #include "host/text/csv_cells.h"
 #include "platform/data/recordset.h"
 
@@ -19,6 +20,9 @@ struct TextColumnLayout {
 
 // Every field of the record set under its own name.
 std::vector<TextColumnLayout> all_fields(const Recordset& rows);
+
+// The record set as a list report without a title: each value its text, numbers to the right.
+ReportData record_report(Recordset& rows, const std::vector<TextColumnLayout>& columns);
 
 // Aligned columns, numbers to the right, a line under the heads. Widths count characters.
 std::string table_text(Recordset& rows, const std::vector<TextColumnLayout>& columns);

@@ -5,17 +5,12 @@
 // cut with "…"; a red cell carries a mark, too.
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "host/application/printed_list.h"
 #include "platform/data/date.h"
 
 class QPagedPaintDevice;
 
 namespace quor {
-
-using Reports = std::vector<std::shared_ptr<const ReportData>>;
 
 // Paints each report from a new page, the pages numbered through all of them. Sets the device's page layout. Throws
 // std::runtime_error when the device cannot be painted on. Needs a QGuiApplication.

@@ -136,6 +136,7 @@ TEST_F(PreviewProgramTest, BadCallsSayWhatIsOffAndWriteNothing) {
       {{"preview", "salary", "2008-13"}, 2, "„2008-13“"},
       {{"preview", "salary"}, 2, "MĖNUO"},
       {{"preview", "salary", "2008-01", "--format", "pdf"}, 2, "--output"},
+      {{"month", "2008-01", "--format", "xlsx"}, 2, "XLSX rašomas į failą"},
       {{"preview", "salary", "2008-01", "--format", "xls"}, 2, "yra table, csv, csv-semicolon, json, pdf"},
       {{"get", "Departments", "--format", "pdf", "--output", "x"}, 2, "yra table, csv, csv-semicolon, json\n"},
       {{"preview", "salary", "2008-01", "--department", "99", "--output", "x"}, 1, "Nėra padalinio, kurio ID yra 99"},
