@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 
+#include "host/desktop/answers/file_question.h"
 #include "host/desktop/answers/form_dialog.h"
 #include "host/desktop/answers/message_box.h"
 #include "host/desktop/answers/object_names.h"
@@ -39,6 +40,8 @@ void DesktopApplication::show_modal(Form& form) {
     if (!form.close_requested()) {
       const FreePointer pointer;
       FormDialog dialog(form, edge_, edge_.window());
+      dialog.view().save_lists_by(
+          [&](const ShownTable& table, TableFormat kind) { ask_and_save_table(table, kind, Today(), &dialog); });
       const QString subject = form.subject().empty() ? QString() : object_name(*this, form.subject());
       if (!subject.isEmpty()) dialog.name_subject(subject);
       dialog.exec();

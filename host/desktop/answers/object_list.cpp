@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QSortFilterProxyModel>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 #include "host/desktop/answers/object_list_model.h"
@@ -73,7 +72,7 @@ ObjectList::ObjectList(Recordset& list, Sorting sorting, const QIcon& icon, QWid
     : QWidget(parent),
       rows_(new SortedRows(icon, this)),
       search_(new QLineEdit(this)),
-      view_(new QTreeView(this)),
+      view_(new TableView(this)),
       count_(new QLabel(this)) {
   search_->setClearButtonEnabled(true);
   search_->installEventFilter(this);
@@ -94,10 +93,7 @@ ObjectList::ObjectList(Recordset& list, Sorting sorting, const QIcon& icon, QWid
 
 void ObjectList::set_up_view(Sorting sorting) {
   view_->setModel(rows_);
-  view_->setRootIsDecorated(false);
-  view_->setUniformRowHeights(true);
-  view_->setAllColumnsShowFocus(true);
-  view_->setAlternatingRowColors(true);
+  if (sorting == Sorting::kAsItCame) view_->setSelectionMode(TableView::SingleSelection);  // one is picked
   view_->installEventFilter(this);
   QHeaderView& header = *view_->header();
   if (sorting == Sorting::kByTheUser) {
@@ -125,6 +121,14 @@ void ObjectList::show_matches() {
   model_->show_matches(search_->text());
   stand_on(key);
   show_count();
+}
+
+void ObjectList::find_again(SearchFrom from) {
+  if (search_->text().trimmed().isEmpty()) return search_->setFocus();
+  const auto found = view_->find(search_->text(), from);
+  show_count();
+  if (!found || !found->wrapped) return;
+  count_->setText(count_->text() + (from == SearchFrom::kPreviousRow ? ", nuo pabaigos" : ", nuo pradžios"));
 }
 
 void ObjectList::show_instead_of_count(const std::string& text) {

@@ -9,12 +9,12 @@
 #include <functional>
 #include <string>
 
+#include "host/desktop/render/table_view.h"
 #include "platform/data/recordset.h"
 
 class QLabel;
 class QLineEdit;
 class QSortFilterProxyModel;
-class QTreeView;
 
 namespace quor {
 
@@ -36,8 +36,11 @@ class ObjectList : public QWidget {
   // Is shown instead of how many objects there are; "" for the number.
   void show_instead_of_count(const std::string& text);
 
+  // The next or the previous row of those that hold what is searched for, and around.
+  void find_again(SearchFrom from);
+
   QLineEdit& search() { return *search_; }
-  QTreeView& view() { return *view_; }
+  TableView& view() { return *view_; }
   QLabel& count() { return *count_; }  // beside the search, unless somebody places it elsewhere
 
   // Told of each key that the view gets, and of Enter in the search: true when it was meant for whoever listens.
@@ -56,7 +59,7 @@ class ObjectList : public QWidget {
   ObjectListModel* model_ = nullptr;
   QSortFilterProxyModel* const rows_;
   QLineEdit* const search_;
-  QTreeView* const view_;
+  TableView* const view_;
   QLabel* const count_;
   std::string instead_of_count_;
 };

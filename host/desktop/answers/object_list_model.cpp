@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "host/desktop/render/folded_text.h"
 #include "host/requests/object_lists.h"
 
 namespace quor {
@@ -11,14 +12,6 @@ namespace {
 
 QString text_of(const Recordset& list, FieldHandle field) {
   return list.is_null(field) ? QString() : QString::fromStdString(list.field(field).to_text());
-}
-
-// "Žukas" as "zukas": who searches need not have Lithuanian letters on the keyboard. The folding of record sets
-// (case_folding.h) would not do: it tells marks apart.
-QString folded(const QString& text) {
-  QString result = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
-  result.removeIf([](QChar letter) { return letter.isMark(); });
-  return result;
 }
 
 }  // namespace
@@ -51,16 +44,11 @@ ObjectListModel::ObjectListModel(Recordset& list, QObject* parent) : QAbstractTa
 }
 
 void ObjectListModel::show_matches(const QString& text) {
-  const QStringList words = folded(text).split(' ', Qt::SkipEmptyParts);
-  const auto fits = [&](const QStringList& row) {
-    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
-      return std::any_of(row.begin(), row.end(), [&](const QString& cell) { return cell.contains(word); });
-    });
-  };
+  const QStringList words = folded_words(text);
   beginResetModel();
   shown_.clear();
   for (std::size_t row = 0; row < texts_.size(); ++row) {
-    if (fits(folded_[row])) shown_.push_back(row);
+    if (holds_words(folded_[row], words)) shown_.push_back(row);
   }
   endResetModel();
 }

@@ -1,36 +1,28 @@
 #include "host/desktop/answers/report_preview.h"
 
-#include <QFileDialog>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QSettings>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 #include "host/desktop/edge/pointer.h"
 #include "host/report/report_pdf.h"
 #include "host/report/report_text.h"
+#include "host/report/report_xlsx.h"
 #include "host/store/whole_file.h"
 
 namespace quor {
 
 namespace {
 
-constexpr char kFolderSetting[] = "folders/reports";
-const QString kKindSetting = "reports/";
-constexpr int kLongestName = 100;  // characters: with their accents within what file systems take
-
-// What the report shows (list, month, department); whose it is, where it does not say that. Without a dot: what follows
-// one is taken for the kind of file.
+// What the report shows (list, month, department); whose it is, where it does not say that.
 QString file_name(const ReportData& report) {
   QStringList parts;
   for (const std::string& heading : report.headings) parts << QString::fromStdString(heading).simplified();
   if (parts.isEmpty()) parts << QString::fromStdString(report.title).simplified();
-  QString name = parts.join(' ').left(kLongestName);
-  for (const QChar forbidden : QString("/\\:*?\"<>|.")) name.replace(forbidden, '-');
-  return name.isEmpty() ? "ataskaita" : name;
+  return file_name_of(parts.join(' '));
 }
 
 }  // namespace
@@ -72,11 +64,14 @@ void ReportPreview::add_tools(QToolBar& bar) {
   };
   add("Spausdinti…", QKeySequence::Print, [this] { print(); });
   add("Įrašyti PDF…", QKeySequence::Save, [this] {
-    ask_and_save("pdf", {{"PDF failai", [this](const QString& path) { save_pdf(path); }}});
+    ask("pdf", {{"PDF failai", [this](const QString& path) { save_pdf(path); }}});
+  });
+  add("Įrašyti XLSX…", {}, [this] {
+    ask("xlsx", {{"XLSX failai", [this](const QString& path) { save_xlsx(path); }}});
   });
   add("Įrašyti CSV…", {}, [this] {
-    ask_and_save("csv", {{"CSV skaičiuoklei", [this](const QString& path) { save_csv(path, kSpreadsheetCsv); }},
-                         {"CSV kitoms programoms", [this](const QString& path) { save_csv(path, kProgramCsv); }}});
+    ask("csv", {{"CSV skaičiuoklei", [this](const QString& path) { save_csv(path, kSpreadsheetCsv); }},
+                {"CSV kitoms programoms", [this](const QString& path) { save_csv(path, kProgramCsv); }}});
   });
   bar.addSeparator();
   back_ = add("◀", QKeySequence(Qt::CTRL | Qt::Key_PageUp), [this] { turn_to(view_->currentPage() - 1); });
@@ -114,31 +109,16 @@ void ReportPreview::print() {
   if (dialog.exec() == QDialog::Accepted) paint_reports(reports_, printed_on_, printer);
 }
 
-void ReportPreview::ask_and_save(const QString& ending, const std::vector<Way>& ways) {
-  QString path;
-  std::size_t chosen = 0;
-  {
-    const FreePointer pointer;
-    QSettings settings;
-    QStringList kinds;
-    for (const Way& way : ways) kinds << way.kind + " (*." + ending + ")";
-    QFileDialog dialog(this, "Įrašyti", settings.value(kFolderSetting).toString());
-    dialog.setNameFilters(kinds);
-    dialog.selectNameFilter(settings.value(kKindSetting + ending, kinds.front()).toString());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(ending);
-    dialog.selectFile(file_name(*reports_.front()) + "." + ending);
-    if (dialog.exec() != QDialog::Accepted) return;
-    path = dialog.selectedFiles().value(0);
-    chosen = static_cast<std::size_t>(qMax(0, kinds.indexOf(dialog.selectedNameFilter())));
-    settings.setValue(kKindSetting + ending, dialog.selectedNameFilter());
-  }
-  ways[chosen].save(path);
-  QSettings().setValue(kFolderSetting, QFileInfo(path).absolutePath());
+void ReportPreview::ask(const QString& ending, const std::vector<SavingWay>& ways) {
+  ask_and_save(file_name(*reports_.front()), ending, ways, this);
 }
 
 void ReportPreview::save_pdf(const QString& path) const {
   write_whole_file(path.toStdString(), report_pdf(reports_, printed_on_, "Quor"));
+}
+
+void ReportPreview::save_xlsx(const QString& path) const {
+  write_whole_file(path.toStdString(), report_xlsx(reports_, printed_on_));
 }
 
 void ReportPreview::save_csv(const QString& path, const CsvStyle& style) const {

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 
+#include "host/desktop/answers/file_question.h"
 #include "host/desktop/edge/edge.h"
 #include "host/report/report_pages.h"
 #include "host/text/csv_cells.h"
@@ -23,6 +24,7 @@ class ReportPreview : public QDialog {
   int pages() const;
   // Each throws std::runtime_error, which names the file, and leaves no half of one.
   void save_pdf(const QString& path) const;
+  void save_xlsx(const QString& path) const;
   void save_csv(const QString& path, const CsvStyle& style) const;
 
  private:
@@ -30,12 +32,7 @@ class ReportPreview : public QDialog {
   void turn_to(int page);
   void show_page();
   void print();
-  // A kind of file among which the user chooses, and how it is kept.
-  struct Way {
-    QString kind;
-    std::function<void(const QString& path)> save;
-  };
-  void ask_and_save(const QString& ending, const std::vector<Way>& ways);
+  void ask(const QString& ending, const std::vector<SavingWay>& ways);
 
   const Reports reports_;
   const Date printed_on_;

@@ -10,7 +10,7 @@
 #include "host/desktop/render/choice_edit.h"
 #include "host/desktop/render/date_edit.h"
 #include "host/desktop/render/grid_widget.h"
-#include "host/desktop/render/list_view_widget.h"
+#include "host/desktop/render/list_frame.h"
 #include "host/desktop/render/text_box_edit.h"
 #include "platform/toolkit/check_box.h"
 
@@ -39,7 +39,8 @@ class Maker : public ControlVisitor {
   void visit(Grid& grid) override { make<GridWidget>(grid, place_.acts, place_.parent); }
   void visit(ListView& list) override {
     const QString name = place_.form_name + "." + QString::fromStdString(list.name());
-    make<ListViewWidget>(list, place_.acts, name, place_.parent);
+    auto* const frame = new ListFrame(list, place_.acts, name, place_.parent);
+    made = {&frame->list(), [frame](ControlChange change) { frame->list().show_change(change); }, frame};
   }
 
   void visit(CheckBox& box) override {

@@ -15,6 +15,7 @@ struct ControlWidget {
   QWidget* widget = nullptr;  // null for a control that has none
   // Shows what the control holds now. The captions that have mnemonics are not its matter.
   std::function<void(ControlChange)> show = {};
+  QWidget* frame = nullptr;  // around the widget, with what belongs to it; null for none
 };
 
 struct WidgetPlace {

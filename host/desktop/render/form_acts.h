@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <functional>
 
+#include "host/desktop/render/table_view.h"
 #include "platform/toolkit/list_view.h"
 #include "platform/toolkit/popup_menu.h"
 
@@ -22,8 +23,12 @@ class FormActs {
   // Whether an act runs now: what the focus does meanwhile is the form's doing.
   virtual bool acting() const = 0;
 
-  // Where on the screen a menu is shown that the form opens next.
-  virtual void open_menus_at(const QPoint& place) = 0;
+  // The right button on the row of a list, or beside its rows. What the form's menu offers is shown there with the
+  // list's own entries below it; without a menu of the form these alone.
+  virtual void right_click(ListView& list, std::optional<std::size_t> row, const QPoint& place,
+                           const std::vector<ListEntry>& own) = 0;
+  // The entries alone.
+  virtual void show_entries(const QPoint& place, const std::vector<ListEntry>& entries) = 0;
   // Runs the list's command of that key, without showing its menu. False when its menu has no such command.
   virtual bool choose_by_key(ListView& list, MenuKey key) = 0;
 };

@@ -7,13 +7,16 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "host/desktop/edge/mnemonics.h"
 #include "host/desktop/edge/passing_menu.h"
+#include "host/desktop/render/accessible_names.h"
 #include "host/desktop/render/control_widgets.h"
 #include "host/desktop/render/date_edit.h"
 #include "host/desktop/render/form_layout.h"
 #include "host/desktop/render/grid_widget.h"
+#include "host/desktop/render/list_frame.h"
 #include "host/desktop/render/text_box_edit.h"
 
 namespace quor {
@@ -57,6 +60,13 @@ MenuItem* item_of(const PopupMenu& menu, MenuKey key) {
   return found == items.end() ? nullptr : *found;
 }
 
+// Runs in the view, and not once the list has gone with it.
+void add_entry(PassingMenu& menu, const ListEntry& entry, const std::function<void()>& run) {
+  QAction* const action = menu.add_choice(entry.caption, run);
+  action->setCheckable(entry.checkable);
+  action->setChecked(entry.checked);
+}
+
 }  // namespace
 
 FormView::FormView(Form& form, Edge& edge, Place place, QWidget* parent)
@@ -69,6 +79,7 @@ FormView::FormView(Form& form, Edge& edge, Place place, QWidget* parent)
   keep_tab_order();
   show_labels();
   show_captions();
+  name_for_readers(form, widgets_, layout_->labels());
 }
 
 FormView::~FormView() { release(); }
@@ -90,7 +101,7 @@ QWidget* FormView::make_widget(Control& control, QWidget* parent) {
   if (auto* const button = dynamic_cast<CommandButton*>(&control)) {
     buttons_.emplace_back(button, static_cast<QPushButton*>(made.widget));
   }
-  return made.widget;
+  return made.frame != nullptr ? made.frame : made.widget;
 }
 
 void FormView::watch_menus() {
@@ -196,6 +207,7 @@ void FormView::command(const std::function<void()>& what) {
 }
 
 void FormView::add_keys() {
+  add_list_keys(*this);
   for (const RoleKey& each : role_keys()) {
     if (each.in_dialogs_only && place_ != Place::kDialog) continue;
     bool used = false;
@@ -211,6 +223,16 @@ void FormView::add_keys() {
   const auto writes = [](const auto& each) { return each.first->role() == ButtonRole::kWrite; };
   if (place_ == Place::kDialog && std::none_of(buttons_.begin(), buttons_.end(), writes)) {
     add_shortcut(Qt::CTRL | Qt::Key_S, ButtonRole::kAccept);
+  }
+}
+
+void FormView::save_lists_by(const std::function<void(const ShownTable& table, TableFormat kind)>& save) {
+  for (const auto& [control, widget] : widgets_) {
+    auto* const list = dynamic_cast<TableView*>(widget);
+    if (list == nullptr) continue;
+    list->on_save = [this, list, save](TableFormat kind) {
+      command([&] { save(shown_table(*list->model(), QString::fromStdString(form_.caption())), kind); });
+    };
   }
 }
 
@@ -331,6 +353,25 @@ bool FormView::choose_by_key(ListView& list, MenuKey key) {
   return has_command;
 }
 
+void FormView::right_click(ListView& list, std::optional<std::size_t> row, const QPoint& place,
+                           const std::vector<ListEntry>& own) {
+  if (acts_ > 0) return;
+  const QPointer<FormView> self(this);
+  menu_place_ = place;
+  list_entries_ = own;
+  command([&] { list.right_click(row); });
+  if (!self || released_ || acts_ > 0) return;
+  const auto opened = [](const PopupMenu* menu) { return menu->is_open(); };
+  if (!own.empty() && std::none_of(menus_.begin(), menus_.end(), opened)) show_entries(place, own);
+}
+
+void FormView::show_entries(const QPoint& place, const std::vector<ListEntry>& entries) {
+  if (released_ || acts_ > 0 || shown_menu_) return;
+  shown_menu_ = new PassingMenu(this);
+  for (const ListEntry& entry : entries) add_entry(*shown_menu_, entry, entry.run);
+  shown_menu_->popup(place);
+}
+
 // One menu at a time, and none over a dialog of the form.
 void FormView::show_menu(PopupMenu& menu) {
   if (!menu.is_open() || released_) return;
@@ -344,6 +385,14 @@ void FormView::show_menu(PopupMenu& menu) {
     if (!item->visible()) continue;
     const QString caption = without_mnemonic(QString::fromStdString(item->caption())) + key_name(item->key());
     shown->add_choice(caption, [this, item] { act([item] { item->choose(); }); })->setEnabled(item->enabled());
+  }
+  const std::vector<ListEntry> own = std::exchange(list_entries_, {});
+  if (!own.empty()) shown->addSeparator();
+  for (const ListEntry& entry : own) {
+    add_entry(*shown, entry, [dismiss, run = entry.run] {
+      dismiss();
+      run();
+    });
   }
   shown->on_dismissed(dismiss);
   shown_menu_ = shown;

@@ -50,6 +50,8 @@ class FormView : public QWidget, private FormActs {
   // Whether the form offers to write now; and writes, as its button does.
   bool can_write() const { return writing_button() != nullptr; }
   void write();
+  // Keeps what a list shows as a file: `save` runs as a command. Without it lists do not offer that.
+  void save_lists_by(const std::function<void(const ShownTable& table, TableFormat kind)>& save);
   // See the table; a second call does nothing.
   void release();
 
@@ -68,7 +70,9 @@ class FormView : public QWidget, private FormActs {
   void command(const std::function<void()>& what) override;
   void keystroke(const std::function<void()>& what) override;
   bool acting() const override { return acts_ > 0; }
-  void open_menus_at(const QPoint& place) override { menu_place_ = place; }
+  void right_click(ListView& list, std::optional<std::size_t> row, const QPoint& place,
+                   const std::vector<ListEntry>& own) override;
+  void show_entries(const QPoint& place, const std::vector<ListEntry>& entries) override;
   bool choose_by_key(ListView& list, MenuKey key) override;
 
   QWidget* make_widget(Control& control, QWidget* parent);
@@ -101,6 +105,7 @@ class FormView : public QWidget, private FormActs {
   std::vector<std::pair<CommandButton*, QPushButton*>> buttons_;
   std::vector<PopupMenu*> menus_;
   QPoint menu_place_;
+  std::vector<ListEntry> list_entries_;  // below what the form's menu offers next
   QPointer<PassingMenu> shown_menu_;
   bool menus_unseen_ = false;  // a menu that opens is used without being shown
   int acts_ = 0;               // on the stack

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QPalette>
+#include <algorithm>
 
 #include "host/desktop/render/row_delegate.h"
 
@@ -38,16 +39,67 @@ QVariant red_font(CellColour colour) {
 ListViewModel::ListViewModel(const ListView& list, std::function<void(std::size_t)> check, QObject* parent)
     : QAbstractTableModel(parent), list_(list), check_(std::move(check)), rows_(static_cast<int>(list.row_count())) {}
 
+bool ListViewModel::is_marked(std::size_t list_row) const {
+  if (list_.has_check_boxes() && list_.checked(list_row)) return true;
+  for (std::size_t column = 0; column < list_.columns().size(); ++column) {
+    if (list_.colour(list_row, column) == CellColour::kRed) return true;
+  }
+  return false;
+}
+
+// The row on which the user stands does not go from under him.
+std::vector<std::size_t> ListViewModel::marked_rows() const {
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; row < list_.row_count(); ++row) {
+    if (is_marked(row) || list_.selected() == row) rows.push_back(row);
+  }
+  return rows;
+}
+
+void ListViewModel::show_rows(bool marked_only, std::vector<std::size_t> shown) {
+  beginResetModel();
+  marked_only_ = marked_only;
+  shown_ = std::move(shown);
+  rows_ = static_cast<int>(marked_only_ ? shown_.size() : list_.row_count());
+  endResetModel();
+}
+
 void ListViewModel::list_changed() {
-  const int rows = static_cast<int>(list_.row_count());
-  if (rows != rows_) {
-    beginResetModel();
-    rows_ = rows;
-    endResetModel();
+  std::vector<std::size_t> shown = marked_only_ ? marked_rows() : std::vector<std::size_t>();
+  const int rows = static_cast<int>(marked_only_ ? shown.size() : list_.row_count());
+  if (rows != rows_ || shown != shown_) {
+    show_rows(marked_only_, std::move(shown));
   } else if (rows > 0) {
     emit dataChanged(index(0, 0), index(rows - 1, columnCount() - 1));
   }
   emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+void ListViewModel::show_marked_only(bool marked_only) {
+  std::vector<std::size_t> shown;
+  for (std::size_t row = 0; marked_only && row < list_.row_count(); ++row) {
+    if (is_marked(row)) shown.push_back(row);
+  }
+  show_rows(marked_only, std::move(shown));
+}
+
+void ListViewModel::show_row(std::size_t list_row) {
+  if (shown_row(list_row) || list_row >= list_.row_count()) return;
+  std::vector<std::size_t> shown = shown_;
+  shown.insert(std::lower_bound(shown.begin(), shown.end(), list_row), list_row);
+  show_rows(marked_only_, std::move(shown));
+}
+
+std::optional<int> ListViewModel::shown_row(std::size_t list_row) const {
+  const auto row = nearest_row(list_row);
+  return row && this->list_row(*row) == list_row ? row : std::nullopt;
+}
+
+std::optional<int> ListViewModel::nearest_row(std::size_t list_row) const {
+  if (rows_ == 0) return {};
+  if (!marked_only_) return qMin(static_cast<int>(list_row), rows_ - 1);
+  const auto found = std::lower_bound(shown_.begin(), shown_.end(), list_row);
+  return static_cast<int>(qMin(found - shown_.begin(), static_cast<std::ptrdiff_t>(shown_.size()) - 1));
 }
 
 int ListViewModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
@@ -57,9 +109,10 @@ int ListViewModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ListViewModel::data(const QModelIndex& index, int role) const {
-  const auto row = static_cast<std::size_t>(index.row());
+  if (!index.isValid() || index.row() >= rows_) return {};
+  const std::size_t row = list_row(index.row());
   // A view may ask between a change and its notice.
-  if (!index.isValid() || row >= list_.row_count()) return {};
+  if (row >= list_.row_count()) return {};
   const auto column = static_cast<std::size_t>(index.column());
   switch (role) {
     case Qt::DisplayRole:
@@ -85,7 +138,7 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
 
 bool ListViewModel::setData(const QModelIndex& index, const QVariant& /*value*/, int role) {
   if (role != Qt::CheckStateRole || !index.isValid()) return false;
-  check_(static_cast<std::size_t>(index.row()));
+  check_(list_row(index.row()));
   return true;
 }
 

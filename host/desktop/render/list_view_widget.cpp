@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <vector>
@@ -25,23 +26,18 @@ constexpr int kUsualDots = 96;  // an inch, in which the columns' widths are giv
 }  // namespace
 
 ListViewWidget::ListViewWidget(ListView& list, FormActs& acts, const QString& name, QWidget* parent)
-    : QTreeView(parent),
+    : TableView(parent),
       list_(list),
       acts_(acts),
       model_(new ListViewModel(
           list, [this](std::size_t row) { acts_.act([&] { list_.check(row); }); }, this)) {
-  setRootIsDecorated(false);
-  setItemsExpandable(false);
-  setUniformRowHeights(true);
-  setAllColumnsShowFocus(true);
-  setAlternatingRowColors(true);
-  setEditTriggers(NoEditTriggers);
-  setSelectionMode(SingleSelection);
-  setSelectionBehavior(SelectRows);
   setVerticalScrollMode(ScrollPerItem);
-  setHorizontalScrollMode(ScrollPerPixel);
   setItemDelegate(new RowDelegate(this));
   setHeader(new WrappingHeader(this));
+  header()->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(header(), &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+    if (own_entries) acts_.show_entries(header()->viewport()->mapToGlobal(place), own_entries());
+  });
   header()->setResizeContentsPrecision(kRowsMeasured);
   {
     // Taking a model tells of a selection that is not there yet: the form's own stays.
@@ -112,18 +108,24 @@ void ListViewWidget::show_rows() {
   }
   narrow_columns();
   show_selection();
+  if (on_rows) on_rows();
   if (list_.selected()) return;
   verticalScrollBar()->setValue(scrolled);
   horizontalScrollBar()->setValue(aside);
 }
 
-// Without a selected row the keys go on from where the user was.
+// Without a selected row the keys go on from where the user was. Rows that he has selected together stay so while the
+// form selects none but the one on which he stands.
 void ListViewWidget::show_selection() {
   const QScopedValueRollback<bool> scope(showing_, true);
-  const std::size_t rows = list_.row_count();
-  if (list_.selected()) place_ = *list_.selected();
-  const QModelIndex current = rows == 0 ? QModelIndex() : model_->index(static_cast<int>(qMin(place_, rows - 1)), 0);
   if (list_.selected()) {
+    place_ = *list_.selected();
+    if (marked_only()) model_->show_row(place_);
+  }
+  const std::optional<int> row = model_->nearest_row(place_);
+  const QModelIndex current = row ? model_->index(*row, qMax(0, currentIndex().column())) : QModelIndex();
+  if (list_.selected()) {
+    if (current == currentIndex() && selectionModel()->hasSelection()) return;
     selectionModel()->setCurrentIndex(current, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(current);
   } else {
@@ -133,30 +135,67 @@ void ListViewWidget::show_selection() {
 }
 
 void ListViewWidget::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
-  QTreeView::selectionChanged(selected, deselected);
+  TableView::selectionChanged(selected, deselected);
+  pass_selection_on();
+}
+
+void ListViewWidget::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  TableView::currentChanged(current, previous);
+  if (selectionModel()->hasSelection()) pass_selection_on();
+}
+
+// The one selected row; of several that on which the user stands. The view may move the user before it selects, or
+// behind it.
+std::optional<int> ListViewWidget::row_of_user() const {
+  const QItemSelection selection = selectionModel()->selection();
+  if (selection.isEmpty()) return {};
+  const int first = selection.first().top();
+  const bool one = std::all_of(selection.begin(), selection.end(), [&](const QItemSelectionRange& range) {
+    return range.top() == first && range.bottom() == first;
+  });
+  return one || !currentIndex().isValid() ? first : currentIndex().row();
+}
+
+void ListViewWidget::pass_selection_on() {
   if (showing_) return;
-  const QModelIndexList rows = selectionModel()->selectedRows();
   std::optional<std::size_t> row;
-  if (!rows.isEmpty()) row = static_cast<std::size_t>(rows.first().row());
-  acts_.keystroke([&] { list_.select(row); });
+  if (const auto shown = row_of_user()) row = model_->list_row(*shown);
+  if (row != list_.selected()) acts_.keystroke([&] { list_.select(row); });
+}
+
+void ListViewWidget::show_marked_only(bool marked_only) {
+  const std::size_t place = list_.selected().value_or(place_);
+  {
+    const QScopedValueRollback<bool> scope(showing_, true);
+    model_->show_marked_only(marked_only);
+    executeDelayedItemsLayout();
+  }
+  std::optional<std::size_t> row = list_.selected();
+  if (row && !model_->shown_row(*row)) {
+    const auto nearest = model_->nearest_row(place);
+    row = nearest ? std::optional(model_->list_row(*nearest)) : std::nullopt;
+    acts_.keystroke([&] { list_.select(row); });
+  }
+  show_selection();
+  if (on_rows) on_rows();
 }
 
 std::optional<std::size_t> ListViewWidget::row_at(const QPoint& place) const {
   const QModelIndex index = indexAt(place);
   if (!index.isValid()) return {};
-  return static_cast<std::size_t>(index.row());
+  return model_->list_row(index.row());
 }
 
 void ListViewWidget::mousePressEvent(QMouseEvent* event) {
   if (!row_at(event->pos())) clearSelection();
-  QTreeView::mousePressEvent(event);
+  TableView::mousePressEvent(event);
 }
 
 void ListViewWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   // Two quick clicks on a check box are two clicks.
   if (list_.has_check_boxes() && indexAt(event->pos()).column() == 0) {
-    QTreeView::mouseDoubleClickEvent(event);
+    TableView::mouseDoubleClickEvent(event);
     return;
   }
   acts_.command([this, row = row_at(event->pos())] { list_.double_click(row); });
@@ -168,19 +207,19 @@ void ListViewWidget::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Mouse) {
     row = row_at(event->pos());
   } else if (row) {
-    const QRect shown = visualRect(model_->index(static_cast<int>(*row), 0));
+    const QRect shown = visualRect(model_->index(model_->shown_row(*row).value_or(0), 0));
     place = viewport()->mapToGlobal(QPoint(qMax(0, shown.left()) + 20, shown.bottom()));
   } else {
     place = viewport()->mapToGlobal(QPoint(20, 20));
   }
-  acts_.open_menus_at(place);
-  acts_.command([&] { list_.right_click(row); });
+  acts_.right_click(list_, row, place, own_entries ? own_entries() : std::vector<ListEntry>());
 }
 
 void ListViewWidget::keyPressEvent(QKeyEvent* event) {
   bool used = false;
   switch (event->key()) {
     case Qt::Key_Insert:
+      if (event->modifiers() != Qt::NoModifier) return TableView::keyPressEvent(event);
       used = acts_.choose_by_key(list_, MenuKey::kInsert);
       break;
     case Qt::Key_Delete:
@@ -192,10 +231,10 @@ void ListViewWidget::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_Space:
       used = list_.has_check_boxes() && currentIndex().isValid();
-      if (used) acts_.act([&] { list_.check(static_cast<std::size_t>(currentIndex().row())); });
+      if (used) acts_.act([&] { list_.check(model_->list_row(currentIndex().row())); });
       break;
     default:
-      QTreeView::keyPressEvent(event);
+      TableView::keyPressEvent(event);
       return;
   }
   if (!used) event->ignore();

@@ -1,6 +1,8 @@
-// Rows of lists with a little air, so that the eye keeps the line; cells that are over their limit in red.
+// Rows of lists with a little air, so that the eye keeps the line; cells that are over their limit in red, the cell
+// that was searched for on a ground of its own.
 #pragma once
 
+#include <QPersistentModelIndex>
 #include <QStyledItemDelegate>
 
 namespace quor {
@@ -16,8 +18,14 @@ class RowDelegate : public QStyledItemDelegate {
   }
   static constexpr int kAir = 5;
 
+  // Invalid: none.
+  void show_found(const QModelIndex& cell) { found_ = cell; }
+
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
+ private:
+  QPersistentModelIndex found_;
 };
 
 }  // namespace quor

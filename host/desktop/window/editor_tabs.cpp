@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "host/desktop/answers/file_question.h"
 #include "host/desktop/answers/message_box.h"
 #include "host/desktop/answers/object_names.h"
 #include "host/desktop/edge/mnemonics.h"
@@ -70,6 +71,9 @@ void EditorTabs::open(std::shared_ptr<Form> form, const std::string& object, con
   scrolled->setFrameShape(QFrame::NoFrame);
   scrolled->setWidgetResizable(true);
   auto* const view = new FormView(*form, application_.edge(), FormView::Place::kWindow);
+  view->save_lists_by([this, view](const ShownTable& table, TableFormat kind) {
+    ask_and_save_table(table, kind, application_.Today(), view);
+  });
   scrolled->setWidget(view);
   MonthBand* const band = make_band(*form, *view, tab);
   auto* const column = new QVBoxLayout(tab);

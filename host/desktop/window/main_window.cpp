@@ -145,7 +145,9 @@ void MainWindow::show_type(const std::string& object_type) {
     if (pane == nullptr) {
       auto* const made = new ObjectListPane(application_, object_type, lists_);
       made->on_want = [this](const MenuPlace& place, MenuPurpose purpose) { carry_out(place, purpose); };
-      made->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, false); };
+      made->on_menu = [this, made](const MenuPlace& place, const QPoint& at) {
+        show_menu(place, at, false, made->entries());
+      };
       lists_->addWidget(made);
       pane = made;
     }
@@ -185,7 +187,8 @@ void MainWindow::refresh_all() {
 
 // ---- menus of objects, types and groups
 
-void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top) {
+void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top,
+                           const std::vector<ListEntry>& own) {
   auto menu = std::make_unique<PassingMenu>(this);
   act([&] {
     add_entries(*menu, menu_of(application_, place), place,
@@ -195,6 +198,8 @@ void MainWindow::show_menu(const MenuPlace& place, const QPoint& at, bool on_des
     menu->addSeparator();
     menu->add_choice("Nuimti nuo darbo stalo\tDel", [this, key = place.object] { take_off_desk_top(key); });
   }
+  if (!own.empty() && !menu->isEmpty() && !menu->actions().last()->isSeparator()) menu->addSeparator();
+  for (const ListEntry& entry : own) menu->add_choice(entry.caption, entry.run);
   if (!menu->isEmpty()) menu.release()->popup(at);
 }
 

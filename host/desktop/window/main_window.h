@@ -58,7 +58,8 @@ class MainWindow : public QMainWindow {
   void add_window_menu();
   void listen();
 
-  void show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top);
+  // `own`: what a list offers beside it.
+  void show_menu(const MenuPlace& place, const QPoint& at, bool on_desk_top, const std::vector<ListEntry>& own = {});
   void choose(const MenuPlace& place, const MenuEntry& entry);
   void click(const MenuPlace& place, const MenuEntry& entry, EditorTabs& tabs);
   std::array<EditorTabs*, 2> all_tabs() const { return {tabs_, beside_}; }

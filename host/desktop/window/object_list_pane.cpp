@@ -6,7 +6,9 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "host/desktop/answers/file_question.h"
 #include "host/desktop/answers/object_list.h"
+#include "host/desktop/edge/passing_menu.h"
 #include "host/desktop/render/header_widths.h"
 #include "host/desktop/window/registered_icons.h"
 #include "host/requests/object_lists.h"
@@ -42,13 +44,27 @@ ObjectListPane::ObjectListPane(DesktopApplication& application, const std::strin
   };
   key(Qt::Key_F5, [this] { application_.edge().act(this, [this] { refresh(); }); });
   key(Qt::CTRL | Qt::Key_F, [this] { list_->search().setFocus(); });
+  key(Qt::Key_F3, [this] { list_->find_again(SearchFrom::kNextRow); });
+  key(Qt::SHIFT | Qt::Key_F3, [this] { list_->find_again(SearchFrom::kPreviousRow); });
 }
 
 void ObjectListPane::set_up_view() {
-  QTreeView& view = list_->view();
+  TableView& view = list_->view();
+  const std::string caption = application_.type_caption(object_type_);
+  view.setAccessibleName(QString::fromStdString(caption));
+  view.on_save = [this, &view, title = QString::fromStdString(caption)](TableFormat kind) {
+    application_.edge().act(
+        this, [&] { ask_and_save_table(shown_table(*view.model(), title), kind, application_.Today(), this); });
+  };
   view.setContextMenuPolicy(Qt::CustomContextMenu);
   QHeaderView& header = *view.header();
   header.setStretchLastSection(false);
+  header.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&header, &QWidget::customContextMenuRequested, this, [this, &header](const QPoint& place) {
+    auto* const menu = new PassingMenu(this);
+    for (const ListEntry& entry : entries()) menu->add_choice(entry.caption, entry.run);
+    menu->popup(header.viewport()->mapToGlobal(place));
+  });
   for (int i = 0; i < header.count(); ++i) {
     header.resizeSection(i, qBound(110, header.sectionSize(i) + 16, kWidestColumn));
   }
@@ -74,6 +90,7 @@ void ObjectListPane::refresh() {
 void ObjectListPane::stand_on(const std::string& key) { list_->stand_on(key); }
 std::string ObjectListPane::current() const { return list_->current(); }
 QTreeView& ObjectListPane::view() { return list_->view(); }
+std::vector<ListEntry> ObjectListPane::entries() { return list_->view().copy_and_save_entries(); }
 void ObjectListPane::focus_list() { list_->view().setFocus(); }
 
 // ---- what the user does

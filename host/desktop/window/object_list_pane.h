@@ -6,8 +6,7 @@
 
 #include "host/desktop/answers/desktop_application.h"
 #include "host/desktop/answers/object_menu.h"
-
-class QTreeView;
+#include "host/desktop/render/table_view.h"
 
 namespace quor {
 
@@ -27,6 +26,8 @@ class ObjectListPane : public QWidget {
   std::string current() const;
   void focus_list();
   QTreeView& view();
+  // What every list offers, beside what can be done with its objects.
+  std::vector<ListEntry> entries();
 
   // An object is to be opened or deleted, or a new one made.
   WantEntry on_want;
