@@ -1,6 +1,8 @@
 // Pictures of the program's windows on the sample company: `desktop_screenshots PLUGIN FOLDER` writes a PNG for each.
 #include <QDir>
 #include <QElapsedTimer>
+#include <QHeaderView>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -113,6 +115,22 @@ void take_person(MainWindow& window, Pictures& pictures) {
   pictures.take_dialog("position_editor", [&] { pictures.key("lvwPositions", Qt::Key_Return); });
 }
 
+// On the smallest screen of the day, with what every list offers.
+void take_list(MainWindow& window, Pictures& pictures) {
+  window.resize(1366, 728);
+  auto& rows = dynamic_cast<QTreeView&>(pictures.widget("lvwRows"));
+  pictures.stand_on("lvwRows", 0);
+  pictures.key("lvwRows", Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(window.focusWidget(), "kek");
+  rows.setFocus();
+  for (int column = 0; column < 6; ++column) pictures.key("lvwRows", Qt::Key_Right);
+  for (int more = 0; more < 5; ++more) pictures.key("lvwRows", Qt::Key_Down, Qt::ShiftModifier);
+  rows.header()->resizeSection(3, 400);
+  QTest::qWait(20);
+  rows.horizontalScrollBar()->setValue(150);
+  pictures.take_window("list_at_work");
+}
+
 void take_previews(DesktopApplication& application, MainWindow& window, Pictures& pictures) {
   const std::vector<CalledEntry> previews = called_entries(application, MenuPurpose::kPreview);
   const auto show = [&](std::size_t at) { window.carry_out(previews.at(at).place, previews.at(at).entry); };
@@ -130,6 +148,7 @@ void take_previews(DesktopApplication& application, MainWindow& window, Pictures
   pictures.take_window("supplement_preview");
   pictures.stand_on("lvwRows", 2);
   pictures.take_dialog("extra_charges_editor", [&] { pictures.key("lvwRows", Qt::Key_Return); });
+  take_list(window, pictures);
   auto& experience = dynamic_cast<MenuItem&>(*pictures.form().find("mnuExperience"));
   auto& rows = dynamic_cast<ListView&>(*pictures.form().find("lvwRows"));
   pictures.take_dialog("experience_editor", [&] {

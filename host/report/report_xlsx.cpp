@@ -106,7 +106,7 @@ class Book {
   void finish() { check(workbook_close(std::exchange(book_, nullptr))); }
 
  private:
-  enum class Look { kText, kHead, kTitle, kDate, kNumber };
+  enum class Look { kText, kHead, kTitle, kDate, kNumber, kPercent };
 
   lxw_format* format(Look look, CellColour colour = CellColour::kNormal, CellAlignment side = CellAlignment::kLeft,
                      int decimals = 0);
@@ -129,9 +129,10 @@ lxw_format* Book::format(Look look, CellColour colour, CellAlignment side, int d
   if (colour == CellColour::kGreyText) format_set_font_color(made, LXW_COLOR_GRAY);
   if (side == CellAlignment::kRight) format_set_align(made, LXW_ALIGN_RIGHT);
   if (look == Look::kDate) format_set_num_format(made, "yyyy.mm.dd");
-  if (look == Look::kNumber) {
+  if (look == Look::kNumber || look == Look::kPercent) {
     const std::string places = decimals > 0 ? "." + std::string(static_cast<std::size_t>(decimals), '0') : "";
-    format_set_num_format(made, ((decimals == 2 ? "#,##0" : "0") + places).c_str());
+    const char* const whole = look == Look::kNumber && decimals == 2 ? "#,##0" : "0";
+    format_set_num_format(made, (whole + places + (look == Look::kPercent ? "%" : "")).c_str());
   }
   if (look == Look::kHead) {
     format_set_text_wrap(made);
@@ -192,10 +193,12 @@ void Book::add_head(lxw_worksheet& sheet, const ReportData& report, lxw_row_t ro
 
 void Book::add_cell(lxw_worksheet& sheet, lxw_row_t row, lxw_col_t column, const ReportCell& cell, CellAlignment side) {
   if (cell.text.empty()) return;
-  const auto decimals = side == CellAlignment::kRight ? decimals_of(cell.text) : std::nullopt;
+  const bool percent = cell.text.ends_with('%');
+  const std::string number = cell.text.substr(0, cell.text.size() - (percent ? 1 : 0));
+  const auto decimals = side == CellAlignment::kRight ? decimals_of(number) : std::nullopt;
   if (decimals) {
-    lxw_format* const look = format(Look::kNumber, cell.colour, side, *decimals);
-    check(worksheet_write_number(&sheet, row, column, parse_number(cell.text), look));
+    lxw_format* const look = format(percent ? Look::kPercent : Look::kNumber, cell.colour, side, *decimals);
+    check(worksheet_write_number(&sheet, row, column, parse_number(number) / (percent ? 100 : 1), look));
   } else if (const auto date = date_of(cell.text)) {
     lxw_datetime day{};
     day.year = date->year();

@@ -1,8 +1,8 @@
 // List reports as a workbook for spreadsheets: a sheet a report.
 //
 // The title lines stand on top, below them the heads, bold, which stay when one scrolls and come again on each printed
-// page. A cell of a column of numbers is a number where its text is one, with as many decimals as the text; a date is a
-// date; every other cell is its text, never a formula. Red and grey cells are so.
+// page. A cell of a column of numbers is a number or a percentage where its text is one, with as many decimals as the
+// text; a date is a date; every other cell is its text, never a formula. Red and grey cells are so.
 #pragma once
 
 #include <string>

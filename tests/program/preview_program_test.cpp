@@ -1,5 +1,6 @@
 // `quor preview` and `quor print`, as tables, for programs and on paper.
 #include <cstdio>
+#include <fstream>
 #include <gtest/gtest.h>
 
 #include "tests/support/running.h"
@@ -108,6 +109,19 @@ TEST_F(PreviewProgramTest, PaperHasHeadsAndNumbersOnEveryPage) {
   expect_parts(pages, {"Pages:           4\n", "595 x 842 pts (A4)", "Pavyzdžių savivaldybės administracija"});
   const std::string second = pages.substr(pages.find("Puslapis 1 iš "));
   expect_parts(second.substr(0, second.find("Puslapis 2 iš ")), {"Pavardė, vardas", "Tarnybos"});
+}
+
+TEST_F(PreviewProgramTest, AWorkbookIsWrittenOfEachKindOfList) {
+  given_month();
+  const Words calls[] = {{"preview", "salary", "2008-01"}, {"print", "categories"}, {"month", "2008-01"}};
+  for (Words call : calls) {
+    call.insert(call.end(), {"--format", "xlsx", "--output", "b.xlsx"});
+    EXPECT_EQ(quor(call).status, 0) << call.front();
+    std::ifstream file(folder_.path("b.xlsx"), std::ios::binary);
+    char start[2] = {};
+    EXPECT_TRUE(file.read(start, 2) && start[0] == 'P' && start[1] == 'K') << call.front();
+    std::remove(folder_.path("b.xlsx").c_str());
+  }
 }
 
 TEST_F(PreviewProgramTest, EachCategoryIsPrintedWithItsLatestFactor) {

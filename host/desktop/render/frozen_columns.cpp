@@ -11,7 +11,9 @@
 
 namespace quor {
 
-FrozenColumns::FrozenColumns(QTreeView& table) : QTreeView(&table), table_(table) {
+FrozenColumns::FrozenColumns(QTreeView& table) : QTreeView(&table), table_(table), edge_(new QWidget(this)) {
+  edge_->setAutoFillBackground(true);
+  edge_->setBackgroundRole(QPalette::Mid);
   if (dynamic_cast<WrappingHeader*>(table.header()) != nullptr) setHeader(new WrappingHeader(this));
   setModel(table.model());
   setSelectionModel(table.selectionModel());
@@ -43,18 +45,20 @@ FrozenColumns::FrozenColumns(QTreeView& table) : QTreeView(&table), table_(table
 void FrozenColumns::show_columns(int count) {
   if (count == 0) return hide();
   QHeaderView& of_table = *table_.header();
-  int width = 0;
+  int wanted = 0;
   for (int column = 0; column < header()->count(); ++column) {
     setColumnHidden(column, column >= count);
     if (column >= count) continue;
     header()->resizeSection(column, of_table.sectionSize(column));
-    width += of_table.sectionSize(column);
+    wanted += of_table.sectionSize(column);
   }
   header()->setFixedHeight(of_table.height());
   if (of_table.isSortIndicatorShown())
     header()->setSortIndicator(of_table.sortIndicatorSection(), of_table.sortIndicatorOrder());
   const QRect rows = table_.viewport()->geometry();
-  setGeometry(rows.left(), of_table.geometry().top(), qMin(width, rows.width()), of_table.height() + rows.height());
+  setGeometry(rows.left(), of_table.geometry().top(), qMin(wanted, rows.width()), of_table.height() + rows.height());
+  edge_->setGeometry(width() - 1, 0, 1, height());
+  edge_->raise();
   show();
   raise();
   follow_rows();

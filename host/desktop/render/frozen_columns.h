@@ -22,6 +22,7 @@ class FrozenColumns : public QTreeView {
   bool pass_on(QEvent& event, QWidget* to) const;
 
   QTreeView& table_;
+  QWidget* const edge_;  // a line behind which the other columns pass
 };
 
 }  // namespace quor

@@ -16,6 +16,7 @@ TEST_F(FormViewTest, TheListShowsItsRowsAndColours) {
   const QAbstractItemModel& model = *list().model();
   const QModelIndex red = model.index(1, 1), usual = model.index(0, 1);
   EXPECT_EQ(model.data(red).toString(), "10,00");
+  EXPECT_EQ(list().accessibleName(), "Sąrašas & kita");
   EXPECT_TRUE(model.data(red, Qt::FontRole).value<QFont>().bold());
   EXPECT_EQ(model.data(red, Qt::ToolTipRole).toString(), "Viršija ribą");
   EXPECT_TRUE(model.data(red, RowDelegate::kRedRole).toBool() && !model.data(usual, RowDelegate::kRedRole).toBool());

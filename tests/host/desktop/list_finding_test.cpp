@@ -2,6 +2,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QMenu>
 #include <QScrollBar>
 #include <QStandardItemModel>
 
@@ -99,6 +100,23 @@ TEST_F(ListFindingTest, SeveralRowsAreCopiedAndTheFormHearsOfOne) {
   EXPECT_EQ(screen_.list.selected(), 1U);
   screen_.list.select_row(3);
   EXPECT_EQ(list().selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(ListFindingTest, WhatIsShownIsHandedOnToBeKept) {
+  ShownTable kept;
+  view_.save_lists_by([&](const ShownTable& table, TableFormat) { kept = table; });
+  screen_.list.set_colour(1, 1, CellColour::kRed);
+  press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  NextWindows windows({[](QWidget& menu) {
+    auto& shown = dynamic_cast<QMenu&>(menu);
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, shown.actionGeometry(shown.actions()[3]).center());
+  }});
+  click(list().header()->viewport(), Qt::RightButton);
+  QTest::qWait(50);
+  EXPECT_EQ(kept.title, "Langas");
+  ASSERT_EQ(kept.cells.size(), 2U) << "the marked row";
+  EXPECT_EQ(kept.cells[1].text, "1260,05");
+  EXPECT_TRUE(kept.cells[1].colour == CellColour::kRed && kept.columns[1].alignment == CellAlignment::kRight);
 }
 
 TEST_F(ListFindingTest, ColumnsThatNameTheRowStayAndPassTheMouseOn) {

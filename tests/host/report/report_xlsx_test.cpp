@@ -18,7 +18,7 @@ Reports small_report() {
   report->columns = {{.key = "N", .caption = "Pavardė", .width = 6},
                      {.key = "S", .caption = "Suma", .alignment = CellAlignment::kRight}};
   const std::pair<const char*, const char*> lines[] = {
-      {"=1+1 & <b>", "1 260,05"}, {"12", "007"}, {"2008.01.31", "-3"}, {"", "1234567890123456"}};
+      {"=1+1 & <b>", "1 260,05"}, {"12", "007"}, {"2008.01.31", "-3"}, {"", "1234567890123456"}, {"", "29%"}};
   for (const auto& [name, sum] : lines) {
     report->cells.push_back({name});
     report->cells.push_back({sum, *sum == '-' ? CellColour::kRed : CellColour::kNormal});
@@ -54,6 +54,8 @@ TEST(ReportXlsx, CellsAreNumbersDatesAndTextsUnderHeadsThatStay) {
       {"xl/styles.xml", "<b/><sz val=\"11\"/><color rgb=\"FFC00000\"/>"},
       {"xl/styles.xml", "formatCode=\"yyyy.mm.dd\""},
       {"xl/styles.xml", "formatCode=\"#,##0.00\""},
+      {"xl/worksheets/sheet1.xml", "<v>0.29</v>"},
+      {"xl/styles.xml", "formatCode=\"0%\""},
       {"xl/workbook.xml", "name=\"Sąrašas  2008 01\""},
       {"xl/workbook.xml", "name=\"Sąrašas  2008 01 2\""},
       {"docProps/core.xml", "2008-02-05T00:00:00Z</dcterms:created>"},
