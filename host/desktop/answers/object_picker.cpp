@@ -25,6 +25,8 @@ ObjectPicker::ObjectPicker(Recordset& list, const std::string& current, const QS
     : QDialog(parent), list_(new ObjectList(list, ObjectList::Sorting::kAsItCame, {}, this)) {
   setWindowTitle(title);
   list_->search().setPlaceholderText("Ieškoti…");
+  list_->search().setAccessibleName("Paieška sąraše");
+  list_->view().setAccessibleName(title);
   list_->view().setItemDelegate(new RowDelegate(&list_->view()));
   remember_widths(*list_->view().header(), "picker." + title);
 

@@ -362,7 +362,9 @@ void FormView::right_click(ListView& list, std::optional<std::size_t> row, const
   command([&] { list.right_click(row); });
   if (!self || released_ || acts_ > 0) return;
   const auto opened = [](const PopupMenu* menu) { return menu->is_open(); };
-  if (!own.empty() && std::none_of(menus_.begin(), menus_.end(), opened)) show_entries(place, own);
+  if (std::any_of(menus_.begin(), menus_.end(), opened)) return;
+  list_entries_.clear();
+  if (!own.empty()) show_entries(place, own);
 }
 
 void FormView::show_entries(const QPoint& place, const std::vector<ListEntry>& entries) {
@@ -374,6 +376,7 @@ void FormView::show_entries(const QPoint& place, const std::vector<ListEntry>& e
 
 // One menu at a time, and none over a dialog of the form.
 void FormView::show_menu(PopupMenu& menu) {
+  const std::vector<ListEntry> own = std::exchange(list_entries_, {});
   if (!menu.is_open() || released_) return;
   const auto dismiss = [this, &menu] { act([&menu] { menu.dismiss(); }); };
   if (acts_ > 0 || shown_menu_) {
@@ -386,7 +389,6 @@ void FormView::show_menu(PopupMenu& menu) {
     const QString caption = without_mnemonic(QString::fromStdString(item->caption())) + key_name(item->key());
     shown->add_choice(caption, [this, item] { act([item] { item->choose(); }); })->setEnabled(item->enabled());
   }
-  const std::vector<ListEntry> own = std::exchange(list_entries_, {});
   if (!own.empty()) shown->addSeparator();
   for (const ListEntry& entry : own) {
     add_entry(*shown, entry, [dismiss, run = entry.run] {

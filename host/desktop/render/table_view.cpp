@@ -106,15 +106,20 @@ void TableView::currentChanged(const QModelIndex& current, const QModelIndex& pr
   show_sums();
 }
 
+// A menu may have wiped the status line meanwhile.
+void TableView::focusInEvent(QFocusEvent* event) {
+  QTreeView::focusInEvent(event);
+  told_.clear();
+  if (model() != nullptr) show_sums();
+}
+
 void TableView::hideEvent(QHideEvent* event) {
   QTreeView::hideEvent(event);
   tell({});
 }
 
 void TableView::show_sums() {
-  const QItemSelection selection = selectionModel()->selection();
-  const bool one_row = selection.size() == 1 && selection.first().height() == 1;
-  tell(one_row ? QString() : selected_sums(*model(), selection, qMax(0, currentIndex().column())));
+  tell(selected_sums(*model(), selectionModel()->selection(), qMax(0, currentIndex().column())));
 }
 
 // The status line of whatever window this stands in, if it has one.

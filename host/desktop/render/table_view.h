@@ -42,6 +42,7 @@ class TableView : public QTreeView {
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void updateGeometries() override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;

@@ -156,6 +156,7 @@ TEST(SelectedSums, AreExactAndOfNumbersAlone) {
   QStandardItemModel rows(2, 2);
   for (int row = 0; row < 2; ++row) rows.setItem(row, 1, new QStandardItem("5"));
   rows.setHorizontalHeaderLabels({"A", "Priedas"});
+  EXPECT_EQ(selected_sums(rows, {}, 0), "");
   EXPECT_EQ(selected_sums(rows, {rows.index(0, 0), rows.index(1, 1)}, 1),
             "Priedas: suma 10; vidurkis 5,00; reikšmių 2");
 }
