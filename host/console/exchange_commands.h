@@ -15,9 +15,11 @@ struct ExportCommand {
   std::string folder;
 };
 struct ImportCommand {
-  std::string table;
+  std::string table;  // with a file behind it; a word alone is the file
   std::string file;
   std::string folder;
+  std::string mapping;       // the file that says what foreign heads mean
+  bool dry_run = false;      // shows what would come in
   bool into_closed = false;  // rows may reach into closed months
 };
 

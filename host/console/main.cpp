@@ -201,9 +201,12 @@ void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOpt
 
   CLI::App& bring_in =
       add_command(app, "import", "įkelia CSV failą: visą arba nieko", words.import_file, options, command);
-  bring_in.add_option("LENTELĖ", words.import_file.table, "lentelės vardas, pvz., worked_time");
+  bring_in.add_option("LENTELĖ", words.import_file.table,
+                      "lentelės vardas, pvz., worked_time arba „Darbo laikas“; be jo lentelę parodo failo stulpeliai");
   bring_in.add_option("FAILAS", words.import_file.file, "CSV failas");
   bring_in.add_option("--all", words.import_file.folder, "aplankas, iš kurio įkeliamos visos lentelės");
+  bring_in.add_option("--mapping", words.import_file.mapping, "JSON failas: ką reiškia kitaip pavadinti stulpeliai");
+  bring_in.add_flag("--dry-run", words.import_file.dry_run, "nieko nerašo, tik parodo, kas būtų įkelta");
   bring_in.add_flag("--into-closed", words.import_file.into_closed, "leidžia įrašams siekti uždarytus mėnesius");
 }
 

@@ -9,6 +9,7 @@
 #include "host/exchange/cell_values.h"
 #include "host/exchange/import_check.h"
 #include "host/exchange/import_write.h"
+#include "host/exchange/table_heads.h"
 #include "host/exchange/table_rights.h"
 #include "host/exchange/written_check.h"
 
@@ -54,6 +55,15 @@ std::int32_t watched_id(const StoredTable& table, const FileRow& row) {
   return row.cells[table.column(table.name == "settings_rows" ? "settings_id" : "id")].to_int32();
 }
 
+// The plan has them as they were met, the changed ones first.
+std::vector<ImportedRow> first_rows(const TablePlan& plan) {
+  std::vector<ImportedRow> rows = plan.first_changed;
+  rows.insert(rows.end(), plan.first_added.begin(), plan.first_added.end());
+  std::sort(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.line < b.line; });
+  if (rows.size() > ImportedRow::kMostShown) rows.resize(ImportedRow::kMostShown);
+  return rows;
+}
+
 // Each row of the file that reaches into closed months is told.
 void faults_of_reach(WatchedPlan& watched, const std::vector<TableFile>& files, std::vector<ImportFault>& faults) {
   const auto reached = watched.reach.reached();
@@ -73,15 +83,16 @@ void faults_of_reach(WatchedPlan& watched, const std::vector<TableFile>& files, 
 ImportRefused::ImportRefused(std::vector<ImportFault> faults, bool into_closed)
     : std::runtime_error(text_of(faults)), faults_(std::move(faults)), into_closed_(into_closed) {}
 
-std::vector<ImportedTable> import_tables(RightsGuard& guard, std::vector<ImportSource> sources,
-                                         IntoClosed into_closed) {
+std::vector<ImportedTable> import_tables(RightsGuard& guard, std::vector<ImportSource> sources, IntoClosed into_closed,
+                                         ImportRun run) {
   for (const ImportSource& source : sources) require_import_right(guard, *source.table);
   Database& database = guard.company().database();
   // The order of the tables is that of their references.
   std::sort(sources.begin(), sources.end(), [](const auto& a, const auto& b) { return a.table < b.table; });
   std::vector<ImportFault> faults;
   std::vector<TableFile> files;
-  for (const ImportSource& source : sources) files.push_back(read_table_file(*source.table, source.file, faults));
+  for (const ImportSource& source : sources)
+    files.push_back(read_table_file(*source.table, source.file, source.mapping, faults));
 
   Transaction transaction(database);  // no other program writes from here on: what is checked holds when it is written
   ImportCheck check(database, files, faults);
@@ -98,7 +109,11 @@ std::vector<ImportedTable> import_tables(RightsGuard& guard, std::vector<ImportS
       std::any_of(files.begin(), files.end(), [](const TableFile& file) { return file.table->name == "users"; });
   for (std::size_t at = 0; at < plans.size(); ++at) {
     write_plan(database, plans[at], guard.user());
-    done.push_back({sources[at], plans[at].added.size(), plans[at].changed.size(), plans[at].unchanged});
+    done.push_back({.source = sources[at],
+                    .added = plans[at].added.size(),
+                    .changed = plans[at].changed.size(),
+                    .unchanged = plans[at].unchanged,
+                    .first = first_rows(plans[at])});
     anything = anything || done.back().added + done.back().changed > 0;
   }
   for (std::size_t at = 0; at < files.size(); ++at) done[at].warnings = written.check(files[at], faults);
@@ -107,6 +122,7 @@ std::vector<ImportedTable> import_tables(RightsGuard& guard, std::vector<ImportS
   refuse(faults, files, /*into_closed=*/true);
   if (!anything) return done;
   if (brings_users) require_administrator_among_users(database);
+  if (run == ImportRun::kTry) return done;
   transaction.commit();
   guard.company().forget();
   return done;
@@ -118,7 +134,7 @@ std::vector<ImportSource> sources_of_folder(const std::string& folder) {
   std::vector<ImportSource> sources;
   for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
     if (entry.path().extension() != ".csv") continue;
-    if (const StoredTable* table = find_stored_table(entry.path().stem().string())) {
+    if (const StoredTable* table = table_called(entry.path().stem().string())) {
       sources.push_back({table, entry.path().string()});
     } else {
       unknown.push_back(entry.path().string());

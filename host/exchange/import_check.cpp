@@ -88,6 +88,8 @@ void ImportCheck::compare(const TableFile& file, FileRow& row, const std::vector
     if (is_closed(*file.table, row.cells) || is_closed(*file.table, stored))
       file.add_fault(faults_, row, file.table->closed_by, kClosed);
     row.id = id;
+    if (plan.first_changed.size() < ImportedRow::kMostShown)
+      plan.first_changed.push_back(described(*file.table, row, &stored));
     plan.changed.push_back(row);
     note_owner(stored, plan);
     note_owner(row.cells, plan);
@@ -99,8 +101,31 @@ void ImportCheck::add(const TableFile& file, FileRow& row, TablePlan& plan) {
   for (std::size_t at = 0; at < row.cells.size(); ++at) {
     if (!file.present[at]) row.cells[at] = kNull;
   }
+  if (plan.first_added.size() < ImportedRow::kMostShown)
+    plan.first_added.push_back(described(*file.table, row, nullptr));
   plan.added.push_back(row);
   note_owner(row.cells, plan);
+}
+
+ImportedRow ImportCheck::described(const StoredTable& table, const FileRow& row,
+                                   const std::vector<Variant>* stored) const {
+  ImportedRow words{.line = row.line, .added = stored == nullptr, .key = {}, .cells = {}};
+  for (std::size_t at = 0; at < row.cells.size(); ++at) {
+    const StoredColumn& column = table.columns[at];
+    const std::string to = words_of(column, row.cells[at]);
+    if (std::find(table.key.begin(), table.key.end(), column.name) != table.key.end()) {
+      words.key += (words.key.empty() ? "" : ", ") + std::string(column.caption) + " " + to;
+    } else if (stored == nullptr ? !to.empty() : !same_value(row.cells[at], (*stored)[at])) {
+      words.cells.push_back(
+          {std::string(column.caption), stored == nullptr ? "" : words_of(column, (*stored)[at]), to});
+    }
+  }
+  return words;
+}
+
+std::string ImportCheck::words_of(const StoredColumn& column, const Variant& value) const {
+  if (value.is_empty() || value.is_null()) return {};
+  return column.kind == ColumnKind::kTimeCode ? codes_.text(value.to_int32()) : cell_text(column.kind, value);
 }
 
 void ImportCheck::note_owner(const std::vector<Variant>& cells, TablePlan& plan) {

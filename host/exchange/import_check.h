@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "host/exchange/import_file.h"
+#include "host/exchange/imported_row.h"
 #include "host/exchange/time_codes.h"
 #include "host/store/database.h"
 
@@ -23,6 +24,9 @@ struct TablePlan {
   std::vector<FileRow> added;  // in an order in which they can be written
   std::vector<FileRow> changed;
   std::size_t unchanged = 0;
+  // Up to ImportedRow::kMostShown of each in words.
+  std::vector<ImportedRow> first_added = {};
+  std::vector<ImportedRow> first_changed = {};
   std::set<std::int32_t> owners;  // of the rows added and changed, also those that a changed row has left
 };
 
@@ -41,6 +45,9 @@ class ImportCheck {
   void compare(const TableFile& file, FileRow& row, const std::vector<Variant>& stored, std::int32_t id,
                TablePlan& plan);
   void add(const TableFile& file, FileRow& row, TablePlan& plan);
+  // In words; `stored` is null for a row to add.
+  ImportedRow described(const StoredTable& table, const FileRow& row, const std::vector<Variant>* stored) const;
+  std::string words_of(const StoredColumn& column, const Variant& value) const;
   static void note_owner(const std::vector<Variant>& cells, TablePlan& plan);
   void resolve_time_codes(TableFile& file);
   // What one row's values say together, once it has all its cells.

@@ -1,25 +1,14 @@
 #include "host/exchange/import_file.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-
 #include "host/exchange/cell_values.h"
-#include "host/store/addresses.h"
+#include "host/exchange/file_text.h"
+#include "host/exchange/table_heads.h"
 #include "host/store/tables/column_values.h"
 #include "host/text/csv_reader.h"
 
 namespace quor {
 
 namespace {
-
-std::string content(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  if (!in || std::filesystem::is_directory(file))
-    throw std::runtime_error("nepavyksta perskaityti failo „" + shown_address(file) + "“");
-  return {std::istreambuf_iterator<char>(in), {}};
-}
 
 // Of a month that stands for a day or month, its first day is held to the range.
 std::string range_fault(const StoredColumn& column, const Variant& value, const std::string& written) {
@@ -29,7 +18,8 @@ std::string range_fault(const StoredColumn& column, const Variant& value, const 
 
 class FileReader {
  public:
-  FileReader(TableFile& file, std::vector<ImportFault>& faults) : file_(file), faults_(faults) {}
+  FileReader(TableFile& file, const HeadMapping& mapping, std::vector<ImportFault>& faults)
+      : file_(file), mapping_(mapping), faults_(faults) {}
 
   void take(const CsvRecord& record) {
     if (!has_header_) {
@@ -59,12 +49,12 @@ class FileReader {
     };
     const auto& columns = file_.table->columns;
     for (const CsvRecord::Cell& cell : record.cells) {
-      const std::size_t column = file_.table->column(cell.text);
-      if (column == columns.size()) {
+      const std::size_t column = column_of_head(*file_.table, cell.text, mapping_).column;
+      if (column == HeadColumn::kUnknown) {
         refuse("nežinomas stulpelis „" + cell.text + "“");
-      } else if (file_.present[column]) {
+      } else if (column < columns.size() && file_.present[column]) {
         refuse("stulpelis „" + cell.text + "“ yra du kartus");
-      } else {
+      } else if (column < columns.size()) {
         file_.present[column] = true;
       }
       columns_.push_back(column);
@@ -82,6 +72,7 @@ class FileReader {
     }
     FileRow row{.line = record.line, .cells = std::vector<Variant>(file_.table->columns.size())};
     for (std::size_t at = 0; at < columns_.size(); ++at) {
+      if (columns_[at] == HeadColumn::kLeftOut) continue;
       const StoredColumn& column = file_.table->columns[columns_[at]];
       const CsvRecord::Cell& cell = record.cells[at];
       ParsedCell parsed = cell.null ? ParsedCell{kNull, column.required() ? "trūksta reikšmės" : ""}
@@ -98,8 +89,9 @@ class FileReader {
   }
 
   TableFile& file_;
+  const HeadMapping& mapping_;
   std::vector<ImportFault>& faults_;
-  std::vector<std::size_t> columns_;  // of the table, by cell
+  std::vector<std::size_t> columns_;  // by cell: of the table, or HeadColumn::kLeftOut
   bool has_header_ = false;
   bool header_fits_ = false;
 };
@@ -111,10 +103,11 @@ std::string line_of(const ImportFault& fault) {
          (fault.column.empty() ? "" : "stulpelis " + fault.column + ": ") + fault.text;
 }
 
-TableFile read_table_file(const StoredTable& table, const std::string& file, std::vector<ImportFault>& faults) {
+TableFile read_table_file(const StoredTable& table, const std::string& file, const HeadMapping& mapping,
+                          std::vector<ImportFault>& faults) {
   TableFile result{.table = &table, .name = file, .present = std::vector<bool>(table.columns.size()), .rows = {}};
-  FileReader reader(result, faults);
-  reader.finish(read_csv(content(file), [&](const CsvRecord& record) { reader.take(record); }));
+  FileReader reader(result, mapping, faults);
+  reader.finish(read_csv(text_of_file(file), [&](const CsvRecord& record) { reader.take(record); }));
   return result;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/exchange/head_mapping.h"
 #include "host/store/tables/stored_tables.h"
 #include "platform/data/variant.h"
 
@@ -43,7 +44,9 @@ struct TableFile {
   }
 };
 
-// Reads the file and appends its faults. Throws std::runtime_error when it cannot be read at all.
-TableFile read_table_file(const StoredTable& table, const std::string& file, std::vector<ImportFault>& faults);
+// Reads the file, whose heads mean what the mapping says, and appends its faults. Throws std::runtime_error when it
+// cannot be read at all.
+TableFile read_table_file(const StoredTable& table, const std::string& file, const HeadMapping& mapping,
+                          std::vector<ImportFault>& faults);
 
 }  // namespace quor

@@ -46,6 +46,26 @@ TEST_F(ExchangeProgram, AClerkMovesACompanyAndBringsWorkedTimeIn) {
   EXPECT_EQ(quor({"import", "worked_time", "atgal.csv"}).out, "atgal.csv: naujų 0, pakeistų 0, nepakitusių 3.\n");
 }
 
+TEST_F(ExchangeProgram, AForeignFileIsTriedFirstAndComesInByItsMapping) {
+  ASSERT_EQ(quor({"init"}).status, 0);
+  write("zini.csv", "Tab. Nr.;Diena arba mėnuo;LAIKO KODAS;Val.;Pastaba\n1;2008-01-15;VD;4;y\n");
+  const Outcome unknown = quor({"import", "zini.csv"});
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_NE(unknown.err.find("artimiausia „Darbo laikas“ (worked_time)"), std::string::npos) << unknown.err;
+  write("a.json", R"({"columns": {"Tab. Nr.": "darbuotojas", "Val.": "hours", "Pastaba": ""}})");
+  const Words words = {"import", "zini.csv", "--mapping", "a.json"};
+  Words trial = words;
+  trial.emplace_back("--dry-run");
+  const std::string would =
+      "2: nauja (darbuotojas 1, diena arba mėnuo 2008-01-15, laiko kodas VD): valandos 4\n"
+      "zini.csv: būtų naujų 1, pakeistų 0, nepakitusių 0.\n";
+  EXPECT_EQ(quor(trial).out, would);
+  EXPECT_EQ(quor(trial).out, would);
+  EXPECT_EQ(quor(words).out, "zini.csv: naujų 1, pakeistų 0, nepakitusių 0.\n");
+  EXPECT_EQ(quor({"import", "darbo laikas", "zini.csv", "--mapping", "a.json"}).out,
+            "zini.csv: naujų 0, pakeistų 0, nepakitusių 1.\n");
+}
+
 TEST_F(ExchangeProgram, FaultsAreListedAndWordsThatAreOffAreNamed) {
   ASSERT_EQ(quor({"init", "--empty"}).status, 0);
   write("a.csv", "id,parent_id,name\n1,7,A\nx,,\n");
