@@ -9,6 +9,7 @@
 #include "host/console/json_values.h"
 #include "host/console/session.h"
 #include "host/sample/sample_company.h"
+#include "host/sample/start_company.h"
 #include "host/store/addresses.h"
 #include "host/store/object_codes.h"
 #include "platform/data/case_folding.h"
@@ -82,7 +83,13 @@ Json boxes_json(const std::vector<ShownBox>& boxes) {
 }  // namespace
 
 ExitStatus run(const InitCommand& command, const CommonOptions& options, std::ostream& out) {
+  if (command.empty && !command.start.empty()) throw UsageError("--empty ir --start kartu nerašomi");
   if (command.empty) return make_empty_company(options, out);
+  if (!command.start.empty()) {
+    const auto made = Database::create(options.company, [&](Database& to) { fill_start_company(to, command.start); });
+    out << "Sukurta įmonė „" << made->name() << "“: be darbuotojų, su įprastais nustatymais.\n";
+    return ExitStatus::kDone;
+  }
   if (command.employees < 1)
     throw UsageError("Darbuotojų turi būti bent vienas, nurodyta --employees " + std::to_string(command.employees) +
                      ".");

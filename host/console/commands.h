@@ -15,6 +15,7 @@ struct InitCommand {
   std::int32_t employees = 30;
   std::uint32_t seed = 1;
   bool empty = false;  // no data, only the schema
+  std::string start;   // the office's name: all that the first employee needs
 };
 struct CallCommand {
   std::string method;

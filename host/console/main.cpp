@@ -8,6 +8,7 @@
 
 #include "host/application/plugin_library.h"
 #include "host/console/commands.h"
+#include "host/console/copy_commands.h"
 #include "host/console/desktop_command.h"
 #include "host/console/exchange_commands.h"
 #include "host/console/program_files.h"
@@ -188,6 +189,8 @@ struct AllWords {
   quor::GetCommand get{.name = {}, .parameter = "None"};
   quor::ExportCommand export_table;
   quor::ImportCommand import_file;
+  quor::BackupCommand backup;
+  quor::RestoreCommand restore;
   quor::PreviewCommand preview;
   quor::PrintCommand print;
   quor::DesktopCommand desktop;
@@ -210,6 +213,14 @@ void add_exchange_commands(CLI::App& app, AllWords& words, const quor::CommonOpt
   bring_in.add_flag("--into-closed", words.import_file.into_closed, "leidžia įrašams siekti uždarytus mėnesius");
 }
 
+void add_copy_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
+  CLI::App& backup = add_command(app, "backup", "padaro įmonės failo atsarginę kopiją", words.backup, options, command);
+  backup.add_option("FAILAS", words.backup.file, "kopijos vieta; be jos – šalia įmonės, su data ir laiku");
+  CLI::App& restore = add_command(app, "restore", "atkuria įmonės failą iš kopijos; kas buvo, palieka šalia",
+                                  words.restore, options, command);
+  restore.add_option("FAILAS", words.restore.file, "kopija")->required();
+}
+
 void add_report_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
   CLI::App& preview = add_command(app, kPreview, "parodo mėnesio peržiūros sąrašą", words.preview, options, command);
   preview.add_option("PERŽIŪRA", words.preview.kind, "peržiūros vardas, pvz., salary arba supplements")->required();
@@ -226,6 +237,8 @@ void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& opt
   init.add_option("--employees", words.init.employees, "darbuotojų skaičius");
   init.add_option("--seed", words.init.seed, "pavyzdžio numeris: tas pats numeris duoda tą pačią įmonę");
   init.add_flag("--empty", words.init.empty, "be duomenų: įmonė, į kurią jie bus įkelti");
+  init.add_option("--start", words.init.start,
+                  "įstaigos pavadinimas: be darbuotojų, su įprasta stažo skale, ribomis, kodais ir kategorijomis");
 
   add_command(app, "desktop", "atveria langus", words.desktop, options, command);
 
@@ -267,6 +280,7 @@ int main(int argc, char** argv) {
   add_commands(app, words, options, command);
   add_report_commands(app, words, options, command);
   add_exchange_commands(app, words, options, command);
+  add_copy_commands(app, words, options, command);
   try {
     parse_whole_words(app, argc, argv);
   } catch (const CLI::CallForHelp&) {

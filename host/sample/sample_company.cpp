@@ -6,9 +6,9 @@
 #include "host/sample/sample_data.h"
 #include "host/sample/sample_people.h"
 #include "host/sample/sample_random.h"
+#include "host/sample/usual_rows.h"
 #include "host/store/sort_key.h"
 #include "host/store/tables/table_rows.h"
-#include "platform/data/date.h"
 
 namespace quor {
 namespace {
@@ -18,8 +18,6 @@ constexpr std::int32_t kPeoplePerDepartment = 25;
 constexpr std::int32_t kDivisions = 3;
 // People a batch: bounds the memory, and the number of statements grows only with it.
 constexpr std::int32_t kBatch = 5000;
-
-Date date_of(sample_data::Day day) { return Date::from_ymd(day.year, day.month, day.day); }
 
 std::vector<std::int32_t> add_departments(Database& database, std::int32_t employees) {
   const auto areas = sample_data::department_areas();
@@ -46,32 +44,13 @@ std::vector<std::int32_t> add_departments(Database& database, std::int32_t emplo
 
 // Answers the ID of the first salary constant type.
 std::int32_t add_constants(Database& database) {
-  TableRows types("constant_types");
-  for (std::int32_t n = 0; const auto& type : sample_data::constant_types())
-    types.append_row(n++, type.code, type.name, 1);
-  const std::int32_t first = types.insert_with_ids(database);
-
+  const std::int32_t first = add_constant_types(database);
   TableRows values("constant_values");
   for (std::int32_t n = 0; const auto& value : sample_data::constant_values()) {
     values.append_row(n++, first + static_cast<std::int32_t>(value.type), date_of(value.from), value.value);
   }
   values.insert_with_ids(database);
   return first;
-}
-
-void add_indications(Database& database) {
-  TableRows rows("indications");
-  for (std::int32_t n = 0; const auto& row : sample_data::indications()) {
-    rows.append_row(n++, row.indication, row.code_id, row.code, row.name, 1);
-  }
-  rows.insert_with_ids(database);
-}
-
-std::int32_t add_salary_codes(Database& database) {
-  TableRows rows("salary_codes");
-  for (std::int32_t n = 0; const auto& code : sample_data::salary_codes())
-    rows.append_row(n++, code.code, code.name, 1);
-  return rows.insert_with_ids(database);
 }
 
 std::vector<std::int32_t> add_categories(Database& database, SampleRandom& random) {
@@ -96,27 +75,6 @@ std::vector<std::int32_t> add_categories(Database& database, SampleRandom& rando
   return ids;
 }
 
-void add_settings(Database& database, SampleRandom& random, std::int32_t first_constant) {
-  TableRows settings("settings");
-  std::int32_t count = 0;
-  for (const auto& each : sample_data::settings()) {
-    settings.append_row(count++, random.guid(), date_of(each.from),
-                        first_constant + static_cast<std::int32_t>(sample_data::kMonthTariff),
-                        first_constant + static_cast<std::int32_t>(sample_data::kHourTariff), each.time_codes,
-                        each.extra_limit, each.surcharge_limit, each.total_limit, 1);
-  }
-  const std::int32_t first = settings.insert_with_ids(database);
-
-  // One per cent a year of service, from the third year to the thirtieth.
-  TableRows rows("settings_rows");
-  for (std::int32_t n = 0, row = 0; n < count; ++n) {
-    for (std::int32_t year = 3; year <= 30; ++year) {
-      rows.append_row(row++, random.guid(), first + n, year, year < 30 ? year + 1 : 100, static_cast<double>(year));
-    }
-  }
-  rows.insert_with_ids(database);
-}
-
 }  // namespace
 
 void fill_sample_company(Database& database, const SampleOptions& options) {
@@ -128,7 +86,7 @@ void fill_sample_company(Database& database, const SampleOptions& options) {
   add_indications(database);
   around.first_salary_code = add_salary_codes(database);
   around.categories = add_categories(database, random);
-  add_settings(database, random, around.first_constant);
+  add_settings(database, random, around.first_constant, sample_data::settings());
 
   SamplePeople people(random, around);
   for (std::int32_t done = 0; done < options.employees;) {

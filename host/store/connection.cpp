@@ -28,12 +28,13 @@ void reach(const std::string& name, const std::string& connect_text, const Conne
   }
 }
 
-// SQLite ends a transaction by itself when the disk is full or fails: nothing is left to roll back then.
 // (The sanitizer cannot look at the backend's class: its library keeps the type information to itself.)
-[[gnu::no_sanitize("vptr")]] bool has_ended_by_itself(soci::session& session) {
-  const auto* backend = static_cast<soci::sqlite3_session_backend*>(session.get_backend());
-  return sqlite_api::sqlite3_get_autocommit(backend->conn_) != 0;
+[[gnu::no_sanitize("vptr")]] sqlite_api::sqlite3* handle_of(soci::session& session) {
+  return static_cast<soci::sqlite3_session_backend*>(session.get_backend())->conn_;
 }
+
+// SQLite ends a transaction by itself when the disk is full or fails: nothing is left to roll back then.
+bool has_ended_by_itself(soci::session& session) { return sqlite_api::sqlite3_get_autocommit(handle_of(session)) != 0; }
 
 }  // namespace
 
@@ -173,6 +174,23 @@ std::optional<std::int64_t> Connection::whole_number(const std::string& sql, con
     statement.define_and_bind();
     if (!statement.execute(true) || indicator == soci::i_null) return std::nullopt;
     return number;
+  });
+}
+
+void Connection::copy_into(const std::string& path) {
+  require_no_transaction();
+  (void)whole_number("VACUUM INTO :p0", {path});
+}
+
+void Connection::become(Connection& from) {
+  require_no_transaction();
+  if (!read_only_reason.empty()) throw StoreError(StoreFault::kNotWritable, read_only_reason);
+  run([&](soci::session& database) {
+    auto* const work = sqlite_api::sqlite3_backup_init(handle_of(database), "main", handle_of(from.session), "main");
+    if (work != nullptr) sqlite_api::sqlite3_backup_step(work, -1);
+    const int result =
+        work != nullptr ? sqlite_api::sqlite3_backup_finish(work) : sqlite_api::sqlite3_errcode(handle_of(database));
+    if (result != SQLITE_OK) throw soci::sqlite3_soci_error("", result);
   });
 }
 

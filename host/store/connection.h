@@ -65,6 +65,12 @@ struct Connection {
   void command(const std::string& sql);  // without values and answer
   std::optional<std::int64_t> whole_number(const std::string& sql, const std::vector<Variant>& values = {});
 
+  // Of files: a copy of this moment's content into the empty file at `path`; others may write meanwhile.
+  void copy_into(const std::string& path);
+  // Of files: the whole content becomes that of `from` in one transaction, which other programs see as any other.
+  // Throws, and nothing has changed, when somebody writes or reads too long.
+  void become(Connection& from);
+
   void begin();
   void begin_reading();
   void end_reading();          // broken when it throws

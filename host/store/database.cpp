@@ -40,6 +40,8 @@ std::int32_t Database::reserve_ids(std::string_view table, std::int32_t count) {
                                                std::to_string(kLast) + "): „" + name() + "“");
 }
 
+void Database::copy_into(const std::string& path) { connection_->copy_into(path); }
+
 bool Database::reconnect() { return connection_->reconnect(); }
 
 std::int64_t Database::change_count() {

@@ -64,6 +64,9 @@ class Database {
   // transaction, if any: a roll-back gives the IDs back. Throws StoreError, and reserves none, past kStoredId.
   std::int32_t reserve_ids(std::string_view table, std::int32_t count = 1);
 
+  // Writes the company as it is at this moment into the empty file at `path`; of files alone, not inside a transaction.
+  void copy_into(const std::string& path);
+
   // Connects anew when the server has dropped the connection or this Database is broken, file or server; false when
   // there is nothing to mend: a connection that stands, an open transaction. Throws kMissing while the company is not
   // to be reached.

@@ -1,11 +1,11 @@
 // How a company is opened where one stands, and made where none does.
 #include <cerrno>
-#include <filesystem>
 #include <system_error>
 
 #include "host/store/addresses.h"
 #include "host/store/connection.h"
 #include "host/store/database.h"
+#include "host/store/free_place.h"
 #include "host/store/schema.h"
 #include "host/store/stored_sort_keys.h"
 #include "host/store/whole_file.h"
@@ -24,34 +24,6 @@ void make_whole(Database& database, const Database::Fill& fill) {
 
 StoreError already_there(const std::string& shown) {
   return {StoreFault::kAlreadyThere, "įmonė jau yra: „" + shown + "“"};
-}
-
-// Why no file could be made at `address`.
-StoreError not_made(const std::string& address, int error) {
-  const std::string quoted = "„" + shown_address(address) + "“";
-  switch (error) {
-    case EEXIST:
-      return {StoreFault::kAlreadyThere, "toks failas jau yra: " + quoted};
-    case ENOENT:
-    case ENOTDIR:
-      return {StoreFault::kMissing, "nėra aplanko įmonės failui: " + quoted};
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return {StoreFault::kNotWritable, "į aplanką negalima rašyti: " + quoted};
-    default:
-      return {StoreFault::kFailed, "nepavyko sukurti įmonės failo: " + quoted + ": " + reason_of(error)};
-  }
-}
-
-// A journal without its file would be played into the new one.
-void require_free_place(const std::string& address) {
-  refuse_mistaken_address(address);
-  for (const std::string& place : {address, address + "-journal", address + "-wal"}) {
-    std::error_code none;
-    if (std::filesystem::exists(std::filesystem::symlink_status(place, none))) throw not_made(place, EEXIST);
-  }
-  refuse_company_files(address);
 }
 
 }  // namespace

@@ -66,6 +66,27 @@ TEST_F(ExchangeProgram, AForeignFileIsTriedFirstAndComesInByItsMapping) {
             "zini.csv: naujų 0, pakeistų 0, nepakitusių 1.\n");
 }
 
+TEST_F(ExchangeProgram, ACompanyToStartWithPaysItsFirstPersonAndComesBackFromItsCopy) {
+  ASSERT_EQ(quor({"init", "--start", "Mano įstaiga"}).status, 0);
+  const Outcome copied = quor({"backup", "kopija.quor"});
+  EXPECT_EQ(std::to_string(copied.status) + copied.err, "0");
+  write("e.csv", "id,department_id,name\n1,1,Jonaitis Jonas\n");
+  write("x.csv", "ID;darbuotojas;stažo data;stažo metai;stažo mėnesiai\n1;1;2010-01-15;0;0\n");
+  write("p.csv",
+        "id,employee_id,contract_guid,norm_guid,constant_type_id,category_id,share,date_from\n1,1,K,N,1,6,1,2020-01-"
+        "01\n");
+  for (const char* file : {"e.csv", "x.csv", "p.csv"}) ASSERT_EQ(quor({"import", file}).status, 0);
+  // 130 × 7.6 = 988, to a multiple of 5; 16 years of service.
+  EXPECT_NE(quor({"month", "2026-01", "--format", "csv"}).out.find(",990,990,16,16,158.4,"), std::string::npos);
+  const Outcome restored = quor({"restore", "kopija.quor"});
+  EXPECT_EQ(std::to_string(restored.status) + restored.err, "0");
+  EXPECT_EQ(quor({"export", "employees"}).out, "id,department_id,name,usr_acc_date\r\n");
+  EXPECT_NE(restored.out.find("prieš-atkūrimą"), std::string::npos);
+  EXPECT_EQ(quor({"restore", "e.csv"}).status, 1);
+  EXPECT_EQ(quor({"backup", "kopija.quor"}).status, 1) << "never over another copy";
+  EXPECT_EQ(quor({"backup", "sample.quor"}).status, 1);
+}
+
 TEST_F(ExchangeProgram, FaultsAreListedAndWordsThatAreOffAreNamed) {
   ASSERT_EQ(quor({"init", "--empty"}).status, 0);
   write("a.csv", "id,parent_id,name\n1,7,A\nx,,\n");
