@@ -1,5 +1,6 @@
 #include "host/desktop/window/import_dialog.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -9,115 +10,255 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 
 #include "host/desktop/answers/message_box.h"
-#include "host/exchange/import.h"
+#include "host/desktop/window/import_columns.h"
+#include "host/exchange/table_heads.h"
 
 namespace quor {
+
+namespace {
+
+QString text(std::string_view part) { return QString::fromUtf8(part.data(), static_cast<qsizetype>(part.size())); }
+
+template <typename Lines>
+QStringList texts(const Lines& lines) {
+  QStringList result;
+  for (const auto& line : lines) result << QString::fromStdString(line_of(line));
+  return result;
+}
+
+QString counts(const ImportedTable& table) {
+  return QString("Naujų: %1, pakeistų: %2, nepakitusių: %3.").arg(table.added).arg(table.changed).arg(table.unchanged) +
+         (table.warnings.empty() ? "" : QString(" Įspėjimų: %1.").arg(table.warnings.size()));
+}
+
+}  // namespace
 
 ImportDialog::ImportDialog(DesktopApplication& application, QWidget* parent)
     : QDialog(parent),
       application_(application),
-      table_(new QComboBox(this)),
       file_(new QLineEdit(this)),
-      state_(new QLabel("Įkeliama visa arba nieko.", this)),
-      faults_(new QPlainTextEdit(this)) {
+      table_(new QComboBox(this)),
+      choose_columns_(new QCheckBox("&Stulpelių atitikmenys", this)),
+      columns_(new ImportColumns(this)),
+      state_(new QLabel("Pasirinkite failą: prieš importą matysite, kas keisis.", this)),
+      lines_(new QPlainTextEdit(this)),
+      choose_(new QPushButton("&Rinktis…", this)) {
   setWindowTitle("CSV failo importas");
-  for (const StoredTable& table : stored_tables()) {
-    const auto text = [](std::string_view part) {
-      return QString::fromUtf8(part.data(), static_cast<qsizetype>(part.size()));
-    };
-    table_->addItem(text(table.caption) + " (" + text(table.name) + ")", text(table.name));
+  for (const StoredTable& each : stored_tables()) {
+    table_->addItem(text(each.caption) + " (" + text(each.name) + ")", text(each.name));
   }
-  auto* const choose = new QPushButton("&Rinktis…", this);
-  auto* const file_row = new QHBoxLayout;
-  file_row->addWidget(file_, 1);
-  file_row->addWidget(choose);
+  table_->setCurrentIndex(-1);
+  table_->setPlaceholderText("pagal failo stulpelius");
   state_->setTextFormat(Qt::PlainText);
   state_->setWordWrap(true);
-  faults_->setReadOnly(true);
-  faults_->setTabChangesFocus(true);
-  faults_->setVisible(false);
-  faults_->setMinimumHeight(160);
+  lines_->setReadOnly(true);
+  lines_->setTabChangesFocus(true);
+  lines_->setVisible(false);
+  lines_->setMinimumHeight(160);
+  lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
+  lines_->setAccessibleName("Failo eilutės");
+  columns_->setVisible(false);
+  columns_->setMinimumHeight(180);
+  choose_columns_->setEnabled(false);
+  add_fields();
+  listen();
+  resize(720, sizeHint().height());
+}
+
+void ImportDialog::add_fields() {
+  auto* const file_row = new QHBoxLayout;
+  file_row->addWidget(file_, 1);
+  file_row->addWidget(choose_);
   auto* const buttons = new QDialogButtonBox(this);
-  start_ = buttons->addButton("Į&kelti", QDialogButtonBox::ActionRole);
+  start_ = buttons->addButton("&Importuoti", QDialogButtonBox::ActionRole);
   auto* const close = buttons->addButton("&Užverti", QDialogButtonBox::RejectRole);
-  choose->setAutoDefault(false);
+  choose_->setAutoDefault(false);
   close->setAutoDefault(false);
   start_->setDefault(true);
   start_->setEnabled(false);
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
 
   auto* const form = new QFormLayout(this);
   auto* const file_label = new QLabel("&Failas", this);
   file_label->setBuddy(file_);
   form->addRow(file_label, file_row);
   form->addRow("&Lentelė", table_);
+  form->addRow(choose_columns_);
+  form->addRow(columns_);
   form->addRow(state_);
-  form->addRow(faults_);
+  form->addRow(lines_);
   form->addRow(buttons);
-  setMinimumWidth(560);
-  connect(choose, &QPushButton::clicked, this, [this] {
+}
+
+void ImportDialog::listen() {
+  const auto at_edge = [this](void (ImportDialog::*what)()) {
+    return [this, what] { application_.edge().act(this, [this, what] { (this->*what)(); }); };
+  };
+  connect(choose_, &QPushButton::clicked, this, [this, self = QPointer<ImportDialog>(this)] {
     const QString path =
         QFileDialog::getOpenFileName(this, "CSV failas", file_->text(), "CSV failai (*.csv);;Visi failai (*)");
-    if (!path.isEmpty()) take_file(path);
+    if (self && !path.isEmpty()) take_file(path);
   });
-  connect(file_, &QLineEdit::textChanged, this, [this](const QString& text) { start_->setEnabled(!text.isEmpty()); });
-  connect(start_, &QPushButton::clicked, this, [this] { application_.edge().act(this, [this] { import_file(); }); });
-  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+  connect(file_, &QLineEdit::textChanged, this, [this] { start_->setEnabled(false); });
+  // Enter that ends the typing shows the file; the next one imports it.
+  connect(
+      file_, &QLineEdit::editingFinished, this,
+      [this] {
+        if (file_->text() != taken_ && !file_->text().isEmpty()) take_file(file_->text());
+      },
+      Qt::QueuedConnection);
+  connect(table_, &QComboBox::activated, this, [this] {
+    application_.edge().act(this, [this] {
+      show_columns({});
+      try_import();
+    });
+  });
+  connect(choose_columns_, &QCheckBox::toggled, columns_, &QWidget::setVisible);
+  columns_->on_change = at_edge(&ImportDialog::try_import);
+  connect(start_, &QPushButton::clicked, this, at_edge(&ImportDialog::import_file));
 }
+
+const StoredTable* ImportDialog::table() const {
+  return find_stored_table(table_->currentData().toString().toStdString());
+}
+
+QDateTime ImportDialog::time_of_file() const { return QFileInfo(taken_).lastModified(); }
+
+// ---- the file, its table, its columns
 
 void ImportDialog::take_file(const QString& path) {
-  file_->setText(path);
-  const int named_like_it = table_->findData(QFileInfo(path).completeBaseName());
-  if (named_like_it >= 0) table_->setCurrentIndex(named_like_it);
+  application_.edge().act(this, [&] {
+    file_->setText(path);
+    start_->setEnabled(false);
+    taken_ = path;
+    heads_.clear();
+    columns_->show_nothing();
+    table_->setCurrentIndex(-1);
+    show_lines({});
+    heads_ = heads_of_file(path.toStdString());
+    find_table();
+  });
 }
 
-void ImportDialog::import_file() {
-  const StoredTable* const table = find_stored_table(table_->currentData().toString().toStdString());
-  faults_->clear();
-  faults_->setVisible(false);
-  state_->setText("Neįkelta.");
-  const auto bring_in = [&](IntoClosed into_closed) {
-    for (const ImportedTable& done :
-         import_tables(application_.guard(), {{table, file_->text().toStdString()}}, into_closed)) {
-      state_->setText(QString("Įkelta. Naujų: %1, pakeistų: %2, nepakitusių: %3.")
-                          .arg(done.added)
-                          .arg(done.changed)
-                          .arg(done.unchanged) +
-                      (done.warnings.empty() ? "" : QString(" Įspėjimų: %1.").arg(done.warnings.size())));
-      list(done.warnings);
-    }
-  };
+void ImportDialog::find_table() {
+  const HeadMapping kept = remembered_mapping(heads_);
+  const StoredTable* found = nullptr;
+  std::string why;
   try {
-    try {
-      bring_in(IntoClosed::kRefused);
-    } catch (const ImportRefused& refused) {
-      if (!refused.into_closed() || !agrees(refused)) throw;
-      bring_in(IntoClosed::kAgreed);
-    }
-  } catch (const ImportRefused& refused) {
-    state_->setText(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
-    list(refused.faults());
+    found = &table_of_file(taken_.toStdString(), kept);
+  } catch (const std::runtime_error& error) {
+    why = error.what();
+  }
+  // Without one, the nearest with its columns to choose; when several fit, the user says which.
+  const StoredTable* const shown = found != nullptr ? found : nearest_table(heads_);
+  if (shown != nullptr && (found != nullptr || !fit_of(*shown, heads_, {}).fits())) {
+    table_->setCurrentIndex(table_->findData(text(shown->name)));
+    show_columns(kept);
+  }
+  if (found != nullptr) {
+    try_import();
+  } else {
+    state_->setText(QString::fromStdString(why) + ". Pasirinkite lentelę ir nurodykite, ką reiškia failo stulpeliai.");
   }
 }
 
-void ImportDialog::list(const std::vector<ImportFault>& lines) {
-  faults_->clear();
-  for (const ImportFault& line : lines) faults_->appendPlainText(QString::fromStdString(line_of(line)));
-  faults_->setVisible(!lines.empty());
+void ImportDialog::show_columns(const HeadMapping& mapping) {
+  choose_columns_->setEnabled(table() != nullptr);
+  if (table() == nullptr || heads_.empty()) return;
+  columns_->show_heads(*table(), heads_, mapping);
+  choose_columns_->setChecked(!mapping.columns.empty() || !fit_of(*table(), heads_, mapping).fits());
+}
+
+// ---- what would come in
+
+ImportedTable ImportDialog::bring_in(ImportRun run, bool into_closed_agreed) {
+  const ImportSource source{table(), taken_.toStdString(), columns_->mapping()};
+  return import_tables(application_.guard(), {source}, into_closed_agreed ? IntoClosed::kAgreed : IntoClosed::kRefused,
+                       run)
+      .front();
+}
+
+void ImportDialog::try_import() {
+  show_lines({});
+  start_->setEnabled(false);
+  if (table() == nullptr || heads_.empty()) return;
+  const HeadFit fit = fit_of(*table(), heads_, columns_->mapping());
+  if (!fit.missing.empty()) {
+    QStringList missing;
+    for (const StoredColumn* column : fit.missing) missing << QString::fromStdString(column->words());
+    state_->setText("Nurodykite, kurie failo stulpeliai yra: " + missing.join(", ") + ".");
+    return;
+  }
+  taken_time_ = time_of_file();
+  start_->setEnabled(true);
+  try {
+    try {
+      show_tried(bring_in(ImportRun::kTry, false), 0);
+    } catch (const ImportRefused& refused) {
+      if (!refused.into_closed()) throw;
+      show_tried(bring_in(ImportRun::kTry, true), refused.faults().size());
+    }
+  } catch (const ImportRefused& refused) {
+    state_->setText(QString("Importuoti negalima. Klaidų: %1.").arg(refused.faults().size()));
+    show_lines(texts(refused.faults()));
+  }
+}
+
+void ImportDialog::show_tried(const ImportedTable& tried, std::size_t into_closed) {
+  QStringList lines = texts(tried.warnings) + texts(tried.first);
+  const std::size_t touched = tried.added + tried.changed;
+  if (touched > tried.first.size()) lines << QString("… ir dar %1").arg(touched - tried.first.size());
+  state_->setText("Dar neįrašyta. " + counts(tried) +
+                  (into_closed == 0 ? "" : QString(" Uždarytus mėnesius siekia eilučių: %1.").arg(into_closed)));
+  show_lines(lines);
+}
+
+// ---- bringing it in
+
+void ImportDialog::import_file() {
+  if (time_of_file() != taken_time_) {
+    take_file(taken_);
+    state_->setText("Failas pasikeitė, peržiūrėkite iš naujo. " + state_->text());
+    return;
+  }
+  state_->setText("Neįkelta.");
+  try {
+    ImportedTable done{};
+    try {
+      done = bring_in(ImportRun::kWrite, false);
+    } catch (const ImportRefused& refused) {
+      if (!refused.into_closed() || !agrees(refused)) throw;
+      done = bring_in(ImportRun::kWrite, true);
+    }
+    // Heads that say it themselves need no memory.
+    if (!fit_of(*table(), heads_, {}).fits()) remember_mapping(heads_, columns_->mapping());
+    state_->setText("Įkelta. " + counts(done));
+    show_lines(texts(done.warnings));
+  } catch (const ImportRefused& refused) {
+    state_->setText(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
+    show_lines(texts(refused.faults()));
+  }
+}
+
+void ImportDialog::show_lines(const QStringList& lines) {
+  lines_->setPlainText(lines.join('\n'));
+  lines_->setVisible(!lines.empty());
 }
 
 // The list may be long: it stands in the dialog behind the question.
 bool ImportDialog::agrees(const ImportRefused& refused) {
-  list(refused.faults());
-  const QString text = QString(
-                           "Uždarytus mėnesius siekia failo eilučių: %1. Uždaryti dokumentai nesikeis. "
-                           "Ar tikrai įkelti?")
-                           .arg(refused.faults().size());
+  show_lines(texts(refused.faults()));
+  const QString question = QString(
+                               "Uždarytus mėnesius siekia failo eilučių: %1. Uždaryti dokumentai nesikeis. "
+                               "Ar tikrai įkelti?")
+                               .arg(refused.faults().size());
   const bool agreed =
-      show_message_box(this, text, BoxIcon::kQuestion, BoxButtons::kYesNo, windowTitle()) == BoxAnswer::kYes;
-  if (agreed) list({});
+      show_message_box(this, question, BoxIcon::kQuestion, BoxButtons::kYesNo, windowTitle()) == BoxAnswer::kYes;
+  if (agreed) show_lines({});
   return agreed;
 }
 

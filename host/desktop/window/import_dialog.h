@@ -1,12 +1,17 @@
-// The import of a CSV file into one table: all of the file or nothing, with every fault of it listed, or what is odd in
-// what was imported.
+// The import of a CSV file into one table: the file's head says which, or the user; what its columns are called
+// otherwise is chosen once and remembered. What would come in is shown before anything is written: all of the file or
+// nothing, with every fault of it listed, or what is odd in what was imported.
+//
+//   no file -> file, its table not found -> table, columns to choose -> tried: counts and first lines -> imported
 #pragma once
 
+#include <QDateTime>
 #include <QDialog>
 
 #include "host/desktop/answers/desktop_application.h"
-#include "host/exchange/import_file.h"
+#include "host/exchange/import.h"
 
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -15,27 +20,43 @@ class QPushButton;
 
 namespace quor {
 
-class ImportRefused;
+class ImportColumns;
 
 class ImportDialog : public QDialog {
  public:
   // The application outlives the dialog.
   ImportDialog(DesktopApplication& application, QWidget* parent);
 
-  // Takes the file, and the table that is named like it.
+  // Takes the file, finds its table and shows what would come in.
   void take_file(const QString& path);
 
  private:
+  void add_fields();
+  void listen();
+  void find_table();
+  void show_columns(const HeadMapping& mapping);
+  void try_import();
   void import_file();
-  void list(const std::vector<ImportFault>& lines);
+  // Throws ImportRefused unless rows that reach into closed months are all that is wrong, and they may.
+  ImportedTable bring_in(ImportRun run, bool into_closed_agreed);
+  void show_tried(const ImportedTable& tried, std::size_t into_closed);
+  void show_lines(const QStringList& lines);
   bool agrees(const ImportRefused& refused);
+  const StoredTable* table() const;
+  QDateTime time_of_file() const;
 
   DesktopApplication& application_;
-  QComboBox* table_;
   QLineEdit* file_;
+  QComboBox* table_;
+  QCheckBox* choose_columns_;
+  ImportColumns* columns_;
   QLabel* state_;
-  QPlainTextEdit* faults_;
+  QPlainTextEdit* lines_;
+  QPushButton* choose_;
   QPushButton* start_;
+  QString taken_;         // the file that is shown
+  QDateTime taken_time_;  // as it was when it was tried
+  std::vector<std::string> heads_;
 };
 
 }  // namespace quor
