@@ -3,6 +3,7 @@
 #include <QCommandLinkButton>
 #include <QDir>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +11,8 @@
 #include <QVBoxLayout>
 
 #include "host/desktop/edge/pointer.h"
+#include "host/desktop/window/new_company_dialog.h"
+#include "host/desktop/window/recent_companies.h"
 #include "host/sample/sample_company.h"
 #include "host/store/addresses.h"
 
@@ -24,6 +27,8 @@ FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
   auto* const make = new QCommandLinkButton(
       "&Sukurti pavyzdinę įmonę",
       "Trisdešimt išgalvotų darbuotojų: " + QString::fromStdString(shown_address(sample.toStdString())), this);
+  auto* const make_other =
+      new QCommandLinkButton("&Nauja įmonė…", "Tuščia, su įprastais nustatymais, arba didesnė pavyzdinė", this);
   auto* const file = new QCommandLinkButton("&Atverti įmonės failą…", "Įmonė, laikoma viename faile", this);
   auto* const label = new QLabel("&PostgreSQL adresas", this);
   label->setBuddy(server_);
@@ -36,9 +41,13 @@ FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
   auto* const column = new QVBoxLayout(this);
   column->addWidget(said);
   column->addWidget(make);
+  column->addWidget(make_other);
   column->addWidget(file);
   column->addLayout(row);
-  for (QPushButton* button : {static_cast<QPushButton*>(file), connect_to}) button->setAutoDefault(false);
+  if (QWidget* const last = recent()) column->addWidget(last);
+  connect(make_other, &QPushButton::clicked, this, [this] { edge_.act(this, [this] { make_new(); }); });
+  for (QPushButton* button : std::initializer_list<QPushButton*>{make_other, file, connect_to})
+    button->setAutoDefault(false);
   make->setDefault(true);
   make->setFocus();
   setMinimumWidth(560);
@@ -51,9 +60,35 @@ FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
 }
 
 void FirstStart::make_sample() {
-  database_ = Database::create(sample_.toStdString(), [](Database& made) { fill_sample_company(made); });
-  address_ = sample_;
+  const std::string address = sample_.toStdString();
+  opened_ = {.database = Database::create(address, [](Database& made) { fill_sample_company(made); }),
+             .address = address};
   accept();
+}
+
+void FirstStart::make_new() {
+  NewCompanyDialog dialog(edge_, {}, this);
+  const FreePointer pointer;
+  dialog.exec();
+  opened_ = dialog.take_company();
+  if (opened_.database) accept();
+}
+
+// Null without any.
+QWidget* FirstStart::recent() {
+  const QStringList addresses = recent_companies();
+  if (addresses.isEmpty()) return nullptr;
+  auto* const box = new QGroupBox("Paskutinės įmonės", this);
+  auto* const column = new QVBoxLayout(box);
+  for (const QString& address : addresses) {
+    auto* const button = new QPushButton(QString(address).replace('&', "&&"), box);
+    button->setStyleSheet("text-align: left; padding: 4px");
+    button->setAutoDefault(false);
+    column->addWidget(button);
+    connect(button, &QPushButton::clicked, this,
+            [this, address] { edge_.act(this, [this, address] { open_company(address); }); });
+  }
+  return box;
 }
 
 void FirstStart::open_file() {
@@ -63,8 +98,7 @@ void FirstStart::open_file() {
 }
 
 void FirstStart::open_company(const QString& address) {
-  database_ = Database::open(address.toStdString());
-  address_ = address;
+  opened_ = {.database = Database::open(address.toStdString()), .address = address.toStdString()};
   accept();
 }
 

@@ -1,11 +1,11 @@
-// The page that the program shows when there is no company to open: make the sample, open a file, or name a server.
+// The page that the program shows when there is no company to open: make the sample or another one, open a file, one
+// that was open lately, or name a server.
 #pragma once
 
 #include <QDialog>
-#include <memory>
 
 #include "host/desktop/edge/edge.h"
-#include "host/store/database.h"
+#include "host/desktop/window/next_company.h"
 
 class QLineEdit;
 
@@ -16,12 +16,13 @@ class FirstStart : public QDialog {
   // `reason` says why there is none, `sample` is where the sample company would be made. The edge outlives it.
   FirstStart(const QString& reason, const QString& sample, Edge& edge);
 
-  // What the user has opened; null when he has given up. May be taken once.
-  std::unique_ptr<Database> take_database() { return std::move(database_); }
-  const QString& address() const { return address_; }
+  // What the user has opened; of no database when he has given up. May be taken once.
+  NextCompany take_company() { return std::move(opened_); }
 
  private:
+  QWidget* recent();
   void make_sample();
+  void make_new();
   void open_file();
   // Ends the page when it succeeds.
   void open_company(const QString& address);
@@ -29,8 +30,7 @@ class FirstStart : public QDialog {
   Edge& edge_;
   const QString sample_;
   QLineEdit* server_;
-  std::unique_ptr<Database> database_;
-  QString address_;
+  NextCompany opened_;
 };
 
 }  // namespace quor

@@ -41,8 +41,10 @@ QWidget* titled(const QString& title, QWidget* pane) {
 
 }  // namespace
 
-MainWindow::MainWindow(DesktopApplication& application)
+MainWindow::MainWindow(DesktopApplication& application, const std::string& address)
     : application_(application),
+      companies_(
+          new CompanyMenu(application, address.empty() ? application.company().database().name() : address, this)),
       left_(new QSplitter(Qt::Vertical)),
       across_(new QSplitter(Qt::Horizontal)),
       explorer_(new ExplorerTree(application, nullptr)),
@@ -330,6 +332,11 @@ EditorTabs& MainWindow::tabs_in_use() const {
 }
 
 bool MainWindow::close_all_tabs() { return beside_->close_all() && tabs_->close_all(); }
+
+void MainWindow::leave_for(NextCompany next) {
+  next_ = std::move(next);
+  if (!close()) next_ = {};
+}
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   if (application_.busy() > 0 || !close_all_tabs()) {

@@ -9,6 +9,7 @@
 #include <array>
 #include <map>
 
+#include "host/desktop/window/company_menu.h"
 #include "host/desktop/window/desk_top_pane.h"
 #include "host/desktop/window/editor_tabs.h"
 #include "host/desktop/window/explorer_tree.h"
@@ -23,8 +24,8 @@ namespace quor {
 
 class MainWindow : public QMainWindow {
  public:
-  // The application's plug-ins are loaded; it outlives the window.
-  explicit MainWindow(DesktopApplication& application);
+  // The application's plug-ins are loaded; it outlives the window. `address` is the company's, "" for its name.
+  explicit MainWindow(DesktopApplication& application, const std::string& address = "");
   ~MainWindow() override;
 
   EditorTabs& tabs() { return *tabs_; }
@@ -36,6 +37,11 @@ class MainWindow : public QMainWindow {
 
   // Shows the list of a type.
   void show_type(const std::string& object_type);
+  // Closes the window, with the usual questions, to go on with another company; what the user keeps open keeps the
+  // window, and the other company is left.
+  void leave_for(NextCompany next);
+  // Once the window has closed: what to go on with. May be taken once.
+  NextCompany take_next() { return std::move(next_); }
   // Carries out an entry of a menu as the type's UI decides.
   void carry_out(const MenuPlace& place, const MenuEntry& entry);
   // The same by what the entry is for; nothing when the place has none.
@@ -81,6 +87,8 @@ class MainWindow : public QMainWindow {
   void administer_rights();
 
   DesktopApplication& application_;
+  CompanyMenu* companies_;
+  NextCompany next_;
   QSplitter* left_;
   QSplitter* across_;
   ExplorerTree* explorer_;

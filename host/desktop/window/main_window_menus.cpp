@@ -49,6 +49,12 @@ void MainWindow::turn_to(const std::string& object_type) {
 
 void MainWindow::add_company_menu() {
   QMenu& menu = *menuBar()->addMenu("Į&monė");
+  companies_->on_leave = [this](NextCompany next) { leave_for(std::move(next)); };
+  companies_->on_done = [this](const QString& what) { statusBar()->showMessage(what); };
+  companies_->add_companies(menu);
+  menu.addSeparator();
+  companies_->add_copies(menu);
+  menu.addSeparator();
   menu.addAction("&Importuoti CSV failą…", QKeySequence(Qt::CTRL | Qt::Key_I), this, [this] { import_file(); });
   menu.addAction("&Naudotojai ir teisės…", QKeySequence(Qt::CTRL | Qt::Key_U), this, [this] { administer_rights(); });
   menu.addSeparator();

@@ -445,10 +445,10 @@ TEST(FirstStart, MakesTheSampleCompany) {
   FirstStart page("Įmonės nėra.", place, test_edge());
   bring_up(page);
   press(Qt::Key_Return);
-  const auto made = page.take_database();
-  ASSERT_TRUE(made);
-  EXPECT_EQ(count(*made, "employees"), 30);
-  EXPECT_EQ(page.address(), place);
+  const NextCompany made = page.take_company();
+  ASSERT_TRUE(made.database);
+  EXPECT_EQ(count(*made.database, "employees"), 30);
+  EXPECT_EQ(made.address, place.toStdString());
 }
 
 }  // namespace
