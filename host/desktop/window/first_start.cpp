@@ -11,6 +11,8 @@
 #include <QVBoxLayout>
 
 #include "host/desktop/edge/pointer.h"
+#include "host/desktop/window/help_pages.h"
+#include "host/desktop/window/help_window.h"
 #include "host/desktop/window/new_company_dialog.h"
 #include "host/desktop/window/recent_companies.h"
 #include "host/sample/sample_company.h"
@@ -51,6 +53,7 @@ FirstStart::FirstStart(const QString& reason, const QString& sample, Edge& edge)
   make->setDefault(true);
   make->setFocus();
   setMinimumWidth(560);
+  new HelpKey([](QWidget& window) { return help_page_of(window.windowTitle(), "company"); }, this);
   connect(make, &QPushButton::clicked, this, [this] { edge_.act(this, [this] { make_sample(); }); });
   connect(file, &QPushButton::clicked, this, [this] { open_file(); });
   const auto connect_server = [this] {

@@ -16,6 +16,7 @@
 #include "host/desktop/window/rights_dialog.h"
 #include "host/editors/chart_windows.h"
 #include "host/editors/month_editor.h"
+#include "host/editors/office_editor.h"
 #include "host/payroll/latest_month.h"
 #include "host/payroll/month_state.h"
 #include "host/store/object_codes.h"
@@ -316,6 +317,11 @@ void MainWindow::import_file() {
     const FreePointer pointer;
     ImportDialog(application_, this).exec();
   });
+  refresh_all();
+}
+
+void MainWindow::name_office() {
+  act([this] { application_.show_modal(*office_editor(application_)); });
   refresh_all();
 }
 

@@ -62,6 +62,8 @@ class MainWindow : public QMainWindow {
   void add_company_menu();
   void add_group_commands(QMenu& menu, QToolBar& tools);
   void add_window_menu();
+  void add_help_menu();
+  QString help_page(const QWidget& window) const;
   void listen();
 
   // `own`: what a list offers beside it.
@@ -85,6 +87,7 @@ class MainWindow : public QMainWindow {
   std::string current_in_list() const;
   void import_file();
   void administer_rights();
+  void name_office();
 
   DesktopApplication& application_;
   CompanyMenu* companies_;

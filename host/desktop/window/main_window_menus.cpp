@@ -5,7 +5,10 @@
 #include <QToolBar>
 
 #include "host/company/person_of.h"
+#include "host/desktop/answers/report_preview.h"
 #include "host/desktop/edge/mnemonics.h"
+#include "host/desktop/window/help_pages.h"
+#include "host/desktop/window/help_window.h"
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/registered_icons.h"
 #include "host/store/object_codes.h"
@@ -39,6 +42,7 @@ void MainWindow::add_menus() {
   month_tool->setToolTip("Mėnesio langas (Ctrl+M)");
   connect(month_tool, &QAction::triggered, open, &QAction::trigger);
   add_window_menu();
+  add_help_menu();
 }
 
 void MainWindow::turn_to(const std::string& object_type) {
@@ -56,6 +60,7 @@ void MainWindow::add_company_menu() {
   companies_->add_copies(menu);
   menu.addSeparator();
   menu.addAction("&Importuoti CSV failą…", QKeySequence(Qt::CTRL | Qt::Key_I), this, [this] { import_file(); });
+  menu.addAction("Įst&aigos pavadinimas…", this, [this] { name_office(); });
   menu.addAction("&Naudotojai ir teisės…", QKeySequence(Qt::CTRL | Qt::Key_U), this, [this] { administer_rights(); });
   menu.addSeparator();
   menu.addAction("&Baigti", QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });
@@ -129,6 +134,26 @@ void MainWindow::open_person() {
     if (person.empty()) statusBar()->showMessage("Pirmiausia pažymėkite darbuotojo eilutę.", kMessageTime);
   });
   if (!person.empty()) carry_out(place_of_object(person), MenuPurpose::kOpen);
+}
+
+// F1 has no shortcut of its own: above a dialog it would not be heard.
+void MainWindow::add_help_menu() {
+  auto* const key = new HelpKey([this](QWidget& window) { return help_page(window); }, this);
+  QMenu& menu = *menuBar()->addMenu("Pa&galba");
+  menu.addAction("Šio &lango pagalba\tF1", this, [key] { key->show_help(); });
+  for (const auto& [caption, page] : {std::pair("&Turinys", kHelpStart), std::pair("&Klavišai", kHelpKeys),
+                                      std::pair("&Apie programą", kHelpAbout)}) {
+    menu.addAction(caption, this, [this, shown = QString(page)] { HelpWindow::show_above(*this, shown); });
+  }
+}
+
+// A dialog's by its title; in the main window that of the form in front, or of its list.
+QString MainWindow::help_page(const QWidget& window) const {
+  if (dynamic_cast<const ReportPreview*>(&window) != nullptr) return "report";
+  if (&window != this) return help_page_of(window.windowTitle());
+  FormView* const view = tabs_in_use().current_view();
+  if (view != nullptr) return help_page_of(QString::fromStdString(view->form().caption()));
+  return help_page_of(tabs_->tabText(0), kHelpList);
 }
 
 }  // namespace quor

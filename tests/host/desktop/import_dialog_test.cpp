@@ -78,7 +78,7 @@ TEST_F(ImportDialogTest, ForeignHeadsAreChosenOnceAndRemembered) {
   choose(0, "darbuotojas");
   EXPECT_EQ(told(), "Nurodykite, kurie failo stulpeliai yra: „hours“ (valandos).");
   choose(3, "valandos");
-  EXPECT_EQ(told().substr(0, 25), "Dar neįrašyta. Naujų: 1,");
+  EXPECT_TRUE(told().starts_with("Dar neįrašyta. Naujų: 1,")) << told();
   press(Qt::Key_Return);
   EXPECT_EQ(rows(), 1);
 
