@@ -35,7 +35,8 @@ void forget_company(const QString& address) {
 }
 
 QString lasting_address(const QString& address) {
-  return is_server_address(address.toStdString()) ? address : QDir().absoluteFilePath(address);
+  const std::string text = address.toStdString();
+  return is_server_address(text) || is_memory_address(text) ? address : QDir().absoluteFilePath(address);
 }
 
 }  // namespace quor

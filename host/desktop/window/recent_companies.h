@@ -6,6 +6,9 @@
 
 namespace quor {
 
+// The setting that holds the last file, with which the program begins.
+inline constexpr char kLastCompanySetting[] = "company";
+
 QStringList recent_companies();
 void remember_company(const QString& address);
 // One that is gone is not offered again.

@@ -4,11 +4,15 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSettings>
+#include <QTimer>
 #include <gtest/gtest.h>
 
+#include "host/desktop/window/company_session.h"
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/new_company_dialog.h"
 #include "host/desktop/window/recent_companies.h"
+#include "host/sample/start_company.h"
+#include "host/store/backup.h"
 #include "tests/support/test_company.h"
 #include "tests/support/window_acts.h"
 
@@ -80,6 +84,53 @@ TEST_F(CompanyMenuTest, AnAddressWithASlipLeavesEverythingAsItWas) {
   settle();
   EXPECT_TRUE(window_.isVisible());
   EXPECT_FALSE(window_.take_next().database);
+}
+
+// Acts on the main window that is in front once it is shown.
+void on_next_window(const std::function<void(MainWindow&)>& what) {
+  QTimer::singleShot(0, [what] {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+      if (auto* const shown = dynamic_cast<MainWindow*>(window); shown != nullptr && shown->isVisible())
+        return what(*shown);
+    }
+    on_next_window(what);
+  });
+}
+
+TEST(CompanySession, GoesFromOneCompanyToTheNextAndToACopyOfIt) {
+  const TemporaryFolder folder;
+  const auto make = [&](const char* file, const char* name) {
+    return Database::create(folder.path(file), [name](Database& made) { fill_start_company(made, name); });
+  };
+  back_up(*make("a.quor", "Pirma"), folder.path("kopija.quor"));
+  make("b.quor", "Antra");
+  QStringList shown;
+  std::unique_ptr<NextWindows> box;
+  const auto copy = [&](MainWindow& window) {
+    shown << window.windowTitle();
+    box = std::make_unique<NextWindows>(std::vector<NextWindows::Act>{[](QWidget& told) {
+      EXPECT_TRUE(said(told).contains("b-prieš-atkūrimą"));
+      press(Qt::Key_Return);
+    }});
+    window.leave_for({.restore_from = folder.path("kopija.quor")});
+  };
+  const auto last = [&](MainWindow& window) {
+    shown << window.windowTitle();
+    window.close();
+  };
+  on_next_window([&](MainWindow& window) {
+    shown << window.windowTitle();
+    on_next_window(copy);
+    window.leave_for({.database = Database::open(folder.path("b.quor")), .address = folder.path("b.quor")});
+  });
+  const auto reopen = [&](const QString& address) {
+    on_next_window(last);
+    return NextCompany{.database = Database::open(address.toStdString()), .address = address.toStdString()};
+  };
+  show_companies({.plugins = {VELMORA_PLUGIN}, .user = "ona"},
+                 {.database = Database::open(folder.path("a.quor")), .address = folder.path("a.quor")}, reopen,
+                 test_edge());
+  EXPECT_EQ(shown, QStringList({"Pirma", "Antra", "Pirma"}));
 }
 
 }  // namespace
