@@ -13,14 +13,17 @@
 
 #include "host/desktop/edge/desktop_process.h"
 #include "host/desktop/window/first_start.h"
+#include "host/desktop/window/help_window.h"
 #include "host/desktop/window/import_dialog.h"
 #include "host/desktop/window/main_window.h"
+#include "host/desktop/window/new_company_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
 #include "host/editors/host_editors.h"
 #include "host/editors/month_editor.h"
 #include "host/payroll/calculated_month.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
+#include "host/store/whole_file.h"
 
 namespace quor {
 namespace {
@@ -166,7 +169,15 @@ void take_dialogs(DesktopApplication& application, MainWindow& window, Pictures&
   pictures.take(rights, "rights_dialog");
   ImportDialog import_dialog(application, &window);
   import_dialog.show();
+  const QTemporaryDir folder;
+  write_whole_file(folder.filePath("ziniarastis.csv").toStdString(),
+                   "darbuotojas;Diena arba mėnuo;Laiko kodas;Val.\n1;2008-01-15;VD;4\n2;2008-01;FD;160\n");
+  import_dialog.take_file(folder.filePath("ziniarastis.csv"));
   pictures.take(import_dialog, "import_dialog");
+  NewCompanyDialog new_company(edge, {}, &window);
+  new_company.show();
+  pictures.take(new_company, "new_company");
+  pictures.take(HelpWindow::show_above(window, "month"), "help");
   FirstStart first("Įmonės failo „sample.quor“ nėra.", "sample.quor", edge);
   first.show();
   pictures.take(first, "first_start");

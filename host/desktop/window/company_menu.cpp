@@ -17,7 +17,7 @@ CompanyMenu::CompanyMenu(DesktopApplication& application, std::string address, Q
     : QObject(window), application_(application), address_(std::move(address)), window_(window) {}
 
 void CompanyMenu::add_companies(QMenu& menu) {
-  menu.addAction("&Nauja įmonė…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), this, [this] { make(); });
+  menu.addAction("Nau&ja įmonė…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), this, [this] { make(); });
   menu.addAction("&Atverti…", QKeySequence(Qt::CTRL | Qt::Key_O), this, [this] { open(); });
   QMenu* const recent = menu.addMenu("&Paskutinės");
   connect(recent, &QMenu::aboutToShow, this, [this, recent] { show_recent(*recent); });
@@ -26,7 +26,7 @@ void CompanyMenu::add_companies(QMenu& menu) {
 void CompanyMenu::add_copies(QMenu& menu) {
   menu.addAction("Atsarginė &kopija dabar…", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_K), this,
                  [this] { back_up(); });
-  menu.addAction("Atkurti iš kopi&jos…", this, [this] { restore(); });
+  menu.addAction("Atku&rti iš kopijos…", this, [this] { restore(); });
 }
 
 void CompanyMenu::act(const std::function<void()>& what) {

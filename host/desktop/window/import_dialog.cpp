@@ -117,7 +117,10 @@ void ImportDialog::listen() {
       try_import();
     });
   });
-  connect(choose_columns_, &QCheckBox::toggled, columns_, &QWidget::setVisible);
+  connect(choose_columns_, &QCheckBox::toggled, this, [this](bool shown) {
+    columns_->setVisible(shown);
+    grow();
+  });
   columns_->on_change = at_edge(&ImportDialog::try_import);
   connect(start_, &QPushButton::clicked, this, at_edge(&ImportDialog::import_file));
 }
@@ -162,7 +165,7 @@ void ImportDialog::find_table() {
   if (found != nullptr) {
     try_import();
   } else {
-    state_->setText(QString::fromStdString(why) + ". Pasirinkite lentelę ir nurodykite, ką reiškia failo stulpeliai.");
+    say(QString::fromStdString(why) + ". Pasirinkite lentelę ir nurodykite, ką reiškia failo stulpeliai.");
   }
 }
 
@@ -190,7 +193,7 @@ void ImportDialog::try_import() {
   if (!fit.missing.empty()) {
     QStringList missing;
     for (const StoredColumn* column : fit.missing) missing << QString::fromStdString(column->words());
-    state_->setText("Nurodykite, kurie failo stulpeliai yra: " + missing.join(", ") + ".");
+    say("Nurodykite, kurie failo stulpeliai yra: " + missing.join(", ") + ".");
     return;
   }
   taken_time_ = time_of_file();
@@ -203,7 +206,7 @@ void ImportDialog::try_import() {
       show_tried(bring_in(ImportRun::kTry, true), refused.faults().size());
     }
   } catch (const ImportRefused& refused) {
-    state_->setText(QString("Importuoti negalima. Klaidų: %1.").arg(refused.faults().size()));
+    say(QString("Importuoti negalima. Klaidų: %1.").arg(refused.faults().size()));
     show_lines(texts(refused.faults()));
   }
 }
@@ -212,8 +215,8 @@ void ImportDialog::show_tried(const ImportedTable& tried, std::size_t into_close
   QStringList lines = texts(tried.warnings) + texts(tried.first);
   const std::size_t touched = tried.added + tried.changed;
   if (touched > tried.first.size()) lines << QString("… ir dar %1").arg(touched - tried.first.size());
-  state_->setText("Dar neįrašyta. " + counts(tried) +
-                  (into_closed == 0 ? "" : QString(" Uždarytus mėnesius siekia eilučių: %1.").arg(into_closed)));
+  say("Dar neįrašyta. " + counts(tried) +
+      (into_closed == 0 ? "" : QString(" Uždarytus mėnesius siekia eilučių: %1.").arg(into_closed)));
   show_lines(lines);
 }
 
@@ -222,10 +225,10 @@ void ImportDialog::show_tried(const ImportedTable& tried, std::size_t into_close
 void ImportDialog::import_file() {
   if (time_of_file() != taken_time_) {
     take_file(taken_);
-    state_->setText("Failas pasikeitė, peržiūrėkite iš naujo. " + state_->text());
+    say("Failas pasikeitė, peržiūrėkite iš naujo. " + state_->text());
     return;
   }
-  state_->setText("Neįkelta.");
+  say("Neįkelta.");
   try {
     ImportedTable done{};
     try {
@@ -236,17 +239,30 @@ void ImportDialog::import_file() {
     }
     // Heads that say it themselves need no memory.
     if (!fit_of(*table(), heads_, {}).fits()) remember_mapping(heads_, columns_->mapping());
-    state_->setText("Įkelta. " + counts(done));
+    say("Įkelta. " + counts(done));
     show_lines(texts(done.warnings));
   } catch (const ImportRefused& refused) {
-    state_->setText(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
+    say(QString("Neįkelta nieko. Klaidų: %1.").arg(refused.faults().size()));
     show_lines(texts(refused.faults()));
   }
+}
+
+void ImportDialog::say(const QString& text) {
+  state_->setText(text);
+  grow();
+}
+
+// To hold what it shows; it never becomes smaller under the user's hands.
+void ImportDialog::grow() {
+  layout()->activate();
+  const int needed = qMax(layout()->totalHeightForWidth(width()), layout()->totalSizeHint().height());
+  if (height() < needed) resize(width(), needed);
 }
 
 void ImportDialog::show_lines(const QStringList& lines) {
   lines_->setPlainText(lines.join('\n'));
   lines_->setVisible(!lines.empty());
+  grow();
 }
 
 // The list may be long: it stands in the dialog behind the question.

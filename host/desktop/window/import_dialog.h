@@ -41,6 +41,8 @@ class ImportDialog : public QDialog {
   ImportedTable bring_in(ImportRun run, bool into_closed_agreed);
   void show_tried(const ImportedTable& tried, std::size_t into_closed);
   void show_lines(const QStringList& lines);
+  void say(const QString& text);
+  void grow();
   bool agrees(const ImportRefused& refused);
   const StoredTable* table() const;
   QDateTime time_of_file() const;

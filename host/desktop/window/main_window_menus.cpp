@@ -60,7 +60,7 @@ void MainWindow::add_company_menu() {
   companies_->add_copies(menu);
   menu.addSeparator();
   menu.addAction("&Importuoti CSV failą…", QKeySequence(Qt::CTRL | Qt::Key_I), this, [this] { import_file(); });
-  menu.addAction("Įst&aigos pavadinimas…", this, [this] { name_office(); });
+  menu.addAction("Įstai&gos pavadinimas…", this, [this] { name_office(); });
   menu.addAction("&Naudotojai ir teisės…", QKeySequence(Qt::CTRL | Qt::Key_U), this, [this] { administer_rights(); });
   menu.addSeparator();
   menu.addAction("&Baigti", QKeySequence(Qt::CTRL | Qt::Key_Q), this, [this] { close(); });

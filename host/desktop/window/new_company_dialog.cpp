@@ -45,7 +45,7 @@ NewCompanyDialog::NewCompanyDialog(Edge& edge, BeginWork begin_work, QWidget* pa
       edge_(edge),
       begin_work_(std::move(begin_work)),
       place_(new AddressRow(AddressRow::For::kMaking, this)),
-      start_(new QRadioButton("&Tuščia, su įprasta stažo skale, ribomis, kodais ir kategorijomis", this)),
+      start_(new QRadioButton("T&uščia, su įprasta stažo skale, ribomis, kodais ir kategorijomis", this)),
       sample_(new QRadioButton("Pa&vyzdinė, su išgalvotais darbuotojais", this)),
       name_(new QLineEdit(this)),
       employees_(new QSpinBox(this)) {
