@@ -25,6 +25,7 @@ TEST(RightsProgram, EveryCommandAsksWhoActs) {
   ASSERT_EQ(quor("", {"import", "users", "users.csv"}).status, 0);
   ASSERT_EQ(quor("Vadovė", {"import", "rights", "rights.csv"}).status, 0);
   ASSERT_EQ(quor("Vadovė", {"month", "2008-01"}).status, 0);
+  ASSERT_EQ(quor("Vadovė", {"backup", "kopija.quor"}).status, 0);
   const struct {
     const char* user;
     Words words;
@@ -43,6 +44,10 @@ TEST(RightsProgram, EveryCommandAsksWhoActs) {
       {"Jonas", {"import", "users", "users.csv"}, "įkelti lentelės „users“: tai leidžiama tik administratoriui."},
       {"Jonas", {"import", "rights", "rights.csv"}, "įkelti lentelės „rights“: tai leidžiama tik administratoriui."},
       {"Jonas", {"export", "--all", "b"}, "išvesti lentelės „users“: tai leidžiama tik administratoriui."},
+      {"Jonas", {"backup", "b.quor"}, "daryti įmonės atsarginės kopijos: tai leidžiama tik administratoriui."},
+      {"Jonas",
+       {"restore", "kopija.quor"},
+       "atkurti įmonės iš atsarginės kopijos: tai leidžiama tik administratoriui."},
       {"Petras", {"preview", "supplements", "2008-01"}, "peržiūrėti darbo užmokesčio."},
       {"Petras", {"print", "categories"}, "peržiūrėti pareigybių kategorijų."},
       {"Petras", {"get", "Employees"}, "peržiūrėti darbuotojų."},
