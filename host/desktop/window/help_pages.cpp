@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "host/desktop/render/folded_text.h"
+
 namespace quor {
 
 namespace {
@@ -44,12 +46,6 @@ constexpr HelpTopic kTopics[] = {
     {"Įstaigos pavadinimas", "company"},
 };
 
-QString folded(const QString& text) {
-  QString result = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
-  result.removeIf([](QChar each) { return each.category() == QChar::Mark_NonSpacing; });
-  return result;
-}
-
 }  // namespace
 
 std::span<const HelpTopic> help_topics() { return kTopics; }
@@ -82,7 +78,7 @@ QString help_title(const QString& page) {
 }
 
 QStringList pages_with(const QString& words) {
-  const QStringList wanted = folded(words).split(' ', Qt::SkipEmptyParts);
+  const QStringList wanted = folded_words(words);
   QStringList found;
   for (const EmbeddedFile& each : help_pages()) {
     const QString page = QString::fromUtf8(each.name.data(), static_cast<qsizetype>(each.name.size()));
