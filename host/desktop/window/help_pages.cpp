@@ -11,15 +11,14 @@ namespace quor {
 namespace {
 
 constexpr HelpTopic kTopics[] = {
-    {"Darbuotojas", "employee"},
-    {"Naujas darbuotojas", "employee"},
     {"Darbuotojo kortelė", "employee"},
     {"Darbuotojo pareigybė", "employee"},
-    {"Tarnybos pabaiga", "employee"},
+    {"Darbo pabaiga", "employee"},
+    {"Darbuotojo tarnybos stažas", "service"},
     {"Darbo laikas", "worked_time"},
     {"Mėnuo", "month"},
     {"Mėnesiai", "month"},
-    {"Mėnesio skaičiavimas", "month"},
+    {"Diagrama", "month"},
     {"Uždaryti nepaisant", "month"},
     {"Atverti uždarytą mėnesį", "month"},
     {"Pareigybių kategorij", "categories"},
