@@ -302,14 +302,16 @@ bool FormView::finish_typing() {
 
 std::string FormView::selected_tag() const {
   const QWidget* const focused = focused_inside();
-  std::vector<const ListView*> lists;
+  std::vector<std::string> seen;
   for (const auto& [control, widget] : widgets_) {
     const auto* const list = dynamic_cast<const ListView*>(control);
-    if (list == nullptr) continue;
-    if (focused != nullptr && (widget == focused || widget->isAncestorOf(focused))) return list->selected_tag();
-    lists.push_back(list);
+    const auto* const grid = dynamic_cast<const Grid*>(control);
+    if (list == nullptr && (grid == nullptr || grid->row_count() == 0)) continue;
+    const std::string& tag = list != nullptr ? list->selected_tag() : grid->row_tag(grid->range().first_row);
+    if (focused != nullptr && (widget == focused || widget->isAncestorOf(focused))) return tag;
+    if (widget->isVisible()) seen.push_back(tag);
   }
-  return lists.size() == 1 ? lists.front()->selected_tag() : "";
+  return seen.size() == 1 ? seen.front() : "";
 }
 
 // A button pressed by a key has not taken the focus: what is typed in the box that has it is finished first.

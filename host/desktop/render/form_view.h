@@ -42,7 +42,7 @@ class FormView : public QWidget, private FormActs {
   QWidget* widget_of(const Control& control) const;
   // Gives the focus to the first control in which something can be entered.
   void focus_first();
-  // The tag of the row selected in the list that has the focus, or else in the form's only list; "" without one.
+  // The tag of the row chosen in the list or grid that has the focus, or else in the only one in sight; "" without one.
   std::string selected_tag() const;
   // What is typed into a date or a cell counts when it is left; this is such a moment. False when it was refused, which
   // the user is told.

@@ -26,6 +26,7 @@ constexpr HelpTopic kTopics[] = {
     {"Valstybės tarnautojų nustatymai", "settings"},
     {"Priedas už tarnybos stažą", "settings"},
     {"Tarnybos stažas", "service"},
+    {"Darbuotojo tarnybos stažas", "service"},
     {"Darbuotojo priedai", "charges"},
     {"Darbuotojo priedas", "charges"},
     {"Valstybės tarnautojų sąrašas", "salary_preview"},

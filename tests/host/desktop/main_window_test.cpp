@@ -15,6 +15,7 @@
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
+#include "platform/toolkit/grid.h"
 #include "platform/toolkit/text_box.h"
 #include "tests/support/test_company.h"
 #include "tests/support/window_acts.h"
@@ -419,6 +420,13 @@ TEST_F(SampleWindowTest, F4OpensTheCardOfThePersonOfTheRow) {
   const FormView* const card = window_->tabs().current_view();
   ASSERT_NE(card, nullptr);
   EXPECT_TRUE(card->form().subject().starts_with(kEmployeeType)) << "the person of a position";
+
+  const auto month = static_cast<std::int32_t>(Date::from_ymd(2008, 1, 1).serial());
+  window_->carry_out(place_of_object(object_key(kWorkedTimeType, month)), MenuPurpose::kOpen);
+  const auto& grid = dynamic_cast<Grid&>(*window_->tabs().current_view()->form().find("grdTime"));
+  ASSERT_GT(grid.row_count(), 20U);
+  press(Qt::Key_F4);
+  EXPECT_EQ(window_->tabs().current_view()->form().subject(), grid.row_tag(0));
 }
 
 TEST_F(SampleWindowTest, ASecondPreviewIsFilledBesideTheFirst) {
