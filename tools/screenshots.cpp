@@ -145,6 +145,9 @@ void take_previews(DesktopApplication& application, MainWindow& window, Pictures
 
   window.carry_out(place_of_object(month_key(Month::parse("2008-01"))), MenuPurpose::kOpen);
   pictures.take_window("month_editor");
+  window.show_type(kWorkedTimeType);
+  window.carry_out(place_of_object(object_key(kWorkedTimeType, 39448)), MenuPurpose::kOpen);  // 2008.01
+  pictures.take_window("worked_time_editor");
 
   show(1);
   pictures.key("dtpDate", Qt::Key_F5);

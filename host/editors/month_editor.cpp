@@ -45,8 +45,8 @@ Month month_of_key(const std::string& key) {
 
 MonthEditor::MonthEditor(Application& application, const Month& month)
     : Form("Mėnuo"), application_(application), month_(month) {
-  cboShow.on_change = [this] { show_rows(); };
-  cboDepartment.on_change = [this] {
+  chcShow.on_change = [this] { show_rows(); };
+  chcDepartment.on_change = [this] {
     read();
     show_rows();
     enable_commands();
@@ -57,7 +57,7 @@ MonthEditor::MonthEditor(Application& application, const Month& month)
   cmdClose.on_click = [this] { close_month_of_form(); };
   cmdReopen.on_click = [this] { reopen(); };
   cmdPrint.on_click = [this] { print(); };
-  set_layout(column({pnlMonth, lblState, lblSummary, row({field("Rodyti", cboShow), field("Padalinys", cboDepartment)}),
+  set_layout(column({pnlMonth, lblState, lblSummary, row({field("Rodyti", chcShow), field("Padalinys", chcDepartment)}),
                      pages({page("Žmonės", {lvwPeople}), page("Padaliniai", {lvwDepartments}),
                             page("Palyginimas su ankstesniu mėnesiu", {lvwDifferences}), page("Metų fondas", {chtFund}),
                             page("Uždarymai", {lvwHistory})}),
@@ -125,8 +125,8 @@ void MonthEditor::reopen() {
 void MonthEditor::print() {
   const auto report = application_.NewListReport("Darbo užmokestis", kSalaryExtensionType);
   report->AddHeading(month_.text());
-  if (chosen_department()) report->AddHeading(cboDepartment.selected_text());
-  if (cboShow.selected().value_or(0) > 0) report->AddHeading(cboShow.selected_text());
+  if (chosen_department()) report->AddHeading(chcDepartment.selected_text());
+  if (chcShow.selected().value_or(0) > 0) report->AddHeading(chcShow.selected_text());
   const auto& columns = lvwPeople.columns();
   for (std::size_t i = 0; i < columns.size(); ++i) {
     report->AddColumn(std::to_string(i), columns[i].caption, 0, columns[i].alignment);
@@ -143,15 +143,15 @@ void MonthEditor::print() {
 // ---- what is shown
 
 void MonthEditor::show_choices() {
-  if (!cboShow.selected()) {
-    cboShow.set_items({{"Visi"}, {"Tik klaidos"}, {"Virš ribos"}, {"Pasikeitę po paskutinio skaičiavimo"}});
-    cboShow.select_item(0);
+  if (!chcShow.selected()) {
+    chcShow.set_items({{"Visi"}, {"Tik klaidos"}, {"Virš ribos"}, {"Pasikeitę po paskutinio skaičiavimo"}});
+    chcShow.select_item(0);
   }
-  offer_departments(application_, cboDepartment);
+  offer_departments(application_, chcDepartment);
 }
 
 std::optional<std::int32_t> MonthEditor::chosen_department() const {
-  return id_of_key(cboDepartment.selected_tag(), kDepartmentType);
+  return id_of_key(chcDepartment.selected_tag(), kDepartmentType);
 }
 
 void MonthEditor::read() {
@@ -165,7 +165,7 @@ void MonthEditor::read() {
 }
 
 void MonthEditor::show_rows() {
-  show_people(lvwPeople, people_, static_cast<MonthShow>(cboShow.selected().value_or(0)), changed_);
+  show_people(lvwPeople, people_, static_cast<MonthShow>(chcShow.selected().value_or(0)), changed_);
 }
 
 void MonthEditor::show_state() {

@@ -23,8 +23,8 @@ class MonthEditor : public Form {
   Panel pnlMonth{*this, "pnlMonth"};
   Label lblState{*this, "lblState"};
   Label lblSummary{*this, "lblSummary"};  // of the last calculation in this window
-  ChoiceBox cboShow{*this, "cboShow"};
-  ChoiceBox cboDepartment{*this, "cboDepartment"};
+  ChoiceBox chcShow{*this, "chcShow"};
+  ChoiceBox chcDepartment{*this, "chcDepartment"};
   ListView lvwPeople{*this, "lvwPeople", people_columns(), ListView::CheckBoxes::kOnRows};
   ListView lvwDepartments{*this, "lvwDepartments", department_columns()};
   ListView lvwDifferences{*this, "lvwDifferences", difference_columns()};

@@ -31,8 +31,8 @@ Month month_of_time(const std::string& key) {
 
 WorkedTimeEditor::WorkedTimeEditor(Application& application, const Month& month)
     : Form("Darbo laikas"), application_(application), month_(month) {
-  cboDepartment.on_change = [this] { show_people(); };
-  cboShape.on_change = [this] {
+  chcDepartment.on_change = [this] { show_people(); };
+  chcShape.on_change = [this] {
     show_columns();
     show_people();
   };
@@ -43,7 +43,7 @@ WorkedTimeEditor::WorkedTimeEditor(Application& application, const Month& month)
   cmdFillAll.on_click = [this] { fill_norm(false); };
   cmdFillChosen.on_click = [this] { fill_norm(true); };
   cmdWrite.on_click = [this] { write(); };
-  set_layout(column({pnlMonth, lblState, row({field("Rodyti", cboShape), field("Padalinys", cboDepartment)}), grdTime,
+  set_layout(column({pnlMonth, lblState, row({field("Rodyti", chcShape), field("Padalinys", chcDepartment)}), grdTime,
                      lblTotals, row({cmdFillAll, cmdFillChosen, cmdWrite})}));
 }
 
@@ -143,13 +143,13 @@ void WorkedTimeEditor::show_choices() {
   for (const TimeCode& code : time_.codes) {
     shapes.push_back({"Dienomis: " + code.code + " " + code.name, std::to_string(code.id)});
   }
-  cboShape.set_items(std::move(shapes));
-  if (!cboShape.selected()) cboShape.select_item(0);
-  offer_departments(application_, cboDepartment);
+  chcShape.set_items(std::move(shapes));
+  if (!chcShape.selected()) chcShape.select_item(0);
+  offer_departments(application_, chcDepartment);
 }
 
 void WorkedTimeEditor::show_columns() {
-  const std::string& code = cboShape.selected_tag();
+  const std::string& code = chcShape.selected_tag();
   day_code_ = code.empty() ? 0 : std::stoi(code);
   std::vector<GridColumn> columns;
   if (by_days()) {
@@ -168,7 +168,7 @@ void WorkedTimeEditor::show_columns() {
 }
 
 void WorkedTimeEditor::show_people() {
-  const auto department = id_of_key(cboDepartment.selected_tag(), kDepartmentType);
+  const auto department = id_of_key(chcDepartment.selected_tag(), kDepartmentType);
   shown_ = department ? read_month_time(application_, month_, department).people : time_.people;
   const Grid::BulkChange bulk(grdTime);
   grdTime.clear();

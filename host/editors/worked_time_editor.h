@@ -21,8 +21,8 @@ class WorkedTimeEditor : public Form {
  public:
   Panel pnlMonth{*this, "pnlMonth"};
   Label lblState{*this, "lblState"};
-  ChoiceBox cboDepartment{*this, "cboDepartment"};
-  ChoiceBox cboShape{*this, "cboShape"};  // all codes of the month, or a code by days, which is its tag
+  ChoiceBox chcDepartment{*this, "chcDepartment"};
+  ChoiceBox chcShape{*this, "chcShape"};  // all codes of the month, or a code by days, which is its tag
   Grid grdTime{*this, "grdTime"};
   Label lblTotals{*this, "lblTotals"};
   CommandButton cmdFillAll{*this, "cmdFillAll", "Užpildyti normą visiems"};

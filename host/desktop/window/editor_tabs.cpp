@@ -16,12 +16,18 @@
 
 namespace quor {
 
+namespace {
+
+constexpr int kWidestTitle = 220;
+
+}  // namespace
+
 EditorTabs::EditorTabs(DesktopApplication& application, QWidget* lists, QWidget* parent)
     : QTabWidget(parent), application_(application), fixed_(lists == nullptr ? 0 : 1) {
   setDocumentMode(true);
   setMovable(false);
   setTabsClosable(true);
-  setElideMode(Qt::ElideRight);
+  setElideMode(Qt::ElideNone);  // rather scrolled than unreadable
   setVisible(lists != nullptr);
   if (lists != nullptr) {
     addTab(lists, "Sąrašas");
@@ -192,7 +198,8 @@ void EditorTabs::find_title(Editor& editor) {
 
 void EditorTabs::show_title(const Editor& editor) {
   const int index = indexOf(editor.tab);
-  const QString text = without_mnemonic(editor.title) + (editor.form->has_unsaved_changes() ? " *" : "");
+  const QString title = fontMetrics().elidedText(editor.title, Qt::ElideRight, kWidestTitle);
+  const QString text = without_mnemonic(title) + (editor.form->has_unsaved_changes() ? " *" : "");
   if (text != tabText(index)) setTabText(index, text);
 }
 

@@ -72,11 +72,11 @@ TEST_P(MonthEditorTest, CalculatesAllADepartmentOrTheChosenAndShowsWhatIsWrong) 
   auto editor = open("2008-01");
   EXPECT_EQ(editor->lblState.caption(), "2008.01: neapskaičiuotas");
   EXPECT_EQ(names(editor->lvwPeople), "");
-  editor->cboDepartment.select_tag("O00016042");
-  editor->cboDepartment.on_change();
+  editor->chcDepartment.select_tag("O00016042");
+  editor->chcDepartment.on_change();
   editor->cmdCalculateDepartment.click();
   EXPECT_EQ(names(editor->lvwPeople), "Benas") << "the branch alone";
-  editor->cboDepartment.choose(0);
+  editor->chcDepartment.choose(0);
   EXPECT_FALSE(editor->cmdCalculateDepartment.enabled());
   editor->cmdCalculate.click();
   EXPECT_EQ(state(*editor), "2008.01: apskaičiuotas pagal dabartinius duomenis, testuotoja");
@@ -89,7 +89,7 @@ TEST_P(MonthEditorTest, CalculatesAllADepartmentOrTheChosenAndShowsWhatIsWrong) 
     const char* expected;
   } shows[] = {{MonthShow::kFaults, ""}, {MonthShow::kOverLimit, "Ada!"}, {MonthShow::kChanged, "Ada!"}};
   for (const auto& c : shows) {
-    editor->cboShow.choose(static_cast<std::size_t>(c.show));
+    editor->chcShow.choose(static_cast<std::size_t>(c.show));
     EXPECT_EQ(names(editor->lvwPeople), c.expected);
   }
   EXPECT_EQ(shown(editor->lvwDepartments),

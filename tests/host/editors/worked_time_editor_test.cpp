@@ -92,7 +92,7 @@ TEST_P(WorkedTimeTest, IsPastedFilledTakenBackAndWrittenWhole) {
 TEST_P(WorkedTimeTest, ACodeIsShownByDaysAndByDepartment) {
   company_.given_time(people_[0], 1, 160);
   auto editor = open();
-  editor->cboShape.choose(1);  // FD
+  editor->chcShape.choose(1);  // FD
   Grid& grid = editor->grdTime;
   ASSERT_EQ(grid.columns().size(), 33U);
   EXPECT_EQ(grid.columns()[0].caption + grid.columns()[4].caption, "1\nAn5\nŠ");
@@ -101,7 +101,7 @@ TEST_P(WorkedTimeTest, ACodeIsShownByDaysAndByDepartment) {
   EXPECT_EQ(grid.enter(1, 0, "25"), "Benas, 1\nAn: „25“ – leidžiama nuo 0 iki 24 valandų.");
   grid.select({1, 0, 2, 1});
   EXPECT_EQ(grid.paste("8"), "") << "fills the range";
-  editor->cboDepartment.choose(2);
+  editor->chcDepartment.choose(2);
   EXPECT_EQ(cells(grid).substr(0, 11), "Benas;8;8;;");
   EXPECT_EQ(editor->lblTotals.caption(), "Žmonių: 1; valandų: 16; viršija normą: 0.");
   editor->cmdWrite.click();
