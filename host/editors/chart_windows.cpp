@@ -29,18 +29,22 @@ std::int32_t id_of(const std::string& key) {
 
 }  // namespace
 
-std::shared_ptr<Form> person_pay_chart(Application& application, const std::string& key, const std::string& name) {
+ChartData person_pay_data(Application& application, std::int32_t employee, const std::string& name) {
   ChartData data{.title = name + ": darbo užmokestis",
                  .unit = "",
                  .labels = {},
                  .series = {{"Pareiginė alga", {}}, {"Priedai", {}}, {"Priemokos", {}}}};
-  for (const MonthPay& each : pay_of_person(application, id_of(key))) {
+  for (const MonthPay& each : pay_of_person(application, employee)) {
     data.labels.push_back(each.month.text());
     data.series[0].values.emplace_back(each.pay.base);
     data.series[1].values.emplace_back(each.pay.supplements);
     data.series[2].values.emplace_back(each.pay.surcharges);
   }
-  return std::make_shared<ChartWindow>(Chart::Kind::kStackedColumns, std::move(data));
+  return data;
+}
+
+std::shared_ptr<Form> person_pay_chart(Application& application, const std::string& key, const std::string& name) {
+  return std::make_shared<ChartWindow>(Chart::Kind::kStackedColumns, person_pay_data(application, id_of(key), name));
 }
 
 std::shared_ptr<Form> category_factor_chart(Application& application, const std::string& key, const std::string& name) {

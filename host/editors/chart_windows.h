@@ -5,9 +5,13 @@
 #include <string>
 
 #include "host/application/application.h"
+#include "platform/toolkit/chart.h"
 #include "platform/toolkit/form.h"
 
 namespace quor {
+
+// What a chart of the person's pay shows. Throws as person_pay_chart does.
+ChartData person_pay_data(Application& application, std::int32_t employee, const std::string& name);
 
 // `key` is the employee's, `name` what he is called. Throws Error when the user may not view pay, StoreError.
 std::shared_ptr<Form> person_pay_chart(Application& application, const std::string& key, const std::string& name);

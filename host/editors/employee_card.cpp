@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "host/editors/chart_windows.h"
 #include "host/editors/employment_end.h"
 #include "host/editors/position_editor.h"
 #include "host/editors/service_editor.h"
@@ -74,7 +75,8 @@ void EmployeeCard::lay_out() {
                      pages({page("Pareigybės", {lvwPositions, row({cmdNewPosition, cmdCopyPosition, cmdEnd})}),
                             page("Stažas ir priedai", {lblService, lvwCharges, row({cmdNewCharge, cmdService})}),
                             page("Darbo laikas", {field("Mėnuo", dtpTimeMonth), lvwWorkedTime}),
-                            page("Užmokestis", {field("Mėnuo", dtpPayMonth), lblPay, lvwPaidHours, lvwPaidSums})}),
+                            page("Užmokestis", {field("Mėnuo", dtpPayMonth), lblPay, lvwPaidHours, lvwPaidSums}),
+                            page("Diagrama", {chtPay})}),
                      row({cmdWrite, cmdCancel, cmdRefresh, cmdClose})}));
 }
 
@@ -162,6 +164,7 @@ void EmployeeCard::show_pages() {
   if (!refusal.empty()) return;
   show_positions(lvwPositions.selected_tag());
   show_month();
+  chtPay.set_data(person_pay_data(application(), *employee(), txtName.text()));
 }
 
 void EmployeeCard::enable_pages(bool stored, bool viewed) {

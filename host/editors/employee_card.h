@@ -14,6 +14,7 @@
 #include "host/editors/record_form.h"
 #include "platform/data/month.h"
 #include "platform/toolkit/captioned.h"
+#include "platform/toolkit/chart.h"
 #include "platform/toolkit/choice_box.h"
 #include "platform/toolkit/date_picker.h"
 #include "platform/toolkit/list_view.h"
@@ -54,6 +55,7 @@ class EmployeeCard : public RecordForm {
   Label lblPay{*this, "lblPay"};
   ListView lvwPaidHours;
   ListView lvwPaidSums;
+  Chart chtPay{*this, "chtPay", Chart::Kind::kStackedColumns};  // all months
 
   CommandButton cmdRefresh{*this, "cmdRefresh", "Atnaujinti", ButtonRole::kFill};
 

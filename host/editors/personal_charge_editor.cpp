@@ -4,6 +4,7 @@
 
 #include "frame/contract/open_bounds.h"
 #include "host/editors/entered_values.h"
+#include "host/editors/record_saving.h"
 #include "host/store/database.h"
 #include "host/store/object_codes.h"
 #include "platform/data/number_text.h"
@@ -67,13 +68,7 @@ void PersonalChargeEditor::show_kind() {
 }
 
 void PersonalChargeEditor::write() {
-  if (!move_into_fields()) return;
-  const SaveStatus status = charge_.Save(0, "");
-  if (status.Failed) {
-    application_.MessageBox(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText, BoxIcon::kExclamation,
-                            BoxButtons::kOk, application_.Title());
-    return;
-  }
+  if (!move_into_fields() || !stored_or_told(application_, charge_.Save(0, ""))) return;
   stored_ = true;
   close();
 }

@@ -2,6 +2,7 @@
 
 #include "frame/contract/named_members.h"
 #include "host/editors/entered_values.h"
+#include "host/editors/record_saving.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
 #include "platform/data/number_text.h"
@@ -150,13 +151,7 @@ void PositionEditor::choose_category() {
 }
 
 void PositionEditor::write() {
-  if (!move_into_fields()) return;
-  const SaveStatus status = position_.Save(0, "");
-  if (status.Failed) {
-    application_.MessageBox(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText, BoxIcon::kExclamation,
-                            BoxButtons::kOk, application_.Title());
-    return;
-  }
+  if (!move_into_fields() || !stored_or_told(application_, position_.Save(0, ""))) return;
   stored_ = true;
   close();
 }

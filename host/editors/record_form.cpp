@@ -1,5 +1,7 @@
 #include "host/editors/record_form.h"
 
+#include "host/editors/record_saving.h"
+
 namespace quor {
 
 RecordForm::RecordForm(std::string caption, Application& application, std::shared_ptr<QuorObjectUIO> record)
@@ -31,12 +33,7 @@ void RecordForm::set_button_states() {
 void RecordForm::write() {
   EnteredValues entered(application_);
   if (!take(entered)) return;
-  const SaveStatus status = record_->Save(0, "");
-  if (status.Failed) {
-    application_.MessageBox("Įrašymas neatliktas!" + (kLineBreak + status.ErrorText), BoxIcon::kExclamation,
-                            BoxButtons::kOk, application_.Title());
-    return;
-  }
+  if (!stored_or_told(application_, record_->Save(0, ""))) return;
   application_.open_objects().written(*record_);
   show();
 }

@@ -3,6 +3,7 @@
 #include "frame/contract/host_types.h"
 #include "frame/contract/object_key.h"
 #include "host/editors/entered_values.h"
+#include "host/editors/record_saving.h"
 
 namespace quor {
 
@@ -69,12 +70,8 @@ void ServiceEditor::write() {
   services_->set_field("ExperienceMonthes", months);
   services_->Update();
   const SaveStatus status = application_.NewMainBO()->SaveRecordset(kServices, *services_);
-  if (status.Failed) {
-    services_->CancelBatch();
-    application_.MessageBox(std::string("Įrašymas neatliktas!") + kLineBreak + status.ErrorText, BoxIcon::kExclamation,
-                            BoxButtons::kOk, application_.Title());
-    return;
-  }
+  if (status.Failed) services_->CancelBatch();
+  if (!stored_or_told(application_, status)) return;
   stored_ = true;
   close();
 }

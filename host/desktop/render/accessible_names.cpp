@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/toolkit/captioned.h"
+#include "platform/toolkit/grid.h"
 #include "platform/toolkit/list_view.h"
 
 namespace quor {
@@ -34,7 +35,7 @@ void name_for_readers(const Form& form, const std::vector<std::pair<Control*, QW
     QString name = label_of(*control, labels);
     if (button != nullptr && (button->caption() == "..." || button->caption() == "…")) {
       widget->setAccessibleName(name.isEmpty() ? QString("Parinkti") : "Parinkti: " + name);
-    } else if (dynamic_cast<const ListView*>(control) != nullptr) {
+    } else if (dynamic_cast<const ListView*>(control) != nullptr || dynamic_cast<const Grid*>(control) != nullptr) {
       if (name.isEmpty()) name = title_around(*widget);
       widget->setAccessibleName(name.isEmpty() ? QString::fromStdString(form.caption()) : name);
     }
