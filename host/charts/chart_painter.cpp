@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kPaperDots = 300;  // an inch
 constexpr double kColumnShare = 0.6;
+constexpr double kWidestColumn = 6;  // lines of text
 constexpr int kWantedSteps = 5;
 
 struct Look {
@@ -172,7 +173,8 @@ class ChartDrawing {
         if (label >= values.size() || !values[label] || *values[label] == 0) continue;
         double& base = *values[label] > 0 ? above : below;
         const double y = height_of(base), top = height_of(base + *values[label]);
-        fill(QRectF(from + room * (1 - kColumnShare) / 2, std::min(y, top), room * kColumnShare, std::abs(y - top)), i);
+        const double width = std::min(room * kColumnShare, line() * kWidestColumn);
+        fill(QRectF(from + (room - width) / 2, std::min(y, top), width, std::abs(y - top)), i);
         base += *values[label];
       }
     }

@@ -157,7 +157,8 @@ bool GridWidget::obeys(const QKeyEvent& event) {
   } else if (event.key() == Qt::Key_Delete || event.key() == Qt::Key_Backspace) {
     run([this] { return grid_.erase(); });
   } else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
-    step(event.modifiers() & Qt::ShiftModifier ? -1 : 1, 0);
+    // Of a cell that is being typed it comes here, too, before the cell is left.
+    if (state() != EditingState) step(event.modifiers() & Qt::ShiftModifier ? -1 : 1, 0);
   } else {
     return false;
   }
