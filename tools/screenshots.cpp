@@ -11,6 +11,7 @@
 #include <QTreeView>
 #include <cstdio>
 
+#include "host/company/month_keys.h"
 #include "host/desktop/edge/desktop_process.h"
 #include "host/desktop/window/first_start.h"
 #include "host/desktop/window/help_window.h"
@@ -143,10 +144,10 @@ void take_previews(DesktopApplication& application, MainWindow& window, Pictures
   pictures.take_window("salary_preview");
   pictures.take_dialog("report_preview", [&] { pictures.key("lvwRows", Qt::Key_P, Qt::ControlModifier); });
 
-  window.carry_out(place_of_object(month_key(Month::parse("2008-01"))), MenuPurpose::kOpen);
+  window.carry_out(place_of_object(key_of_month(kMonthType, Month::parse("2008-01"))), MenuPurpose::kOpen);
   pictures.take_window("month_editor");
   window.show_type(kWorkedTimeType);
-  window.carry_out(place_of_object(object_key(kWorkedTimeType, 39448)), MenuPurpose::kOpen);  // 2008.01
+  window.carry_out(place_of_object(key_of_month(kWorkedTimeType, Month::parse("2008-01"))), MenuPurpose::kOpen);
   pictures.take_window("worked_time_editor");
 
   show(1);

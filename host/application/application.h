@@ -103,6 +103,8 @@ class Application : public QuorApplication {
   void remove_from_desk_top(const std::string& object);
   // Begins what may take long, `what` it is ("Skaičiuojamas mėnuo 2008.01"), and ends with the object.
   [[nodiscard]] virtual std::unique_ptr<LongWork> begin_work(const std::string& what);
+  // Opens the object as by Enter in its list, once what runs now has ended. Nothing without windows.
+  virtual void open_object(const std::string& /*key*/) {}
   // How many hourglass scopes are open.
   int busy() const { return busy_; }
 

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "host/company/month_keys.h"
 #include "host/editors/chart_windows.h"
 #include "host/editors/employment_end.h"
 #include "host/editors/position_editor.h"
@@ -61,6 +62,7 @@ void EmployeeCard::listen() {
   mnuEditCharge.on_choose = lvwCharges.on_double_click;
   mnuDeleteCharge.on_choose = [this] { delete_charge(); };
   cmdService.on_click = [this] { edit_service(); };
+  lvwWorkedTime.on_double_click = [this] { application().open_object(key_of_month(kWorkedTimeType, month_)); };
 
   for (DatePicker* const picker : {&dtpTimeMonth, &dtpPayMonth}) {
     picker->on_change = [this, picker] { turn_to_month(picker->value()); };

@@ -1,5 +1,6 @@
 #include "host/editors/month_editor.h"
 
+#include "host/company/month_keys.h"
 #include "host/company/rights.h"
 #include "host/editors/department_choice.h"
 #include "host/editors/reason_dialog.h"
@@ -33,16 +34,6 @@ Month month_before(const Month& month) { return Month::of(add_days(month.first_d
 
 }  // namespace
 
-std::string month_key(const Month& month) {
-  return object_key(kMonthType, static_cast<std::int32_t>(month.first_day().serial()));
-}
-
-Month month_of_key(const std::string& key) {
-  const auto serial = id_of_key(key);
-  if (!serial) throw Error(ErrorKind::kNotFound, "„" + key + "“ nėra mėnesio raktas.");
-  return Month::of(Date::from_serial(*serial));
-}
-
 MonthEditor::MonthEditor(Application& application, const Month& month)
     : Form("Mėnuo"), application_(application), month_(month) {
   chcShow.on_change = [this] { show_rows(); };
@@ -64,7 +55,7 @@ MonthEditor::MonthEditor(Application& application, const Month& month)
                      row({cmdCalculate, cmdCalculateDepartment, cmdCalculateChosen, cmdClose, cmdReopen, cmdPrint})}));
 }
 
-std::string MonthEditor::subject() const { return month_key(month_); }
+std::string MonthEditor::subject() const { return key_of_month(kMonthType, month_); }
 
 void MonthEditor::opening() {
   pnlMonth.set_caption(month_.text());
@@ -219,11 +210,11 @@ void MonthEditor::say(const std::string& text) {
 }
 
 void delete_month(Application& application, const std::string& key) {
-  delete_documents_of(application, month_of_key(key));
+  delete_documents_of(application, month_of_key(key, kMonthType));
 }
 
 std::shared_ptr<Form> month_editor(Application& application, const std::string& object) {
-  if (carries_object(object)) return std::make_shared<MonthEditor>(application, month_of_key(object));
+  if (carries_object(object)) return std::make_shared<MonthEditor>(application, month_of_key(object, kMonthType));
   const auto latest = latest_month(application.company().database());
   const Month next = latest ? Month::of(add_days(latest->last_day(), 1)) : Month::of(application.Today());
   return std::make_shared<MonthEditor>(application, next);

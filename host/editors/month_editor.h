@@ -76,8 +76,5 @@ class MonthEditor : public Form {
 std::shared_ptr<Form> month_editor(Application& application, const std::string& object);
 // Deletes what was calculated of the month. Throws as delete_documents_of does.
 void delete_month(Application& application, const std::string& key);
-std::string month_key(const Month& month);
-// Throws Error for a key that is none of a month.
-Month month_of_key(const std::string& key);
 
 }  // namespace quor

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "host/company/month_keys.h"
 #include "host/editors/department_choice.h"
 #include "host/store/object_codes.h"
 #include "host/store/tables/value_ranges.h"
@@ -20,12 +21,6 @@ std::string hours_text(double hours) { return hours == 0 ? "" : general_text(hou
 
 // Serial day 2 was a Monday.
 const char* day_name(Date date) { return kDayNames[(static_cast<int>(date.serial()) - 2) % 7]; }
-
-Month month_of_time(const std::string& key) {
-  const auto serial = id_of_key(key, kWorkedTimeType);
-  if (!serial) throw Error(ErrorKind::kNotFound, "„" + key + "“ nėra darbo laiko mėnesio raktas.");
-  return Month::of(Date::from_serial(*serial));
-}
 
 }  // namespace
 
@@ -47,9 +42,7 @@ WorkedTimeEditor::WorkedTimeEditor(Application& application, const Month& month)
                      lblTotals, row({cmdFillAll, cmdFillChosen, cmdWrite})}));
 }
 
-std::string WorkedTimeEditor::subject() const {
-  return object_key(kWorkedTimeType, static_cast<std::int32_t>(month_.first_day().serial()));
-}
+std::string WorkedTimeEditor::subject() const { return key_of_month(kWorkedTimeType, month_); }
 
 void WorkedTimeEditor::opening() {
   pnlMonth.set_caption(month_.text());
@@ -262,7 +255,8 @@ double WorkedTimeEditor::of_all(std::int32_t employee) const {
 }
 
 std::shared_ptr<Form> worked_time_editor(Application& application, const std::string& object) {
-  if (carries_object(object)) return std::make_shared<WorkedTimeEditor>(application, month_of_time(object));
+  if (carries_object(object))
+    return std::make_shared<WorkedTimeEditor>(application, month_of_key(object, kWorkedTimeType));
   const auto latest =
       application.company().database().read("SELECT MAX(month) FROM worked_time", {{"Month", FieldType::kDate}});
   const Month next = latest->is_null({0})
@@ -272,7 +266,7 @@ std::shared_ptr<Form> worked_time_editor(Application& application, const std::st
 }
 
 void delete_worked_time(Application& application, const std::string& key) {
-  delete_month_time(application, month_of_time(key));
+  delete_month_time(application, month_of_key(key, kWorkedTimeType));
 }
 
 }  // namespace quor

@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 
+#include "host/company/month_keys.h"
 #include "host/store/object_codes.h"
 #include "platform/data/month.h"
 #include "platform/data/number_text.h"
@@ -73,11 +74,10 @@ std::vector<ShownRow> norm_years(Database& database) {
 
 namespace {
 
-// A row that stands for the month: its key is the serial day number of its first day.
+// A row that stands for the month.
 ShownRow month_row(const char* object_type, const Month& month, std::vector<std::string> cells) {
-  const auto id = static_cast<std::int32_t>(month.first_day().serial());
-  cells.insert(cells.begin(), {object_key(object_type, id), month.text()});
-  return {id, 0, {}, std::move(cells)};
+  cells.insert(cells.begin(), {key_of_month(object_type, month), month.text()});
+  return {0, 0, {}, std::move(cells)};
 }
 
 }  // namespace

@@ -23,6 +23,9 @@ class DesktopApplication : public Application {
   using DeskTopListener = std::function<void(const std::string& object, const std::shared_ptr<Form>& editor)>;
   void on_desk_top(DeskTopListener listener) { desk_top_listener_ = std::move(listener); }
 
+  // Told which object somebody wants opened.
+  void on_open(std::function<void(const std::string& key)> listener) { open_listener_ = std::move(listener); }
+
   // Asks when the form would lose what was typed; false when the user wants to keep it open.
   bool may_close(const Form& form);
 
@@ -32,6 +35,9 @@ class DesktopApplication : public Application {
   void run_pending_events() override;
   [[nodiscard]] std::unique_ptr<LongWork> begin_work(const std::string& what) override;
   void place_on_desk_top(const std::string& object, std::shared_ptr<Form> editor) override;
+  void open_object(const std::string& key) override {
+    if (open_listener_) open_listener_(key);
+  }
 
  protected:
   std::string choose_object(Recordset& list, const std::string& current, const std::string& title) override;
@@ -42,6 +48,7 @@ class DesktopApplication : public Application {
 
   Edge& edge_;
   DeskTopListener desk_top_listener_;
+  std::function<void(const std::string& key)> open_listener_;
 };
 
 }  // namespace quor

@@ -10,6 +10,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "host/company/month_keys.h"
 #include "host/desktop/answers/object_names.h"
 #include "host/desktop/edge/pointer.h"
 #include "host/desktop/window/import_dialog.h"
@@ -76,6 +77,7 @@ MainWindow::MainWindow(DesktopApplication& application, const std::string& addre
 
 MainWindow::~MainWindow() {
   application_.on_desk_top(nullptr);
+  application_.on_open(nullptr);
   application_.open_objects().on_may_leave(nullptr);
 }
 
@@ -120,6 +122,10 @@ void MainWindow::listen() {
     QMetaObject::invokeMethod(
         this, [this, object_type = type_of_key(object)] { object_changed(object_type); }, Qt::QueuedConnection);
   };
+  application_.on_open([this](const std::string& key) {
+    QMetaObject::invokeMethod(
+        this, [this, key] { carry_out(place_of_object(key), MenuPurpose::kOpen); }, Qt::QueuedConnection);
+  });
   OpenObjects& open = application_.open_objects();
   open.on_written([later, self = QPointer<MainWindow>(this)](const std::string& key) {
     if (self) later(key);
@@ -203,7 +209,7 @@ void MainWindow::show_status() {
 void MainWindow::show_month() {
   const auto latest = latest_month(application_.company().database());
   const Month month = latest.value_or(Month::of(application_.Today()));
-  carry_out(place_of_object(month_key(month)), MenuPurpose::kOpen);
+  carry_out(place_of_object(key_of_month(kMonthType, month)), MenuPurpose::kOpen);
 }
 
 // Of the object on which the user stands, in the list or in its editor.

@@ -52,7 +52,7 @@ void MainWindow::turn_to(const std::string& object_type) {
 }
 
 void MainWindow::add_company_menu() {
-  QMenu& menu = *menuBar()->addMenu("Į&monė");
+  QMenu& menu = *menuBar()->addMenu("Įm&onė");
   companies_->on_leave = [this](NextCompany next) { leave_for(std::move(next)); };
   companies_->on_done = [this](const QString& what) { statusBar()->showMessage(what); };
   companies_->add_companies(menu);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "frame/contract/host_types.h"
+#include "host/company/month_keys.h"
 #include "host/editors/reason_dialog.h"
 #include "platform/data/error.h"
 #include "tests/support/acting.h"
@@ -38,7 +40,8 @@ class MonthEditorTest : public testing::TestWithParam<Backend> {
     touch();
   }
   std::shared_ptr<MonthEditor> open(const char* month) {
-    auto editor = std::dynamic_pointer_cast<MonthEditor>(month_editor(application(), month_key(Month::parse(month))));
+    auto editor = std::dynamic_pointer_cast<MonthEditor>(
+        month_editor(application(), key_of_month(kMonthType, Month::parse(month))));
     editor->load();
     return editor;
   }
