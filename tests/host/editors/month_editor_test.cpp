@@ -24,7 +24,7 @@ class MonthEditorTest : public testing::TestWithParam<Backend> {
     const auto staff = company_.given_department("Ūkis"), branch = company_.given_department("Skyrius", staff);
     const auto person = [&](const char* name, std::int32_t department, const char* from, const Variant& to = kNull) {
       const auto employee = company_.given_employee(name, department);
-      company_.given_position({.employee = employee, .category = category, .from = from, .to = to});
+      company_.given_position({.employee = employee, .category = category, .from = from, .to = to, .norm = name});
       return employee;
     };
     ada_ = person("Ada", staff, "2005.01.01");
@@ -99,8 +99,10 @@ TEST_P(MonthEditorTest, CalculatesAllADepartmentOrTheChosenAndShowsWhatIsWrong) 
             "Skyrius;1;1260,00;;;1260,00; | Ūkis;1;1260,00;200,00;;1460,00;1 | Iš viso;2;2520,00;200,00;;2720,00;1");
   EXPECT_EQ(editor->chtFund.data().series[1].values[0], std::optional(200.0));
 
-  // The chosen alone: whoever else changed stays out of date.
+  // The chosen alone: whoever else changed stays out of date, and whoever has left by now stays in his document.
   company_.database().execute("UPDATE positions SET share = 0.5");
+  company_.database().execute("UPDATE positions SET date_to = :p0 WHERE employee_id = :p1",
+                              {day("2007.12.31"), benas_});
   company_.database().execute("DELETE FROM extra_charges");
   touch();
   editor = open("2008-01");
