@@ -62,6 +62,7 @@ void MonthEditor::opening() {
   changed_.clear();
   show_choices();
   read();
+  read_fund();
   show_state();
   show_rows();
 }
@@ -78,6 +79,7 @@ void MonthEditor::calculate(const MonthOptions& whom) {
   lblSummary.set_caption(summary_of(calculated));
   application_.open_objects().wrote(subject());
   read();
+  read_fund();
   show_state();
   show_rows();
 }
@@ -151,6 +153,10 @@ void MonthEditor::read() {
   show_departments(lvwDepartments, by_department(people_));
   show_differences(lvwDifferences,
                    pay_differences(pay_of_month(application_, month_before(month_), department), people_));
+}
+
+// Of everybody, whichever department is chosen.
+void MonthEditor::read_fund() {
   const int year = month_.first_day().year();
   chtFund.set_data(fund_chart(year, fund_of_year(application_, year)));
 }

@@ -56,6 +56,7 @@ class MonthEditor : public Form {
   void print();
 
   void read();
+  void read_fund();
   void show_choices();
   void show_state();
   void enable_commands();

@@ -176,11 +176,16 @@ std::array<Pay, 12> fund_of_year(Application& application, int year) {
   return fund;
 }
 
+// Documents are found by month and person together: the months are stepped through, so that the work grows with them
+// and not with everybody's documents.
 std::vector<MonthPay> pay_of_person(Application& application, std::int32_t employee) {
   application.guard().require_view(kSalaryExtensionType);
   const auto sums = application.company().database().read(
-      "SELECT d.month, r.sum_type, SUM(r.sum_a) FROM documents d LEFT JOIN salary_rows r ON r.document_id = d.id"
-      " WHERE d.employee_id = :p0 GROUP BY d.month, r.sum_type ORDER BY d.month",
+      "WITH RECURSIVE months (month) AS (SELECT MIN(month) FROM documents UNION ALL"
+      " SELECT (SELECT MIN(d.month) FROM documents d WHERE d.month > m.month) FROM months m WHERE m.month IS NOT NULL)"
+      " SELECT d.month, r.sum_type, SUM(r.sum_a) FROM months m"
+      " JOIN documents d ON d.month = m.month AND d.employee_id = :p0"
+      " LEFT JOIN salary_rows r ON r.document_id = d.id GROUP BY d.month, r.sum_type ORDER BY d.month",
       {{"Month", FieldType::kDate}, {"Type", FieldType::kInt32}, {"Sum", FieldType::kDouble}}, {employee});
   std::vector<MonthPay> months;
   for (; !sums->Eof(); sums->MoveNext()) {

@@ -124,6 +124,12 @@ TEST_P(MonthEditorTest, ComparesWithTheMonthBefore) {
   EXPECT_EQ(shown(editor->lvwDifferences),
             "Ada;pasikeitė;1260,00;1260,10;;0,10;;0,10 | Benas;nebėra;1260,00;;-1260,00;;;-1260,00 | "
             "Cilė;naujas;;1260,00;1260,00;;;1260,00 | Iš viso;;2520,00;2520,10;;0,10;;0,10");
+  std::string months;
+  for (const MonthPay& each : pay_of_person(application(), ada_)) {
+    months += each.month.text() + " " + money_text(each.pay.total()) + "; ";
+  }
+  EXPECT_EQ(months, "2008.01 1260,00; 2008.02 1260,10; ");
+  EXPECT_EQ(pay_of_person(application(), cilė_).size(), 1U);
 }
 
 TEST_P(MonthEditorTest, IsClosedAfterChecksOrWithAReasonAndOpenedAgain) {
