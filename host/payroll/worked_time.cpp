@@ -5,6 +5,7 @@
 
 #include "host/company/departments.h"
 #include "host/company/month_norms.h"
+#include "host/company/time_code.h"
 #include "host/payroll/closed_month_guard.h"
 #include "host/store/object_codes.h"
 #include "host/store/tables/table_rows.h"
@@ -16,8 +17,6 @@ namespace quor {
 
 namespace {
 
-constexpr char kBasicCode[] = "FD";
-
 std::vector<TimeCode> read_codes(Database& database) {
   const auto rows = database.read(
       "SELECT code_id, code, code_name FROM indications WHERE indication_code = 'WorkTime' ORDER BY code, code_id",
@@ -26,7 +25,7 @@ std::vector<TimeCode> read_codes(Database& database) {
   for (; !rows->Eof(); rows->MoveNext()) {
     codes.push_back({rows->int32({0}), std::string(rows->text({1})), std::string(rows->text({2}))});
   }
-  std::stable_partition(codes.begin(), codes.end(), [](const TimeCode& code) { return code.code == kBasicCode; });
+  std::stable_partition(codes.begin(), codes.end(), [](const TimeCode& code) { return code.code == kBasicTimeCode; });
   return codes;
 }
 
@@ -116,7 +115,7 @@ MonthTime read_month_time(Application& application, const Month& month, std::opt
                  .codes = read_codes(database),
                  .people = {},
                  .hours = {}};
-  if (!time.codes.empty() && time.codes.front().code == kBasicCode) time.basic_code = time.codes.front().id;
+  if (!time.codes.empty() && time.codes.front().code == kBasicTimeCode) time.basic_code = time.codes.front().id;
   std::vector<Variant> values = {month.first_day(), month.last_day()};
   std::string people, hours = " WHERE w.month = :p0";
   if (department) {
