@@ -42,6 +42,20 @@ bool find_in_list(Recordset& list, const std::string& key) {
   return list.RecordCount() > 0;
 }
 
+// Puts the wrap in its place until the object is made.
+class WrapScope {
+ public:
+  WrapScope(const RequestWrap*& place, const RequestWrap& wrap)
+      : place_(place), outer_(std::exchange(place, wrap ? &wrap : nullptr)) {}
+  WrapScope(const WrapScope&) = delete;
+  WrapScope& operator=(const WrapScope&) = delete;
+  ~WrapScope() { place_ = outer_; }
+
+ private:
+  const RequestWrap*& place_;
+  const RequestWrap* const outer_;
+};
+
 }  // namespace
 
 HeldNotices::HeldNotices(Application& application)
@@ -81,11 +95,12 @@ std::shared_ptr<Object> Application::create(const std::string& class_id) {
   return nullptr;
 }
 
-std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& object_type) {
+std::shared_ptr<QuorObjectUIO> Application::new_data_object(const std::string& object_type, const RequestWrap& wrap) {
   guard_.require_view(object_type);
   const auto type = registrations_.types.find(object_type);
   if (type == registrations_.types.end()) throw PluginError("Objekto tipo „" + object_type + "“ niekas neregistravo.");
   const std::string class_id = type->second.class_id(kDataObjectClass, object_type);
+  const WrapScope wrapped(wrap_, wrap);
   auto object = std::dynamic_pointer_cast<QuorObjectUIO>(create(class_id));
   if (!object) throw PluginError("Įskiepis neturi klasės „" + class_id + "“.");
   return object;
@@ -146,7 +161,8 @@ ObjectActs Application::acts_of(const std::string& object_type) {
 }
 
 std::shared_ptr<QuorMainBO> Application::NewMainBO() {
-  return std::make_shared<MainBO>(*this, company_, options_.user);
+  auto requests = std::make_shared<MainBO>(*this, company_, options_.user);
+  return wrap_ == nullptr ? requests : (*wrap_)(std::move(requests));
 }
 
 std::shared_ptr<QuorObjectUIO> Application::NewStandardObjectUIO(const std::string& object_type) {

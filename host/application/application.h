@@ -44,6 +44,9 @@ struct ApplicationOptions {
   std::string pick = {};  // the key that is chosen where nobody is there to choose; "#…" behind it is no matter
 };
 
+// What stands between a data object and the host's business object: it narrows or watches what that object asks.
+using RequestWrap = std::function<std::shared_ptr<QuorMainBO>(std::shared_ptr<QuorMainBO> requests)>;
+
 class Application;
 
 // While it lives, notices (boxes with nothing to decide) go to whoever made it and to nobody else: work over many
@@ -73,8 +76,9 @@ class Application : public QuorApplication {
   std::vector<SecurityComponent> security_components();
   // A new object of a plug-in's class; null when no loaded plug-in has it.
   std::shared_ptr<Object> create(const std::string& class_id);
-  // A new data object of a registered type; throws PluginError when no plug-in has registered it.
-  std::shared_ptr<QuorObjectUIO> new_data_object(const std::string& object_type);
+  // A new data object of a registered type; throws PluginError when no plug-in has registered it. What it asks of the
+  // business object, passes through what `wrap` makes of it.
+  std::shared_ptr<QuorObjectUIO> new_data_object(const std::string& object_type, const RequestWrap& wrap = {});
 
   Company& company() { return company_; }
   const std::string& user() const { return guard_.user(); }
@@ -154,6 +158,7 @@ class Application : public QuorApplication {
   std::vector<std::shared_ptr<QuorHeader>> headers_;  // one instance per loaded library, as long as it is loaded
   std::vector<ShownBox> shown_boxes_;
   std::vector<ShownBox>* held_notices_ = nullptr;  // of the innermost HeldNotices
+  const RequestWrap* wrap_ = nullptr;              // while a data object is made that is wrapped
   std::function<void(const ShownBox&)> box_listener_;
   std::function<void(const ReportData&)> report_listener_;
   std::shared_ptr<const ReportData> shown_report_;

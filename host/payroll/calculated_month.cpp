@@ -110,7 +110,7 @@ class Storing : public MonthTaker {
   bool take_end() override {
     if (!options_.people.empty()) return true;
     if (!note(remove_ended(database_, month_, options_.department, result_.inputs))) return false;
-    return !options_.of_everybody() || note_last_calculation(database_, month_, result_.inputs, user_);
+    return !options_.whom().everybody() || note_last_calculation(database_, month_, result_.inputs, user_);
   }
 
   CalculatedMonth result(bool cancelled) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "host/application/forwarded_requests.h"
 #include "host/company/guid.h"
 #include "host/company/working_days.h"
 #include "host/objects/salary_document.h"
@@ -44,8 +45,34 @@ void read_ahead(Company& company, const Month& month, const MonthInputs& inputs)
     ask(requests::office_employee_settings, quoted(date));
     ask(requests::office_employee_category, "0," + quoted(date));
   }
+  if (inputs.few) return;
   ask(requests::salary_extra_row, quoted("") + "," + quoted(month.last_day()));
   ask(requests::office_employee_experience, kNoParameter);
+}
+
+// Answers of a few people what is asked about everybody; passes on the rest.
+class RequestsOfFew : public ForwardedRequests {
+ public:
+  RequestsOfFew(std::shared_ptr<QuorMainBO> requests, std::shared_ptr<const requests::RowsOfPeople> few)
+      : ForwardedRequests(std::move(requests)), few_(std::move(few)) {}
+
+  MethodResult RunMethod(const std::string& name, const std::string& parameter, std::int32_t flag) override {
+    ParameterText text(parameter);
+    if (name == "GetOfficeEmployeeExperience") return {0, {}, few_->office_employee_experience(text)};
+    if (name == "GetSalaryExtraRow") return {0, {}, few_->salary_extra_row(text)};
+    return ForwardedRequests::RunMethod(name, parameter, flag);
+  }
+
+ private:
+  const std::shared_ptr<const requests::RowsOfPeople> few_;
+};
+
+std::shared_ptr<QuorObjectUIO> new_engine(Application& application, const MonthInputs& inputs, RunWatch* watch) {
+  auto engine = application.new_data_object(kSalaryExtensionType, [&](std::shared_ptr<QuorMainBO> requests) {
+    if (inputs.few) requests = std::make_shared<RequestsOfFew>(std::move(requests), inputs.few);
+    return watch == nullptr ? requests : watch->watch_requests(std::move(requests));
+  });
+  return watch == nullptr ? engine : watch->watch_calls(std::move(engine));
 }
 
 void require(const std::string& fault) {
@@ -65,9 +92,10 @@ std::string row_guid(const MonthDocument& document, const std::string& place) {
 
 }  // namespace
 
-DocumentCalculation::DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs)
+DocumentCalculation::DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs,
+                                         RunWatch* watch)
     : application_(application),
-      engine_(application.new_data_object(kSalaryExtensionType)),
+      engine_(new_engine(application, inputs, watch)),
       salary_document_(std::make_shared<SalaryDocument>(application, application.company())),
       rules_{month, inputs.norm_hours, inputs.basic_time_code, inputs.surcharge_codes, inputs.fault},
       settings_(document_settings(settings_at(application.company(), month.last_day()))) {

@@ -8,6 +8,7 @@
 #include "host/payroll/document_settings.h"
 #include "host/payroll/month_document.h"
 #include "host/payroll/month_inputs.h"
+#include "host/payroll/run_watch.h"
 
 namespace quor {
 
@@ -35,8 +36,10 @@ struct PersonMonth {
 
 class DocumentCalculation {
  public:
-  // Belongs into the snapshot that the inputs are read in. Throws StoreError, PluginError without the engine.
-  DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs);
+  // Belongs into the snapshot that the inputs are read in. It asks an engine of its own, under the eyes of `watch`.
+  // Throws StoreError, PluginError without the engine.
+  DocumentCalculation(Application& application, const Month& month, const MonthInputs& inputs,
+                      RunWatch* watch = nullptr);
 
   // Throws quor::Error with the reason when the person's data do not allow it: an impossible value, no tariff, no
   // category, a failing method or request. What the engine shows meanwhile is that reason; nobody else is shown it.

@@ -1,9 +1,12 @@
 #include "host/payroll/document_store.h"
 
 #include <algorithm>
+#include <map>
+#include <span>
 
 #include "host/company/departments.h"
 #include "host/payroll/closed_month_guard.h"
+#include "host/store/bound_list.h"
 #include "host/store/tables/table_rows.h"
 
 namespace quor {
@@ -143,10 +146,9 @@ std::vector<Write> difference(const std::vector<StoredDocument>& stored, const s
 void remove_documents(Database& database, const std::vector<std::int32_t>& ids) {
   constexpr std::size_t kBatch = 1000;
   for (std::size_t first = 0; first < ids.size(); first += kBatch) {
-    const std::vector<Variant> batch(ids.begin() + static_cast<std::ptrdiff_t>(first),
-                                     ids.begin() + static_cast<std::ptrdiff_t>(std::min(first + kBatch, ids.size())));
-    std::string binds;
-    for (std::size_t i = 0; i < batch.size(); ++i) binds += (i == 0 ? ":p" : ", :p") + std::to_string(i);
+    const std::span<const std::int32_t> part = std::span(ids).subspan(first, std::min(kBatch, ids.size() - first));
+    std::vector<Variant> batch;
+    const std::string binds = bound_list(part, batch);
     for (const char* rows : {"salary_rows WHERE document_id", "time_rows WHERE document_id",
                              "document_positions WHERE document_id", "documents WHERE id"}) {
       database.execute(std::string("DELETE FROM ") + rows + " IN (" + binds + ")", batch);
@@ -212,29 +214,7 @@ void write_documents(Database& database, const Month& month, const std::vector<W
   rows.insert_into(database);
 }
 
-// Answers whether a fault was written or removed.
-bool store_faults(Database& database, const Month& month, const std::vector<PersonFault>& faults, std::int32_t first,
-                  std::int32_t last) {
-  const auto stored = database.read(
-      "SELECT employee_id, reason FROM month_faults WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2"
-      " ORDER BY employee_id",
-      {{"UserID", FieldType::kInt32}, {"Reason", FieldType::kText}}, {month.first_day(), first, last});
-  auto fault = faults.begin();
-  const bool same = stored->RecordCount() == static_cast<std::int64_t>(faults.size()) && [&] {
-    for (; !stored->Eof(); stored->MoveNext(), ++fault) {
-      if (fault->employee != stored->int32({0}) || fault->reason != stored->text({1})) return false;
-    }
-    return true;
-  }();
-  if (same) return false;
-  database.execute("DELETE FROM month_faults WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2",
-                   {month.first_day(), first, last});
-  TableRows rows("month_faults");
-  for (const PersonFault& each : faults) rows.append_row(each.employee, month.first_day(), each.reason);
-  rows.insert_into(database);
-  return true;
-}
-
+// Others may stand between the calculated.
 struct EmployeeRange {
   std::int32_t first = INT32_MAX, last = 0;
 
@@ -244,6 +224,35 @@ struct EmployeeRange {
     for (const PersonFault& fault : calculated.faults) cover(fault.employee);
   }
 };
+
+// Answers whether a fault of one of these people was written or removed; the faults of others stay.
+bool store_faults(Database& database, const Month& month, const CalculatedPeople& calculated,
+                  const EmployeeRange& people) {
+  const auto stored = database.read(
+      "SELECT employee_id, reason FROM month_faults WHERE month = :p0 AND employee_id BETWEEN :p1 AND :p2",
+      {{"UserID", FieldType::kInt32}, {"Reason", FieldType::kText}}, {month.first_day(), people.first, people.last});
+  std::map<std::int32_t, std::string> reasons;
+  for (; !stored->Eof(); stored->MoveNext()) reasons.emplace(stored->int32({0}), stored->text({1}));
+  std::vector<std::int32_t> leaving;
+  for (const MonthDocument& document : calculated.documents) {
+    if (reasons.contains(document.employee)) leaving.push_back(document.employee);
+  }
+  TableRows rows("month_faults");
+  for (const PersonFault& fault : calculated.faults) {
+    const auto found = reasons.find(fault.employee);
+    if (found != reasons.end() && found->second == fault.reason) continue;
+    if (found != reasons.end()) leaving.push_back(fault.employee);
+    rows.append_row(fault.employee, month.first_day(), fault.reason);
+  }
+  if (leaving.empty() && rows.size() == 0) return false;
+  std::vector<Variant> values = {month.first_day()};
+  const std::string binds = bound_list(leaving, values);
+  if (!leaving.empty()) {
+    database.execute("DELETE FROM month_faults WHERE month = :p0 AND employee_id IN (" + binds + ")", values);
+  }
+  rows.insert_into(database);
+  return true;
+}
 
 // The condition on rows of a month's people (columns month and employee_id) that the person is in force no more.
 struct EndedPeople {
@@ -292,7 +301,7 @@ std::optional<ChangedDocuments> store_people(Database& database, const Month& mo
   const auto writes = difference(stored, calculated.documents);
   if (!writes.empty()) store_settings(database, calculated.settings);
   write_documents(database, month, writes);
-  const bool other_faults = store_faults(database, month, calculated.faults, people.first, people.last);
+  const bool other_faults = store_faults(database, month, calculated, people);
   if (!writes.empty() || other_faults) transaction.commit();
   ChangedDocuments changed;
   for (const Write& write : writes) changed.push_back(write.document->employee);

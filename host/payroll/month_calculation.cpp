@@ -1,7 +1,6 @@
 #include "host/payroll/month_calculation.h"
 
 #include <algorithm>
-#include <set>
 
 #include "platform/data/error.h"
 
@@ -25,16 +24,14 @@ World read_world(Application& application, const Month& month, const MonthOption
   company.refresh();  // mends a dropped connection, which cannot be done inside a snapshot
   const Snapshot snapshot(company.database());
   company.refresh();
-  MonthInputs inputs = read_month_inputs(company, month, options.department);
-  if (!options.people.empty()) {
-    const std::set<std::int32_t> chosen(options.people.begin(), options.people.end());
-    std::erase_if(inputs.people, [&](const PersonInput& person) { return !chosen.contains(person.employee); });
-  }
-  DocumentCalculation calculation(application, month, inputs);
+  MonthInputs inputs = read_month_inputs(company, month, options.whom());
+  DocumentCalculation calculation(application, month, inputs, options.watch);
   return {std::move(inputs), std::move(calculation)};
 }
 
-void calculate_person(World& world, const PersonInput& person, CalculatedPeople& part, MonthTaker& taker) {
+void calculate_person(World& world, const PersonInput& person, RunWatch* watch, CalculatedPeople& part,
+                      MonthTaker& taker) {
+  if (watch != nullptr) watch->begin(person);
   try {
     PersonMonth month = world.calculation.calculate(person);
     taker.take(person, month);
@@ -54,7 +51,7 @@ Ending attempt(World world, const MonthOptions& options, MonthTaker& taker) {
     for (; next < last; ++next) {
       cancelled = options.cancelled && options.cancelled();
       if (cancelled) break;
-      calculate_person(world, people[next], part, taker);
+      calculate_person(world, people[next], options.watch, part, taker);
       if (options.progress) {
         options.progress(static_cast<std::int32_t>(next + 1), static_cast<std::int32_t>(people.size()));
       }

@@ -13,17 +13,19 @@
 #include "host/application/application.h"
 #include "host/payroll/document_calculation.h"
 #include "host/payroll/document_store.h"
+#include "host/payroll/run_watch.h"
 
 namespace quor {
 
-// Whom a run is about.
+// Whom a run is about, and who looks on.
 struct MonthOptions {
   std::optional<std::int32_t> department = {};                             // with its sub-departments; none: everybody
   std::vector<std::int32_t> people = {};                                   // these alone; none: everybody
   std::function<void(std::int32_t done, std::int32_t all)> progress = {};  // begins anew with the calculation
   std::function<bool()> cancelled = {};                                    // asked before each person
+  RunWatch* watch = nullptr;                                               // of the engine at work; outlives the run
 
-  bool of_everybody() const { return !department && people.empty(); }
+  Whom whom() const { return {department, people}; }
 };
 
 // Takes the results. A call that answers false has found that the inputs are others by now.

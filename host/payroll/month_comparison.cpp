@@ -9,8 +9,8 @@ namespace {
 
 class Comparing : public MonthTaker {
  public:
-  Comparing(Application& application, const Month& month, std::optional<std::int32_t> department)
-      : database_(application.company().database()), month_(month), department_(department) {}
+  Comparing(Application& application, const Month& month, Whom whom)
+      : database_(application.company().database()), month_(month), whom_(std::move(whom)) {}
 
   void begin(const MonthInputs& inputs) override {
     people_ = &inputs.people;
@@ -36,7 +36,7 @@ class Comparing : public MonthTaker {
   bool take_end() override {
     const Snapshot snapshot(database_);
     if (database_.pay_inputs_count() != result_.inputs) return false;
-    result_.ended = people_who_ended(database_, month_, department_);
+    if (whom_.people.empty()) result_.ended = people_who_ended(database_, month_, whom_.department);
     return true;
   }
 
@@ -63,7 +63,7 @@ class Comparing : public MonthTaker {
 
   Database& database_;
   const Month& month_;
-  const std::optional<std::int32_t> department_;
+  const Whom whom_;
   const std::vector<PersonInput>* people_ = nullptr;  // while they are calculated
   std::shared_ptr<Recordset> alphabet_;
   MonthComparison result_;
@@ -72,7 +72,7 @@ class Comparing : public MonthTaker {
 }  // namespace
 
 MonthComparison compare_month(Application& application, const Month& month, const MonthOptions& options) {
-  Comparing comparing(application, month, options.department);
+  Comparing comparing(application, month, options.whom());
   const bool whole = calculate_people(application, month, options, comparing);
   return comparing.result(!whole);
 }

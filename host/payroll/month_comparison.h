@@ -15,8 +15,9 @@ struct MonthComparison {
   bool cancelled = false;            // the lists end with the people until then
   std::vector<NamedPerson> missing;  // in force without a stored document, at fault or not
   std::vector<NamedPerson> changed;  // whose stored document a calculation would write anew
-  std::vector<NamedPerson> ended;    // in force no more, whose stored document a calculation would remove
-  std::vector<PersonFault> faults;   // who cannot be calculated, whatever document is stored
+  std::vector<NamedPerson>
+      ended;  // in force no more, whose document a calculation would remove; not asked of chosen people
+  std::vector<PersonFault> faults;  // who cannot be calculated, whatever document is stored
 };
 
 // Writes nothing, and asks not whether the month is closed. Throws as calculate_people does.

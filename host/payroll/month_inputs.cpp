@@ -7,6 +7,7 @@
 #include "host/company/time_code.h"
 #include "host/payroll/month_settings.h"
 #include "host/payroll/value_faults.h"
+#include "host/store/bound_list.h"
 
 namespace quor {
 
@@ -42,16 +43,27 @@ void note_date(PersonInput& person, const char* what, const Recordset& rows, Fie
   if (!rows.is_null(field)) note(person, date_fault(what, rows.number(field)));
 }
 
-std::vector<PersonInput> read_people(Database& database, const Month& month, std::optional<std::int32_t> department) {
+// More people are found faster among everybody.
+constexpr std::size_t kFewPeople = 200;
+
+bool few(const Whom& whom) { return !whom.people.empty() && whom.people.size() <= kFewPeople; }
+
+// The condition that rows are of the few; "" for more people.
+std::string and_of_few(const Whom& whom, const char* employee, std::vector<Variant>& values) {
+  return few(whom) ? std::string(" AND ") + employee + " IN (" + bound_list(whom.people, values) + ")" : "";
+}
+
+std::vector<PersonInput> read_people(Database& database, const Month& month, const Whom& whom) {
   std::string sql =
       "SELECT e.id, e.name, p.id, p.contract_guid || p.norm_guid, p.share, p.date_from, p.date_to FROM positions p"
       " JOIN employees e ON e.id = p.employee_id"
       " WHERE p.date_from <= :p0 AND (p.date_to IS NULL OR p.date_to >= :p1)";
   std::vector<Variant> values = {month.last_day(), month.first_day()};
-  if (department) {
+  if (whom.department) {
     sql += " AND " + in_department("e.department_id", ":p2");
-    values.push_back(*department);
+    values.emplace_back(*whom.department);
   }
+  sql += and_of_few(whom, "e.id", values);
   const auto rows = database.read(sql + " ORDER BY e.id, p.date_from, p.id", kPositionFields, values);
   const FieldHandle user = rows->handle("UserID"), name = rows->handle("Name"), id = rows->handle("ID"),
                     key = rows->handle("Key"), share = rows->handle("Share"), from = rows->handle("DateFrom"),
@@ -85,10 +97,12 @@ void give_to_people(std::vector<PersonInput>& people, Recordset& rows, const Add
   }
 }
 
-void read_worked_time(Database& database, const Month& month, std::vector<PersonInput>& people) {
-  const auto rows = database.read(
-      "SELECT employee_id, time_code_id, hours, day FROM worked_time WHERE month = :p0 ORDER BY employee_id, id",
-      kWorkedFields, {month.first_day()});
+void read_worked_time(Database& database, const Month& month, const Whom& whom, std::vector<PersonInput>& people) {
+  std::vector<Variant> values = {month.first_day()};
+  const std::string of_few = and_of_few(whom, "employee_id", values);
+  const auto rows = database.read("SELECT employee_id, time_code_id, hours, day FROM worked_time WHERE month = :p0" +
+                                      of_few + " ORDER BY employee_id, id",
+                                  kWorkedFields, values);
   const FieldHandle code = rows->handle("TimeCode"), hours = rows->handle("Hours"), day = rows->handle("Day");
   const NumberRange days{month.first_day().serial(), month.last_day().serial()};
   give_to_people(people, *rows, [&](PersonInput& person) {
@@ -105,13 +119,15 @@ void read_worked_time(Database& database, const Month& month, std::vector<Person
   });
 }
 
-void read_charges(Database& database, const Month& month, std::vector<PersonInput>& people) {
+void read_charges(Database& database, const Month& month, const Whom& whom, std::vector<PersonInput>& people) {
+  std::vector<Variant> values = {month.last_day(), month.first_day()};
+  const std::string of_few = and_of_few(whom, "employee_id", values);
   const auto rows = database.read(
       "SELECT employee_id, id, sum_a, percentage, salary_extra_oid, salary_code_id, date_from, date_to"
       " FROM extra_charges"
-      " WHERE (date_from IS NULL OR date_from <= :p0) AND (date_to IS NULL OR date_to >= :p1)"
-      " ORDER BY employee_id, id",
-      kChargeFields, {month.last_day(), month.first_day()});
+      " WHERE (date_from IS NULL OR date_from <= :p0) AND (date_to IS NULL OR date_to >= :p1)" +
+          of_few + " ORDER BY employee_id, id",
+      kChargeFields, values);
   const FieldHandle id = rows->handle("ID"), sum = rows->handle("SumA"), percentage = rows->handle("Percentage"),
                     extra = rows->handle("ExtraOID"), code = rows->handle("SalaryCode"),
                     from = rows->handle("DateFrom"), to = rows->handle("DateTo");
@@ -126,15 +142,20 @@ void read_charges(Database& database, const Month& month, std::vector<PersonInpu
 }
 
 // Of the lengths of service, which the engine reads itself, those that cannot be right.
-void find_impossible_service(Database& database, std::vector<PersonInput>& people) {
+void find_impossible_service(Database& database, const Whom& whom, std::vector<PersonInput>& people) {
+  std::vector<Variant> values = {static_cast<std::int32_t>(kServiceYears.low),
+                                 static_cast<std::int32_t>(kServiceYears.high),
+                                 static_cast<std::int32_t>(kServiceMonths.low),
+                                 static_cast<std::int32_t>(kServiceMonths.high),
+                                 first_stored_date(),
+                                 last_stored_date()};
+  const std::string of_few = and_of_few(whom, "employee_id", values);
   const auto rows = database.read(
       "SELECT employee_id, date_experience, experience_years, experience_months FROM experience"
-      " WHERE experience_years < :p0 OR experience_years > :p1 OR experience_months < :p2 OR experience_months > :p3"
-      " OR date_experience < :p4 OR date_experience > :p5 ORDER BY employee_id",
-      kServiceFields,
-      {static_cast<std::int32_t>(kServiceYears.low), static_cast<std::int32_t>(kServiceYears.high),
-       static_cast<std::int32_t>(kServiceMonths.low), static_cast<std::int32_t>(kServiceMonths.high),
-       first_stored_date(), last_stored_date()});
+      " WHERE (experience_years < :p0 OR experience_years > :p1 OR experience_months < :p2 OR experience_months > :p3"
+      " OR date_experience < :p4 OR date_experience > :p5)" +
+          of_few + " ORDER BY employee_id",
+      kServiceFields, values);
   const FieldHandle date{1}, years{2}, months{3};
   give_to_people(people, *rows, [&](PersonInput& person) {
     note_date(person, "tarnybos stažo data", *rows, date);
@@ -149,23 +170,38 @@ std::int32_t basic_code_of(Database& database) {
   return code->RecordCount() > 0 ? code->field("CodeID").to_int32() : 0;
 }
 
+std::shared_ptr<Recordset> read_alphabet(Database& database, const Whom& whom) {
+  std::vector<Variant> values;
+  const std::string of_few = and_of_few(whom, "id", values);
+  return database.read("SELECT id FROM employees WHERE 1 = 1" + of_few + " ORDER BY sort_key, id",
+                       {{"ID", FieldType::kInt32}}, values);
+}
+
+// Of everybody who was read.
+void leave_chosen(std::vector<PersonInput>& people, const Whom& whom) {
+  if (whom.people.empty()) return;
+  const std::set<std::int32_t> chosen(whom.people.begin(), whom.people.end());
+  std::erase_if(people, [&](const PersonInput& person) { return !chosen.contains(person.employee); });
+}
+
 }  // namespace
 
-MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department) {
+MonthInputs read_month_inputs(Company& company, const Month& month, const Whom& whom) {
   Database& database = company.database();
-  if (department) require_department(company, *department);
+  if (whom.department) require_department(company, *whom.department);
   MonthSettings settings = read_month_settings(database, month);
-  MonthInputs inputs{
-      .count = database.pay_inputs_count(),
-      .norm_hours = norm_hours(database, month),
-      .basic_time_code = basic_code_of(database),
-      .surcharge_codes = std::move(settings.surcharge_codes),
-      .fault = std::move(settings.fault),
-      .people = read_people(database, month, department),
-      .alphabet = database.read("SELECT id FROM employees ORDER BY sort_key, id", {{"ID", FieldType::kInt32}})};
-  read_worked_time(database, month, inputs.people);
-  read_charges(database, month, inputs.people);
-  find_impossible_service(database, inputs.people);
+  MonthInputs inputs{.count = database.pay_inputs_count(),
+                     .norm_hours = norm_hours(database, month),
+                     .basic_time_code = basic_code_of(database),
+                     .surcharge_codes = std::move(settings.surcharge_codes),
+                     .fault = std::move(settings.fault),
+                     .people = read_people(database, month, whom),
+                     .alphabet = read_alphabet(database, whom),
+                     .few = few(whom) ? std::make_shared<requests::RowsOfPeople>(database, whom.people) : nullptr};
+  leave_chosen(inputs.people, whom);
+  read_worked_time(database, month, whom, inputs.people);
+  read_charges(database, month, whom, inputs.people);
+  find_impossible_service(database, whom, inputs.people);
   if (inputs.fault.empty())
     inputs.fault = value_fault("mėnesio " + month.text() + " norma", inputs.norm_hours, kMonthNorm);
   return inputs;

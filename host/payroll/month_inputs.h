@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/company/company.h"
+#include "host/requests/rows_of_people.h"
 #include "platform/data/month.h"
 
 namespace quor {
@@ -44,6 +45,14 @@ struct PersonInput {
   std::string fault = {};  // the stored value for which the person cannot be calculated; "" without one
 };
 
+// Whom a calculation is about.
+struct Whom {
+  std::optional<std::int32_t> department = {};  // with its sub-departments; none: everybody
+  std::vector<std::int32_t> people = {};        // these alone; none: everybody
+
+  bool everybody() const { return !department && people.empty(); }
+};
+
 struct MonthInputs {
   std::int64_t count;  // the state that all of it is of, see Database::pay_inputs_count
   double norm_hours;
@@ -51,11 +60,14 @@ struct MonthInputs {
   std::set<std::int32_t> surcharge_codes;  // time codes that the settings in force list
   std::string fault;                       // for which nobody can be calculated; "" without one
   std::vector<PersonInput> people;         // by employee ID
-  std::shared_ptr<Recordset> alphabet;     // ID: every employee of the company, in alphabetical order
+  std::shared_ptr<Recordset> alphabet;     // ID: at least these people, in alphabetical order
+  // Of a few chosen people: what the engine is to find of them where it asks about everybody. Null for more.
+  std::shared_ptr<const requests::RowsOfPeople> few;
 };
 
-// Everybody with a position in force on a day of the month, of `department` with its sub-departments or of all.
-// Belongs into a Snapshot. A fixed number of statements. Throws StoreError, and quor::Error for an unknown department.
-MonthInputs read_month_inputs(Company& company, const Month& month, std::optional<std::int32_t> department);
+// Who of them has a position in force on a day of the month. Belongs into a Snapshot. A fixed number of statements;
+// a few chosen people cost the same in a company of any size. Throws StoreError, and quor::Error for an unknown
+// department.
+MonthInputs read_month_inputs(Company& company, const Month& month, const Whom& whom);
 
 }  // namespace quor

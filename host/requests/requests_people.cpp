@@ -2,7 +2,8 @@
 #include "frame/contract/open_bounds.h"
 #include "host/company/readable_columns.h"
 #include "host/company/row_copy.h"
-#include "host/requests/requests.h"
+#include "host/requests/rows_of_people.h"
+#include "host/store/bound_list.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
 #include "platform/data/quoted_text.h"
@@ -46,16 +47,52 @@ const std::vector<FieldInfo> kPositionFields = {{"ID", FieldType::kInt32},
                                                 {"DateFrom", FieldType::kDate},
                                                 {"DateTo", FieldType::kDate}};
 
-// All positions, read once for a month of requests that each ask for one; the rows of one key by date.
+using People = std::vector<std::int32_t>;
+
+// The condition on an employee's rows that they are of one of these; all for null.
+std::string of_people(const People* people, std::vector<Variant>& values) {
+  return people == nullptr ? "" : " WHERE employee_id IN (" + bound_list(*people, values) + ")";
+}
+
+// The rows of one key by date.
+Answer read_positions(Database& database, const People* people) {
+  std::vector<Variant> values = {kSalaryExtensionType};
+  const std::string whose = of_people(people, values);
+  return database.read(
+      "SELECT id, :p0 || CAST(id AS TEXT), contract_guid, norm_guid, constant_type_id, category_id, share,"
+      " contract_guid || norm_guid, " +
+          readable_date("date_from") + ", " + readable_date("date_to") + " FROM positions" + whose +
+          " ORDER BY positions.date_from, id",
+      kPositionFields, values);
+}
+
+// All positions, read once for a month of requests that each ask for one.
 Answer positions(Company& company) {
-  return company.kept("Positions", [&] {
-    return company.database().read(
-        "SELECT id, :p0 || CAST(id AS TEXT), contract_guid, norm_guid, constant_type_id, category_id, share,"
-        " contract_guid || norm_guid, " +
-            readable_date("date_from") + ", " + readable_date("date_to") +
-            " FROM positions ORDER BY positions.date_from, id",
-        kPositionFields, {kSalaryExtensionType});
-  });
+  return company.kept("Positions", [&] { return read_positions(company.database(), nullptr); });
+}
+
+Answer read_experience(Database& database, const People* people) {
+  std::vector<Variant> values;
+  const std::string whose = of_people(people, values);
+  return database.read("SELECT employee_id, " + readable_date("date_experience") + ", " +
+                           readable_service("experience_years") + ", " + readable_service("experience_months") +
+                           " FROM experience" + whose + " ORDER BY employee_id",
+                       kExperienceFields, values);
+}
+
+// Of all positions the one of the key that is in force at the date.
+Answer position_in_force(Recordset& all, ParameterText& parameter) {
+  const std::string key = parameter.text();
+  const Date date = parameter.date();
+  parameter.end();
+  const auto of_key = all.Clone();
+  of_key->Filter("Key = " + quoted(key) + " AND DateFrom <= #" + date_text(date) + "#");
+  const FieldHandle date_to = of_key->handle("DateTo");
+  // Rows stand by date: the last one that has begun is in force, unless it has ended.
+  if (of_key->RecordCount() > 0) of_key->MoveLast();
+  const bool in_force =
+      of_key->RecordCount() > 0 && (of_key->is_null(date_to) || of_key->field(date_to).to_date() >= date);
+  return current_row_only(*of_key, in_force);
 }
 
 }  // namespace
@@ -74,15 +111,7 @@ Answer employees(Company& company, ParameterText& parameter) {
 
 Answer office_employee_experience(Company& company, ParameterText& parameter) {
   parameter.none();
-  return company
-      .kept("OfficeEmployeeExperience",
-            [&] {
-              return company.database().read("SELECT employee_id, " + readable_date("date_experience") + ", " +
-                                                 readable_service("experience_years") + ", " +
-                                                 readable_service("experience_months") +
-                                                 " FROM experience ORDER BY employee_id",
-                                             kExperienceFields);
-            })
+  return company.kept("OfficeEmployeeExperience", [&] { return read_experience(company.database(), nullptr); })
       ->Clone();
 }
 
@@ -118,17 +147,7 @@ Answer personal_extra_charges(Company& company, ParameterText& parameter) {
 }
 
 Answer salary_extra_row(Company& company, ParameterText& parameter) {
-  const std::string key = parameter.text();
-  const Date date = parameter.date();
-  parameter.end();
-  const auto of_key = positions(company)->Clone();
-  of_key->Filter("Key = " + quoted(key) + " AND DateFrom <= #" + date_text(date) + "#");
-  const FieldHandle date_to = of_key->handle("DateTo");
-  // Rows stand by date: the last one that has begun is in force, unless it has ended.
-  if (of_key->RecordCount() > 0) of_key->MoveLast();
-  const bool in_force =
-      of_key->RecordCount() > 0 && (of_key->is_null(date_to) || of_key->field(date_to).to_date() >= date);
-  return current_row_only(*of_key, in_force);
+  return position_in_force(*positions(company), parameter);
 }
 
 Answer salary_extra_row_by_id(Company& company, ParameterText& parameter) {
@@ -136,6 +155,18 @@ Answer salary_extra_row_by_id(Company& company, ParameterText& parameter) {
   parameter.date();
   parameter.end();
   return rows_that_pass(*positions(company), "ID = " + std::to_string(id));
+}
+
+RowsOfPeople::RowsOfPeople(Database& database, const People& people)
+    : experience_(read_experience(database, &people)), positions_(read_positions(database, &people)) {}
+
+Answer RowsOfPeople::office_employee_experience(ParameterText& parameter) const {
+  parameter.none();
+  return experience_->Clone();
+}
+
+Answer RowsOfPeople::salary_extra_row(ParameterText& parameter) const {
+  return position_in_force(*positions_, parameter);
 }
 
 }  // namespace quor::requests

@@ -11,6 +11,7 @@
 #include "host/company/readable_columns.h"
 #include "host/requests/position_salary.h"
 #include "host/requests/requests.h"
+#include "host/store/bound_list.h"
 #include "host/store/sort_key.h"
 #include "host/store/tables/value_ranges.h"
 #include "platform/data/column.h"
@@ -171,14 +172,9 @@ std::string sum_of(std::int16_t type, const std::string& condition = "") {
 // That the time row of `r` has one of the codes, bound from `values.size()` on.
 std::string and_has_code(const std::vector<std::int32_t>& codes, std::vector<Variant>& values) {
   if (codes.empty()) return " AND 1 = 0";
-  std::string binds;
-  for (const std::int32_t code : codes) {
-    binds += (binds.empty() ? ":p" : ", :p") + std::to_string(values.size());
-    values.emplace_back(code);
-  }
   return " AND EXISTS (SELECT 1 FROM time_rows t WHERE t.document_id = r.document_id AND t.guid = r.time_row_guid"
          " AND t.time_code_id IN (" +
-         binds + "))";
+         bound_list(codes, values) + "))";
 }
 
 }  // namespace

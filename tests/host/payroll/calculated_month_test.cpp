@@ -167,6 +167,9 @@ TEST_P(CalculatedMonthTest, OnePersonsFaultIsKeptAndTheOthersGoOn) {
   EXPECT_EQ(rows_in("month_faults"), 2);
 
   change("UPDATE positions SET category_id = :p0", {category_});
+  const auto healed = given_person("Dalia");
+  EXPECT_EQ(calculate("2008-01", {.people = {ill, healed}}).faults.size(), 0U);
+  EXPECT_EQ(rows_in("month_faults"), 1);  // of who stands between them
   change("UPDATE experience SET experience_years = 1");
   EXPECT_EQ(calculate().faults.size(), 0U);
   EXPECT_EQ(rows_in("month_faults"), 0);
@@ -174,7 +177,7 @@ TEST_P(CalculatedMonthTest, OnePersonsFaultIsKeptAndTheOthersGoOn) {
   EXPECT_EQ(calculate("2004-12").all, 0);
   change("UPDATE positions SET date_from = :p0", {day("2004.01.01")});
   const CalculatedMonth none = calculate("2004-12");
-  ASSERT_EQ(none.faults.size(), 3U);
+  ASSERT_EQ(none.faults.size(), 4U);
   EXPECT_EQ(none.faults[2].reason, "nėra valstybės tarnautojų nustatymų datai 2004.12.31");
 }
 
