@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "host/application/application.h"
+#include "host/insight/recorded_call.h"
 #include "platform/data/month.h"
 
 namespace quor {
@@ -41,24 +41,6 @@ struct ExplainedAmount {
   bool warns = false;                        // a limit that is exceeded
 };
 
-// A request that the engine made, and the row at which it stood when its method had ended.
-struct RecordedRequest {
-  std::string name;                                       // "GetSalaryConstants"
-  std::string parameter;                                  // "'2008.01.31'"
-  std::string failure;                                    // its Message; "" when it answered
-  std::vector<std::pair<std::string, Variant>> row = {};  // field and value; empty when it stood on none
-};
-
-// A call of the engine by name.
-struct RecordedCall {
-  std::string method;
-  std::vector<std::string> parameters;  // as text; what has no text by its kind
-  std::int32_t code = 0;
-  std::string message;
-  std::string value;                      // as text; of a record set its row, "Field=value" each
-  std::vector<RecordedRequest> requests;  // in order
-};
-
 // How the stored document of the month stands beside the calculation that is explained.
 enum class DocumentState { kSame, kMissing, kDifferent };
 
@@ -71,7 +53,7 @@ struct Explanation {
   std::vector<ExplainedAmount> amounts = {};  // positions, service, supplements, surcharges, limits, the total
   std::string fault = {};                     // why the person cannot be calculated; there are no amounts then
   std::vector<std::string> refused = {};      // amounts whose restatement is not what was calculated: not shown
-  std::vector<RecordedCall> calls = {};
+  std::vector<RecordedCall> calls = {};       // of the engine, about the person
 };
 
 // Calculates the person's month without storing it and explains it. Throws StoreError; PluginError; quor::Error when

@@ -46,14 +46,15 @@ SurchargeSteps restate_surcharge(double tariff, double factor, double hours) {
   return {.rate = tariff * factor, .sum = round_half_up(tariff * factor * hours, 2)};
 }
 
-WorkedPartSteps restate_worked_part(Date from, Date to, double norm, double month_hours, double day_hours,
+WorkedPartSteps restate_worked_part(Date from, Date to, double norm, const std::vector<HoursOfTime>& worked,
                                     double share) {
   const Month month = Month::of(from);
   WorkedPartSteps steps{};
   steps.days = working_days(from, to);
   steps.all_days = working_days(month.first_day(), month.last_day());
   const double in_force = static_cast<double>(steps.days) / steps.all_days;
-  steps.hours = month_hours * in_force + day_hours;
+  if (worked.empty()) steps.hours = norm * in_force;
+  for (const HoursOfTime& each : worked) steps.hours += each.of_month ? each.hours * in_force : each.hours;
   steps.part = steps.hours / norm;
   steps.multiplier = steps.part == 1 ? share : share * steps.part;
   return steps;

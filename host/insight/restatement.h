@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/data/date.h"
 
@@ -44,6 +45,10 @@ struct SurchargeSteps {
 SurchargeSteps restate_surcharge(double tariff, double factor, double hours);
 
 // The worked part of a position's month. Hours of the whole month are spread over its working days.
+struct HoursOfTime {
+  double hours;
+  bool of_month;  // else of a day
+};
 struct WorkedPartSteps {
   std::int32_t days;      // working days of the position within the month
   std::int32_t all_days;  // working days of the month
@@ -51,9 +56,9 @@ struct WorkedPartSteps {
   double part;            // of the norm
   double multiplier;      // of the month's salary: the share, or the share by the part
 };
-// `from` and `to` are the position's days, cut to one month; `month_hours` stand for the whole month, `day_hours` on
-// days of the position.
-WorkedPartSteps restate_worked_part(Date from, Date to, double norm, double month_hours, double day_hours,
+// `from` and `to` are the position's days, cut to one month. `worked` is the basic time of the month and of days of the
+// position, in the order in which it is stored; nothing is the norm.
+WorkedPartSteps restate_worked_part(Date from, Date to, double norm, const std::vector<HoursOfTime>& worked,
                                     double share);
 
 }  // namespace quor
