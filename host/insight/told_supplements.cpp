@@ -13,7 +13,8 @@ void PayTeller::tell_service() {
   ExplainedAmount service{
       .what = "Tarnybos stažas", .value = std::to_string(month_.service_years) + " m.", .number = 0};
   service.number = month_.service_years;
-  if (read == nullptr || read->row.empty()) {
+  // Where the search finds nobody, the engine is left standing at somebody else.
+  if (read == nullptr || null_to_int32(read->row["UserID"]) != person_.employee) {
     Words(service).say(": neįrašytas");
     take(std::move(service), 0);
   } else {
@@ -40,7 +41,7 @@ void PayTeller::tell_percentage(std::int32_t years) {
   ExplainedAmount percentage{.what = "Priedo už tarnybos stažą procentas",
                              .value = percentage_text(month_.supplement_percentage),
                              .number = month_.supplement_percentage};
-  if (read == nullptr || read->row.empty()) {
+  if (read == nullptr || read->row["RowGUID"].is_null()) {
     Words(percentage).say(": skalėje nėra eilutės, į kurią patenka " + std::to_string(years) + " m.");
     take(std::move(percentage), 0);
     return;
