@@ -11,6 +11,7 @@
 #include "host/console/copy_commands.h"
 #include "host/console/desktop_command.h"
 #include "host/console/exchange_commands.h"
+#include "host/console/insight_commands.h"
 #include "host/console/program_files.h"
 #include "host/console/report_commands.h"
 #include "host/store/addresses.h"
@@ -26,6 +27,7 @@ constexpr char kPreview[] = "preview";
 constexpr char kPrint[] = "print";
 constexpr char kMonth[] = "month";
 constexpr char kExport[] = "export";
+constexpr char kExplain[] = "explain";
 
 // The parser takes a word in brackets for a list, divides it at its commas and calls itself for every level. Here such
 // a word is a word: it travels behind this sign.
@@ -130,16 +132,18 @@ void add_common_options(CLI::App& app, quor::CommonOptions& options) {
       ->envname("QUOR_PLUGIN");
   app.add_option("--user", options.user, "naudotojo vardas")->envname("QUOR_USER");
   app.add_option("--today", options.today, "diena vietoj šiandienos, pvz., 2008.01.31");
-  app.add_option(
-      "--format", options.format,
-      "table, csv, csv-semicolon (skaičiuoklei) arba json; preview ir print dar pdf; preview, print ir month dar xlsx");
+  app.add_option("--format", options.format,
+                 "table, csv, csv-semicolon (skaičiuoklei) arba json; sąrašai ir lapeliai dar pdf ir xlsx");
   app.add_option("--output", options.output, "failas, į kurį rašomas rezultatas");
 }
 
 void check_format(const quor::CommonOptions& options, const std::string& command) {
   std::vector<std::string> formats = {"table", "csv", "csv-semicolon", "json"};
-  if (command == kPreview || command == kPrint) formats.emplace_back("pdf");
-  if (command == kPreview || command == kPrint || command == kMonth) formats.emplace_back("xlsx");
+  const auto is_one_of = [&](std::initializer_list<const char*> some) {
+    return std::find(some.begin(), some.end(), command) != some.end();
+  };
+  if (is_one_of({kPreview, kPrint, kExplain})) formats.emplace_back("pdf");
+  if (is_one_of({kPreview, kPrint, kExplain, kMonth})) formats.emplace_back("xlsx");
   if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) {
     for (const auto& [format, kind] : {std::pair("pdf", "PDF"), std::pair("xlsx", "XLSX")}) {
       if (options.format != format || !options.output.empty()) continue;
@@ -193,6 +197,7 @@ struct AllWords {
   quor::RestoreCommand restore;
   quor::PreviewCommand preview;
   quor::PrintCommand print;
+  quor::ExplainCommand explain;
   quor::DesktopCommand desktop;
 };
 
@@ -230,6 +235,13 @@ void add_report_commands(CLI::App& app, AllWords& words, const quor::CommonOptio
 
   CLI::App& print = add_command(app, kPrint, "atspausdina sąrašą", words.print, options, command);
   print.add_option("SĄRAŠAS", words.print.what, "sąrašo vardas, pvz., categories")->required();
+}
+
+void add_insight_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
+  CLI::App& explain =
+      add_command(app, kExplain, "paaiškina, iš kur kiekviena žmogaus mėnesio suma", words.explain, options, command);
+  explain.add_option("MĖNUO", words.explain.month, "mėnuo, pvz., 2008-01")->required();
+  explain.add_option("DARBUOTOJAS", words.explain.employee, "darbuotojo numeris arba pavardė")->required();
 }
 
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {
@@ -279,6 +291,7 @@ int main(int argc, char** argv) {
   Command command;
   add_commands(app, words, options, command);
   add_report_commands(app, words, options, command);
+  add_insight_commands(app, words, options, command);
   add_exchange_commands(app, words, options, command);
   add_copy_commands(app, words, options, command);
   try {

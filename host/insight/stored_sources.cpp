@@ -112,10 +112,10 @@ std::string StoredSources::text(const std::string& sql, const std::vector<Varian
 }
 
 std::string StoredSources::charge_name(std::int32_t id) const {
-  const std::string code =
-      text("SELECT s.name FROM extra_charges e JOIN salary_codes s ON s.id = e.salary_code_id WHERE e.id = :p0", {id});
-  const std::string comment = text("SELECT comment FROM extra_charges WHERE id = :p0", {id});
-  return code + (code.empty() || comment.empty() ? "" : ", ") + comment;
+  return text(
+      "SELECT COALESCE(s.name, e.comment) FROM extra_charges e LEFT JOIN salary_codes s ON s.id = e.salary_code_id"
+      " WHERE e.id = :p0",
+      {id});
 }
 
 std::string StoredSources::time_code_name(std::int32_t code) const {

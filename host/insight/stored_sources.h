@@ -31,7 +31,7 @@ class StoredSources {
   // None when the month has no norm of its own.
   std::optional<StoredSource> norm(const Month& month) const;
 
-  // What a charge is called: its salary code's name and its comment; "" for neither.
+  // What a charge is called: its salary code's name, without one its comment; "" for neither.
   std::string charge_name(std::int32_t id) const;
   // "VD Viršvalandžiai"; the number of a code that is gone.
   std::string time_code_name(std::int32_t code) const;

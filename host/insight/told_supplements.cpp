@@ -67,10 +67,8 @@ void PayTeller::tell_charge(const ChargeInput& charge) {
   const double paid = row == document_.salary_rows.end() ? 0 : row->sum;
   const bool by_service = names_type(charge.salary_extra_oid);
   const std::string name = sources_.charge_name(charge.id);
-  ExplainedAmount amount{.what = (by_service ? "Priedas už tarnybos stažą" : "Priedas") +
-                                 (name.empty() ? std::string() : " (" + name + ")"),
-                         .value = amount_text(paid),
-                         .number = paid};
+  const char* const usual = by_service ? "Priedas už tarnybos stažą" : "Priedas";
+  ExplainedAmount amount{.what = name.empty() ? usual : name, .value = amount_text(paid), .number = paid};
   ExplainedAmount stored{.what = "nurodyta suma",
                          .value = amount_text(charge.sum),
                          .number = charge.sum,
@@ -91,7 +89,8 @@ void PayTeller::tell_charge(const ChargeInput& charge) {
   Words words(amount);
   words.say(" = pagrindas " + amount_text(base_) + " x ");
   if (by_service) words.say(percentage_text(percentage) + ", ");
-  words.link(std::move(stored));
+  const std::string mention = by_service ? "" : stored.value + since;
+  words.link(std::move(stored), mention);
   if (general_text(steps.product) != general_text(steps.sum))
     words.say(" = " + general_text(steps.product) + ", suapvalinta");
   take_paid(std::move(amount), steps.sum);

@@ -1,0 +1,59 @@
+// The commands that explain and look ahead, run as a person runs them.
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "tests/support/running.h"
+
+namespace quor {
+namespace {
+
+class InsightProgramTest : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_EQ(quor({"init", "--employees", "30"}).status, 0); }
+  Outcome quor(const std::vector<std::string>& words) { return run_quor(folder_.path(""), words); }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(InsightProgramTest, ExplainsWhatTheMonthCalculates) {
+  const Outcome before = quor({"explain", "2008-01", "3"});
+  EXPECT_EQ(before.status, 0);
+  EXPECT_EQ(before.err, "Mėnesio 2008.01 dokumento nėra: rodoma, kas būtų apskaičiuota dabar.\n");
+  const auto month = nlohmann::json::parse(quor({"month", "2008-01", "--format", "json"}).out);
+  const Outcome explained = quor({"explain", "2008-01", "3", "--format", "json"});
+  EXPECT_EQ(explained.err, "");
+  const auto explanation = nlohmann::json::parse(explained.out);
+  EXPECT_EQ(explanation["document"], "same");
+  int found = 0;
+  for (const auto& row : month["rows"]) {
+    if (row[0] != explanation["person"]) continue;
+    ++found;
+    EXPECT_EQ(explanation["amounts"].back()["number"], row[12]);
+    EXPECT_EQ(explanation["amounts"][0]["number"], row[5]);
+  }
+  EXPECT_EQ(found, 1);
+  EXPECT_EQ(explanation["calls"][0]["method"], "GetSalaryComponents");
+  EXPECT_EQ(explanation["calls"][0]["requests"].back()["row"]["Factor"],
+            explanation["amounts"][0]["inputs"][1]["number"]);
+
+  const std::string person = explanation["person"];
+  EXPECT_EQ(quor({"explain", "2008-01", person}).out.find(person + ", 2008.01\nPareiginė alga"), 0U);
+  EXPECT_EQ(quor({"explain", "2008-01", "3", "--format", "pdf", "--output", "lapelis.pdf"}).status, 0);
+  struct Slip {
+    std::vector<std::string> words;
+    int status;
+    const char* text;
+  };
+  const Slip kSlips[] = {{{"explain", "2008-01", "Zzz"}, 2, "nėra darbuotojo „Zzz“"},
+                         {{"explain", "2008-01", "999"}, 1, "Nėra darbuotojo, kurio numeris 999."},
+                         {{"explain", "1950-01", "3"}, 1, "mėnesį 1950.01 pareigų neturi"},
+                         {{"explain", "2008-13", "3"}, 2, "2008-13"}};
+  for (const Slip& slip : kSlips) {
+    const Outcome outcome = quor(slip.words);
+    EXPECT_EQ(outcome.status, slip.status) << slip.text;
+    EXPECT_NE(outcome.err.find(slip.text), std::string::npos) << outcome.err;
+  }
+}
+
+}  // namespace
+}  // namespace quor
