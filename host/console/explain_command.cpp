@@ -7,11 +7,9 @@
 #include "host/console/insight_commands.h"
 #include "host/console/json_values.h"
 #include "host/console/session.h"
+#include "host/console/written_reports.h"
 #include "host/insight/explanation.h"
 #include "host/insight/pay_slip.h"
-#include "host/report/report_pdf.h"
-#include "host/report/report_text.h"
-#include "host/report/report_xlsx.h"
 #include "host/store/object_codes.h"
 
 namespace quor {
@@ -122,14 +120,8 @@ void write(const Explanation& explanation, Application& application, const Commo
     out << to_json(explanation).dump() << '\n';
     return;
   }
-  const auto slip = std::make_shared<ReportData>(pay_slip(explanation, office_name(application.company().database())));
-  if (options.format == "pdf") {
-    out << report_pdf({slip}, application.Today(), application.Title());
-  } else if (options.format == "xlsx") {
-    out << report_xlsx({slip}, application.Today());
-  } else {
-    out << csv_text(*slip, *csv_style_named(options.format));
-  }
+  const std::string office = office_name(application.company().database());
+  write_reports({std::make_shared<ReportData>(pay_slip(explanation, office))}, options, application, out);
 }
 
 }  // namespace
@@ -139,7 +131,7 @@ ExitStatus run(const ExplainCommand& command, const CommonOptions& options, std:
   Session session(options);
   Application& application = session.application();
   application.guard().require_view(kSalaryExtensionType);
-  if (options.format == "pdf") {
+  if (options.format == kPdfFormat) {
     application.guard().require_right(UserRight::kPrint, kSalaryExtensionType, "spausdinti atsiskaitymo lapelių");
   }
   const Explanation explanation = explain(application, month, employee_of(session, command.employee));

@@ -1,7 +1,9 @@
-// The commands that explain and look ahead: `quor explain`.
+// The commands that explain and look ahead.
 #pragma once
 
+#include <cstdint>
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "host/console/call.h"
@@ -13,6 +15,13 @@ struct ExplainCommand {
   std::string employee;  // the ID, the key, or the name or how it begins
 };
 
+struct RoomCommand {
+  std::string month;
+  std::optional<std::int32_t> department;
+  bool by_department = false;
+};
+
 ExitStatus run(const ExplainCommand& command, const CommonOptions& options, std::ostream& out);
+ExitStatus run(const RoomCommand& command, const CommonOptions& options, std::ostream& out);
 
 }  // namespace quor

@@ -28,6 +28,7 @@ constexpr char kPrint[] = "print";
 constexpr char kMonth[] = "month";
 constexpr char kExport[] = "export";
 constexpr char kExplain[] = "explain";
+constexpr char kRoom[] = "room";
 
 // The parser takes a word in brackets for a list, divides it at its commas and calls itself for every level. Here such
 // a word is a word: it travels behind this sign.
@@ -142,8 +143,8 @@ void check_format(const quor::CommonOptions& options, const std::string& command
   const auto is_one_of = [&](std::initializer_list<const char*> some) {
     return std::find(some.begin(), some.end(), command) != some.end();
   };
-  if (is_one_of({kPreview, kPrint, kExplain})) formats.emplace_back("pdf");
-  if (is_one_of({kPreview, kPrint, kExplain, kMonth})) formats.emplace_back("xlsx");
+  if (is_one_of({kPreview, kPrint, kExplain, kRoom})) formats.emplace_back("pdf");
+  if (is_one_of({kPreview, kPrint, kExplain, kRoom, kMonth})) formats.emplace_back("xlsx");
   if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) {
     for (const auto& [format, kind] : {std::pair("pdf", "PDF"), std::pair("xlsx", "XLSX")}) {
       if (options.format != format || !options.output.empty()) continue;
@@ -198,6 +199,7 @@ struct AllWords {
   quor::PreviewCommand preview;
   quor::PrintCommand print;
   quor::ExplainCommand explain;
+  quor::RoomCommand room;
   quor::DesktopCommand desktop;
 };
 
@@ -242,6 +244,12 @@ void add_insight_commands(CLI::App& app, AllWords& words, const quor::CommonOpti
       add_command(app, kExplain, "paaiškina, iš kur kiekviena žmogaus mėnesio suma", words.explain, options, command);
   explain.add_option("MĖNUO", words.explain.month, "mėnuo, pvz., 2008-01")->required();
   explain.add_option("DARBUOTOJAS", words.explain.employee, "darbuotojo numeris arba pavardė")->required();
+
+  CLI::App& room =
+      add_command(app, kRoom, "parodo, kiek dar galima skirti neviršijant ribų", words.room, options, command);
+  room.add_option("MĖNUO", words.room.month, "mėnuo, pvz., 2008-01")->required();
+  room.add_option("--department", words.room.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
+  room.add_flag("--by-department", words.room.by_department, "ne žmonių, o padalinių sąrašas");
 }
 
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {

@@ -3,8 +3,8 @@
 
 #include "host/console/commands.h"
 #include "host/console/json_values.h"
-#include "host/console/progress_bar.h"
 #include "host/console/session.h"
+#include "host/console/watched_run.h"
 #include "host/payroll/calculated_month.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/month_state.h"
@@ -45,18 +45,11 @@ void write_titled(Recordset& rows, const std::vector<TextColumnLayout>& columns,
 
 ExitStatus calculate(const Month& month, const MonthCommand& command, const CommonOptions& options, std::ostream& out) {
   Session session(options);
-  CalculatedMonth calculated;
-  {
-    const InterruptScope interrupt;
-    ProgressBar bar;
-    calculated = calculate_month(session.application(), month,
-                                 {.department = command.department,
-                                  .progress = [&](std::int32_t done, std::int32_t all) { bar.show(done, all); },
-                                  .cancelled = InterruptScope::interrupted});
-  }
+  const CalculatedMonth calculated = watched_run(command.department, [&](const MonthOptions& watched) {
+    return calculate_month(session.application(), month, watched);
+  });
   write_titled(*calculated.rows, month_columns(), "Mėnuo " + month.text(), options, session.application(), out);
-  for (const PersonFault& fault : calculated.faults)
-    std::cerr << "quor: " << fault.person << ": " << fault.reason << '\n';
+  tell_faults(calculated.faults);
   std::cerr << (calculated.cancelled ? "Nutraukta. " : "") << "Apskaičiuota žmonių: " << calculated.done << " iš "
             << calculated.all << "; pakeista dokumentų: " << calculated.changed
             << "; klaidų: " << calculated.faults.size() << "; viršija ribą: " << calculated.over_limit << ".\n";

@@ -3,18 +3,14 @@
 #include "host/console/report_commands.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <iostream>
-#include <unistd.h>
 
 #include "host/application/menu_places.h"
 #include "host/company/departments.h"
 #include "host/console/department_lists.h"
 #include "host/console/session.h"
+#include "host/console/written_reports.h"
 #include "host/payroll/month_state.h"
-#include "host/report/report_pdf.h"
-#include "host/report/report_text.h"
-#include "host/report/report_xlsx.h"
 #include "host/store/object_codes.h"
 #include "platform/data/month.h"
 #include "platform/data/quoted_text.h"
@@ -25,8 +21,6 @@
 namespace quor {
 
 namespace {
-
-constexpr char kPdf[] = "pdf", kXlsx[] = "xlsx";
 
 // A user's act on the application. When it showed a box that tells of a failure, the command has failed.
 template <typename Act>
@@ -123,34 +117,6 @@ Reports reports_of(Session& session, OpenPreview& preview, const Month& month, s
                              [&](std::int32_t id) { return preview.report(id); });
 }
 
-bool to_terminal(const CommonOptions& options) {
-  return options.output.empty() && isatty(STDOUT_FILENO) == 1 && std::getenv("NO_COLOR") == nullptr;
-}
-
-// Several reports: tables one below the other, CSV lines under one head, JSON a report a line, PDF page behind page,
-// XLSX a sheet a report.
-void write_reports(const Reports& reports, const CommonOptions& options, Application& application, std::ostream& out) {
-  if (options.format == kPdf) {
-    out << report_pdf(reports, application.Today(), application.Title());
-    return;
-  }
-  if (options.format == kXlsx) {
-    out << report_xlsx(reports, application.Today());
-    return;
-  }
-  bool first = true;
-  for (const auto& report : reports) {
-    if (options.format == "json") {
-      out << json_text(*report);
-    } else if (const auto style = csv_style_named(options.format)) {
-      out << (first ? csv_text(*report, *style) : csv_lines(*report, *style));
-    } else {
-      out << (first ? "" : "\n") << table_text(*report, {.wrapped_heads = true, .colours = to_terminal(options)});
-    }
-    first = false;
-  }
-}
-
 }  // namespace
 
 ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std::ostream& out) {
@@ -158,7 +124,7 @@ ExitStatus run(const PreviewCommand& command, const CommonOptions& options, std:
   Session session(options);
   Application& application = session.application();
   const CalledEntry called_preview = called(application, MenuPurpose::kPreview, command.kind, "nežinoma peržiūra");
-  if (options.format != kPdf) application.read_reports_on_screen();
+  if (options.format != kPdfFormat) application.read_reports_on_screen();
   if (command.department) require_department(application.company(), *command.department);
   const std::string state = month_state_line(month_state(application, month));
   if (!state.empty()) std::cerr << state << '\n';

@@ -150,7 +150,7 @@ std::optional<std::int32_t> MonthEditor::chosen_department() const {
 void MonthEditor::read() {
   const auto department = chosen_department();
   people_ = pay_of_month(application_, month_, department);
-  show_departments(lvwDepartments, by_department(people_));
+  show_departments(lvwDepartments, people_);
   show_differences(lvwDifferences,
                    pay_differences(pay_of_month(application_, month_before(month_), department), people_));
 }

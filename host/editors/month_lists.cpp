@@ -1,7 +1,10 @@
 #include "host/editors/month_lists.h"
 
+#include <map>
+
 #include "frame/contract/host_types.h"
 #include "frame/contract/object_key.h"
+#include "host/insight/room_of_month.h"
 #include "platform/data/number_text.h"
 
 namespace quor {
@@ -9,6 +12,7 @@ namespace quor {
 namespace {
 
 constexpr int kMoneyWidth = 100;
+constexpr std::size_t kRoomColumn = 6, kCheckColumn = 7, kOverColumn = 7;
 
 ListColumn money_column(const char* key, const char* caption) {
   return {.key = key, .caption = caption, .width = kMoneyWidth, .alignment = CellAlignment::kRight};
@@ -66,6 +70,7 @@ std::vector<ListColumn> people_columns() {
           money_column("Supplements", "Priedai"),
           money_column("Surcharges", "Priemokos"),
           money_column("Total", "Iš viso"),
+          money_column("Room", "Dar galima"),
           {.key = "Check", .caption = "Patikra", .width = 260}};
 }
 
@@ -78,12 +83,16 @@ void show_people(ListView& list, const std::vector<PersonPay>& people, MonthShow
     if (!is_shown(person, show, changed)) continue;
     const std::size_t row = list.add_row(person.name, object_key(kEmployeeType, person.employee));
     list.set_text(row, 1, person.department);
-    if (person.has_document) show_pay(list, row, 2, person.pay);
-    list.set_text(row, 6, verdict(person));
+    if (person.has_document) {
+      show_pay(list, row, 2, person.pay);
+      const RoomLeft left = room_left(person.pay, person.limits);
+      list.set_text(row, kRoomColumn, room_text(left.both, left.over));
+    }
+    list.set_text(row, kCheckColumn, verdict(person));
     const bool at_fault = !person.fault.empty();
     if (person.over_limit || at_fault) {
       list.set_colour(row, 0, CellColour::kRed);
-      list.set_colour(row, 6, CellColour::kRed);
+      list.set_colour(row, kCheckColumn, CellColour::kRed);
     }
   }
 }
@@ -95,28 +104,37 @@ std::vector<ListColumn> department_columns() {
           money_column("Supplements", "Priedai"),
           money_column("Surcharges", "Priemokos"),
           money_column("Total", "Iš viso"),
+          money_column("Room", "Dar galima"),
           {.key = "OverLimit", .caption = "Virš ribos", .width = 80, .alignment = CellAlignment::kRight}};
 }
 
-void show_departments(ListView& list, const std::vector<DepartmentPay>& departments) {
+void show_departments(ListView& list, const std::vector<PersonPay>& people) {
   const ListView::BulkChange bulk(list);
   list.clear();
+  std::map<std::string, DepartmentRoom> room_of;
+  for (const PersonPay& person : people) {
+    if (person.has_document) room_of[person.department].add(room_left(person.pay, person.limits));
+  }
   DepartmentPay all{.department = "Iš viso"};
-  const auto add = [&](const DepartmentPay& department) {
+  DepartmentRoom all_room;
+  const auto add = [&](const DepartmentPay& department, const DepartmentRoom& room) {
     const std::size_t row = list.add_row(department.department);
     list.set_text(row, 1, std::to_string(department.people));
     show_pay(list, row, 2, department.pay);
+    list.set_text(row, kRoomColumn, money_text(room.both));
     if (department.over_limit == 0) return;
-    list.set_text(row, 6, std::to_string(department.over_limit));
-    list.set_colour(row, 6, CellColour::kRed);
+    list.set_text(row, kOverColumn, std::to_string(department.over_limit));
+    list.set_colour(row, kOverColumn, CellColour::kRed);
   };
-  for (const DepartmentPay& department : departments) {
-    add(department);
+  for (const DepartmentPay& department : by_department(people)) {
+    const DepartmentRoom& room = room_of[department.department];
+    add(department, room);
     all.people += department.people;
     all.over_limit += department.over_limit;
     all.pay += department.pay;
+    all_room += room;
   }
-  if (!departments.empty()) add(all);
+  if (!people.empty()) add(all, all_room);
 }
 
 std::vector<ListColumn> difference_columns() {

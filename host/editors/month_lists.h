@@ -20,8 +20,8 @@ void show_people(ListView& list, const std::vector<PersonPay>& people, MonthShow
                  const std::set<std::int32_t>& changed);
 
 std::vector<ListColumn> department_columns();
-// With a last row of all sums.
-void show_departments(ListView& list, const std::vector<DepartmentPay>& departments);
+// The people by department, with a last row of all sums.
+void show_departments(ListView& list, const std::vector<PersonPay>& people);
 
 std::vector<ListColumn> difference_columns();
 // Who joined, left or is paid another sum, and a last row of all differences.

@@ -1,10 +1,12 @@
 #include "host/editors/personal_charge_editor.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "frame/contract/open_bounds.h"
 #include "host/editors/entered_values.h"
 #include "host/editors/record_saving.h"
+#include "host/payroll/latest_month.h"
 #include "host/store/database.h"
 #include "host/store/object_codes.h"
 #include "platform/data/number_text.h"
@@ -32,11 +34,12 @@ PersonalChargeEditor::PersonalChargeEditor(QuorApplication& application, QuorObj
   for (TextBox* box : {&txtSum, &txtPercentage}) {
     box->on_enter = [box] { box->select(0, character_count(box->text())); };
     box->on_key = [](char32_t key) { return key == U'.' ? U',' : key; };
+    box->on_change = [this] { show_room(); };
   }
   cmdWrite.on_click = [this] { write(); };
   cmdCancel.on_click = [this] { close(); };
   set_layout(column({field("Galioja nuo", txtDateFrom), field("Galioja iki", txtDateTo), lvwKind, field("Suma", txtSum),
-                     field("Procentas", txtPercentage), lvwSalaryCodes, field("Pastaba", txtComment),
+                     field("Procentas", txtPercentage), lblRoom, lvwSalaryCodes, field("Pastaba", txtComment),
                      row({cmdWrite, cmdCancel})}));
 }
 
@@ -52,6 +55,7 @@ void PersonalChargeEditor::opening() {
     lvwKind.add_row(kind);
   }
   show_charge();
+  measure();
   show_kind();
   shown_ = shown();
 }
@@ -65,6 +69,32 @@ std::string PersonalChargeEditor::shown() const {
 void PersonalChargeEditor::show_kind() {
   txtSum.set_enabled(kind() == kSum);
   txtPercentage.set_enabled(kind() == kPercentage);
+  show_room();
+}
+
+// In the month that was calculated last, or in which the charge begins where that is later.
+void PersonalChargeEditor::measure() {
+  auto* const application = dynamic_cast<Application*>(&application_);
+  room_.reset();
+  if (application == nullptr || !application->HasRight(UserRight::kView, kSalaryExtensionType, 0)) return;
+  const Fields fields = charge_.Fields();
+  Month month = latest_month(application->company().database()).value_or(Month::of(application->Today()));
+  const Variant from = fields["DateFrom"].Value();
+  if (!from.is_null()) month = std::max(month, Month::of(from.to_date()));
+  try {
+    room_ = room_for_charge(*application, month, null_to_int32(fields["PersonalID"].Value()),
+                            id_of_key(charge_.OIDR()).value_or(0));
+  } catch (const std::exception& failure) {  // a charge can be edited without knowing
+    lblRoom.set_caption(failure.what());
+  }
+}
+
+void PersonalChargeEditor::show_room() {
+  if (!room_) return;
+  const auto typed = [](const TextBox& box) { return try_parse_number(box.text()).value_or(0); };
+  const double percentage = kind() == kLengthOfService ? room_->service_percentage : typed(txtPercentage);
+  const double sum = kind() == kSum ? typed(txtSum) : round_half_up(room_->pay.base * percentage / 100, 2);
+  lblRoom.set_caption(room_for_charge_text(*room_, sum));
 }
 
 void PersonalChargeEditor::write() {

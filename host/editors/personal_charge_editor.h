@@ -3,9 +3,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "frame/contract/quor_application.h"
+#include "host/insight/room_for_charge.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/form.h"
 #include "platform/toolkit/list_view.h"
@@ -20,6 +22,7 @@ class PersonalChargeEditor : public Form {
   ListView lvwKind{*this, "lvwKind", {{.key = "", .caption = "Priedas skiriamas", .width = 260}}};  // by its row
   TextBox txtSum{*this, "txtSum"};
   TextBox txtPercentage{*this, "txtPercentage"};
+  Label lblRoom{*this, "lblRoom"};  // what the limits leave for it, and whether it goes over them
   ListView lvwSalaryCodes{
       *this,
       "lvwSalaryCodes",
@@ -44,6 +47,8 @@ class PersonalChargeEditor : public Form {
   void opening() override;
 
   void show_kind();
+  void measure();
+  void show_room();
   void write();
 
   void show_charge();
@@ -55,8 +60,9 @@ class PersonalChargeEditor : public Form {
   QuorApplication& application_;
   QuorObjectUIO& charge_;
   std::shared_ptr<Recordset> salary_codes_;
-  Kind read_kind_ = kSum;  // as it was when the dialog was opened
-  std::string shown_;      // what stood in the fields then
+  std::optional<RoomForCharge> room_;  // none for a user who may not see pay
+  Kind read_kind_ = kSum;              // as it was when the dialog was opened
+  std::string shown_;                  // what stood in the fields then
   bool stored_ = false;
 };
 

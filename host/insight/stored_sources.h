@@ -9,8 +9,9 @@
 #include <optional>
 #include <string>
 
-#include "host/insight/explanation.h"
+#include "host/insight/explained_amount.h"
 #include "host/store/database.h"
+#include "platform/data/month.h"
 
 namespace quor {
 

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "host/insight/explanation.h"
+#include "host/insight/explained_amount.h"
+#include "host/insight/recorded_call.h"
 #include "host/insight/stored_sources.h"
 #include "host/payroll/document_calculation.h"
 

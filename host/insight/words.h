@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/insight/explanation.h"
+#include "host/insight/explained_amount.h"
 
 namespace quor {
 

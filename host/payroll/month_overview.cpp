@@ -43,9 +43,11 @@ std::string people_of(std::optional<std::int32_t> department, std::vector<Varian
 std::vector<PersonPay> read_people(Database& database, const std::string& condition,
                                    const std::vector<Variant>& values) {
   const auto rows = database.read(
-      "SELECT e.id, e.sort_key, e.name, dep.name, d.id, d.check_code, d.check_message, f.reason FROM employees e"
+      "SELECT e.id, e.sort_key, e.name, dep.name, d.id, d.check_code, d.check_message, f.reason,"
+      " s.extra_charge_percentage, s.surcharge_percentage, s.total_charge_percentage FROM employees e"
       " LEFT JOIN documents d ON d.employee_id = e.id AND d.month = :p0"
       " LEFT JOIN month_faults f ON f.employee_id = e.id AND f.month = :p0"
+      " LEFT JOIN document_settings s ON s.guid = d.settings_guid AND s.line = 1"
       " LEFT JOIN departments dep ON dep.id = e.department_id"
       " WHERE (d.id IS NOT NULL OR f.reason IS NOT NULL)" +
           condition + " ORDER BY e.sort_key, e.id",
@@ -56,7 +58,10 @@ std::vector<PersonPay> read_people(Database& database, const std::string& condit
        {"Document", FieldType::kInt32},
        {"Code", FieldType::kInt32},
        {"Message", FieldType::kText},
-       {"Fault", FieldType::kText}},
+       {"Fault", FieldType::kText},
+       {"Supplements", FieldType::kDouble},
+       {"Surcharges", FieldType::kDouble},
+       {"Both", FieldType::kDouble}},
       values);
   std::vector<PersonPay> people;
   for (; !rows->Eof(); rows->MoveNext()) {
@@ -66,6 +71,7 @@ std::vector<PersonPay> read_people(Database& database, const std::string& condit
                       .department = std::string(rows->text({3})),
                       .has_document = !rows->is_null({4}),
                       .over_limit = rows->int32({5}) == kOverLimit,
+                      .limits = {rows->number({8}), rows->number({9}), rows->number({10})},
                       .check = std::string(rows->text({6})),
                       .fault = std::string(rows->text({7}))});
   }

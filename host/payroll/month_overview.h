@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "host/application/application.h"
+#include "host/payroll/document_limits.h"
 #include "platform/data/month.h"
 
 namespace quor {
@@ -36,8 +37,9 @@ struct PersonPay {
   bool has_document = false;
   Pay pay = {};
   bool over_limit = false;
-  std::string check;  // what the check of the document said; "" of one within the limits
-  std::string fault;  // why the last calculation left the person out; "" when it did not
+  ChargeLimits limits = {};  // that the document was held to
+  std::string check;         // what the check of the document said; "" of one within the limits
+  std::string fault;         // why the last calculation left the person out; "" when it did not
 };
 
 // Everybody with a document of the month or a fault in it, in alphabetical order; of the department with those below

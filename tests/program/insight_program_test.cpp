@@ -55,5 +55,22 @@ TEST_F(InsightProgramTest, ExplainsWhatTheMonthCalculates) {
   }
 }
 
+TEST_F(InsightProgramTest, ShowsWhatMayStillBeGiven) {
+  const auto people = nlohmann::json::parse(quor({"room", "2008-01", "--format", "json"}).out);
+  const auto departments = nlohmann::json::parse(quor({"room", "2008-01", "--by-department", "--format", "json"}).out);
+  const auto cents = [](const nlohmann::json& cell) {
+    std::string digits = cell;
+    std::erase(digits, ',');
+    return std::stol(digits);
+  };
+  long sum = 0;
+  for (const auto& line : people["lines"]) {
+    if (line[9].get<std::string>().find("virš") == std::string::npos) sum += cents(line[9]);
+  }
+  EXPECT_GT(sum, 0);
+  EXPECT_EQ(cents(departments["lines"].back()[6]), sum);
+  EXPECT_EQ(quor({"room", "2008-01", "--department", "77"}).status, 1);
+}
+
 }  // namespace
 }  // namespace quor

@@ -110,6 +110,31 @@ TEST_P(EmployeeCardTest, ANewPersonIsWrittenAndGetsAPositionWithoutAnyID) {
   EXPECT_EQ(card->lvwPositions.colour(0), CellColour::kGreyText) << "it does not hold yet";
 }
 
+TEST_P(EmployeeCardTest, AChargeTellsWhatTheLimitsLeaveWhileItIsTyped) {
+  company_.database().execute("UPDATE settings SET extra_charge_percentage = 10");
+  const auto person = company_.given_employee("Pirmoji");
+  company_.given_position({.employee = person, .category = 1});
+  company_.given_time_codes();
+  company_.given_charge(person, kNull, kNull, 26.0);
+  const auto card = open("O04001001");
+  const std::string free = "2008.01: pagrindas 1260,00, priedams dar galima ";
+  next<PersonalChargeEditor>([&](PersonalChargeEditor& dialog) {
+    dialog.lvwKind.select(PersonalChargeEditor::kSum);
+    type_over(dialog.txtSum, "100");
+    EXPECT_EQ(dialog.lblRoom.caption(), free + "100,00 (7,94 %)");
+    type_over(dialog.txtSum, "100,01");
+    EXPECT_EQ(dialog.lblRoom.caption(), free + "100,00 (7,94 %) – šis priedas 100,01 ribą viršytų 0,01!");
+    dialog.lvwKind.select(PersonalChargeEditor::kPercentage);
+    type_over(dialog.txtPercentage, "8");
+    EXPECT_EQ(dialog.lblRoom.caption(), free + "100,00 (7,94 %) – šis priedas 100,80 ribą viršytų 0,80!");
+  });
+  card->cmdNewCharge.click();
+  next<PersonalChargeEditor>([&](PersonalChargeEditor& dialog) {
+    EXPECT_EQ(dialog.lblRoom.caption(), free + "126,00 (10,00 %)") << "without the charge itself";
+  });
+  card->lvwCharges.double_click(0);
+}
+
 TEST_P(EmployeeCardTest, APositionIsChangedCopiedEndedAndDeleted) {
   const auto person = company_.given_employee("Pirmoji");
   company_.given_position({.employee = person, .category = 1, .constant_type = 1, .to = day("2008.01.15")});

@@ -30,7 +30,8 @@ class MonthEditorTest : public testing::TestWithParam<Backend> {
     ada_ = person("Ada", staff, "2005.01.01");
     benas_ = person("Benas", branch, "2005.01.01", day("2008.01.31"));
     cilė_ = person("Cilė", branch, "2008.02.01");
-    company_.database().execute("UPDATE settings SET extra_charge_percentage = 10");
+    company_.database().execute(
+        "UPDATE settings SET extra_charge_percentage = 10, surcharge_percentage = 20, total_charge_percentage = 25");
     touch();
   }
   TestApplication& application() { return company_.application(); }
@@ -86,7 +87,7 @@ TEST_P(MonthEditorTest, CalculatesAllADepartmentOrTheChosenAndShowsWhatIsWrong) 
   EXPECT_EQ(editor->lblSummary.caption(),
             "Apskaičiuota žmonių: 2 iš 2; pakeista dokumentų: 1; viršija ribą: 1; klaidų: 0.");
   EXPECT_EQ(names(editor->lvwPeople), "Ada! Benas");
-  EXPECT_EQ(line(editor->lvwPeople, 1), "Benas;Skyrius;1260,00;;;1260,00;");
+  EXPECT_EQ(line(editor->lvwPeople, 1), "Benas;Skyrius;1260,00;;;1260,00;315,00;");
   const struct {
     MonthShow show;
     const char* expected;
@@ -96,7 +97,8 @@ TEST_P(MonthEditorTest, CalculatesAllADepartmentOrTheChosenAndShowsWhatIsWrong) 
     EXPECT_EQ(names(editor->lvwPeople), c.expected);
   }
   EXPECT_EQ(shown(editor->lvwDepartments),
-            "Skyrius;1;1260,00;;;1260,00; | Ūkis;1;1260,00;200,00;;1460,00;1 | Iš viso;2;2520,00;200,00;;2720,00;1");
+            "Skyrius;1;1260,00;;;1260,00;315,00; | Ūkis;1;1260,00;200,00;;1460,00;;1 | Iš "
+            "viso;2;2520,00;200,00;;2720,00;315,00;1");
   EXPECT_EQ(editor->chtFund.data().series[1].values[0], std::optional(200.0));
 
   // The chosen alone: whoever else changed stays out of date, and whoever has left by now stays in his document.
@@ -112,7 +114,7 @@ TEST_P(MonthEditorTest, CalculatesAllADepartmentOrTheChosenAndShowsWhatIsWrong) 
             "Nepažymėtas nė vienas žmogus: pažymėkite langelius prie pavardžių.");
   editor->lvwPeople.check(0);
   editor->cmdCalculateChosen.click();
-  EXPECT_EQ(shown(editor->lvwPeople), "Ada;Ūkis;630,00;;;630,00; | Benas;Skyrius;1260,00;;;1260,00;");
+  EXPECT_EQ(shown(editor->lvwPeople), "Ada;Ūkis;630,00;;;630,00;157,50; | Benas;Skyrius;1260,00;;;1260,00;315,00;");
   EXPECT_EQ(state(*editor), "2008.01: po skaičiavimo pakeista duomenų (1 žmogaus), testuotoja");
 }
 

@@ -1,9 +1,8 @@
-#include "host/insight/told_pay.h"
+#include "host/insight/pay_teller.h"
 
 #include <array>
 
 #include "frame/contract/over_limit.h"
-#include "host/insight/pay_teller.h"
 #include "platform/data/number_text.h"
 
 namespace quor {
