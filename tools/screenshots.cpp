@@ -105,6 +105,15 @@ void take_dated_values(MainWindow& window, Pictures& pictures) {
   pictures.take_window("month_norms_editor");
 }
 
+// Why a person's sums are what they are, beside the list of people.
+void take_explanation(MainWindow& window, Pictures& pictures) {
+  window.show_type(kEmployeeType);
+  window.list()->focus_list();
+  window.explanation().toggle();
+  pictures.take_window("explanation");
+  window.explanation().toggle();
+}
+
 // A card with every page of it, and the dialog of a position.
 void take_person(MainWindow& window, Pictures& pictures) {
   window.show_type(kEmployeeType);
@@ -212,6 +221,7 @@ void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
   Pictures pictures(window, folder);
   pictures.take_window("main_window");
   take_editors(window, pictures);
+  take_explanation(window, pictures);
   take_person(window, pictures);
   take_dated_values(window, pictures);
   take_previews(application, window, pictures);

@@ -17,7 +17,7 @@ ExplainedAmount PayTeller::tariff(const char* what, const RecordedCall& call, do
   const RecordedRequest* const settings = call.request("GetOfficeEmployeeSettings");
   if (settings != nullptr && !settings->row.empty()) {
     const Date from = null_to_date(settings->row["DateFrom"]);
-    Words(amount).keep({.what = "parinkta nustatymuose",
+    Words(amount).keep({.what = "bazinė alga parinkta nustatymuose",
                         .value = from_text(from),
                         .source = sources_.settings(null_to_int32(settings->row["ID"]), from)});
   }

@@ -26,6 +26,9 @@ namespace quor {
 class FormLayout;
 class PassingMenu;
 
+// What a window offers for a row of any list, by the row's tag.
+using RowEntries = std::function<std::vector<ListEntry>(const std::string& tag)>;
+
 class FormView : public QWidget, private FormActs {
  public:
   enum class Place {
@@ -59,6 +62,8 @@ class FormView : public QWidget, private FormActs {
   std::function<void()> on_acted;
   std::function<void()> on_keystroke;
   std::function<void(ButtonRole)> on_pressed;
+  // Asked for the menu of a row.
+  RowEntries row_entries;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

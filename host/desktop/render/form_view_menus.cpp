@@ -69,13 +69,15 @@ void FormView::right_click(ListView& list, std::optional<std::size_t> row, const
   if (acts_ > 0) return;
   const QPointer<FormView> self(this);
   menu_place_ = place;
-  list_entries_ = own;
+  list_entries_ = row && row_entries ? row_entries(list.tag(*row)) : std::vector<ListEntry>();
+  list_entries_.insert(list_entries_.end(), own.begin(), own.end());
+  const std::vector<ListEntry> entries = list_entries_;
   command([&] { list.right_click(row); });
   if (!self || released_ || acts_ > 0) return;
   const auto opened = [](const PopupMenu* menu) { return menu->is_open(); };
   if (std::any_of(menus_.begin(), menus_.end(), opened)) return;
   list_entries_.clear();
-  if (!own.empty()) show_entries(place, own);
+  if (!entries.empty()) show_entries(place, entries);
 }
 
 void FormView::show_entries(const QPoint& place, const std::vector<ListEntry>& entries) {

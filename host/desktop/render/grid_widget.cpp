@@ -137,6 +137,15 @@ void GridWidget::step(int rows, int columns) {
   if (cell.isValid()) setCurrentIndex(cell);
 }
 
+// F2 leads into the cell, whatever it does in the window.
+bool GridWidget::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_F2) {
+    event->accept();
+    return true;
+  }
+  return QTableView::event(event);
+}
+
 void GridWidget::keyPressEvent(QKeyEvent* event) {
   if (!obeys(*event)) QTableView::keyPressEvent(event);
 }

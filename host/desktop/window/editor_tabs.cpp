@@ -80,6 +80,7 @@ void EditorTabs::open(std::shared_ptr<Form> form, const std::string& object, con
   view->save_lists_by([this, view](const ShownTable& table, TableFormat kind) {
     ask_and_save_table(table, kind, application_.Today(), view);
   });
+  view->row_entries = row_entries_;
   scrolled->setWidget(view);
   MonthBand* const band = make_band(*form, *view, tab);
   auto* const column = new QVBoxLayout(tab);

@@ -38,6 +38,8 @@ class EditorTabs : public QTabWidget {
   void show_titles();
   // What bands above previews say from now on of a month.
   void say_of_months(MonthLine line) { month_line_ = std::move(line); }
+  // What the menu of a row offers beside what form and list do, by the row's tag.
+  void offer_for_rows(RowEntries entries) { row_entries_ = std::move(entries); }
   // Something may have been written: the band in front is asked again, the others when they come to the front.
   void refresh_band();
 
@@ -71,6 +73,7 @@ class EditorTabs : public QTabWidget {
   const int fixed_;  // tabs that stay
   std::vector<Editor> editors_;
   MonthLine month_line_;
+  RowEntries row_entries_;
   int written_ = 0;  // objects since the start
 };
 

@@ -27,7 +27,8 @@ namespace quor {
 
 namespace {
 
-constexpr char kGeometry[] = "window/geometry", kAcross[] = "window/across", kLeft[] = "window/left";
+constexpr char kGeometry[] = "window/geometry", kAcross[] = "window/across", kLeft[] = "window/left",
+               kExplains[] = "window/explains";
 
 QWidget* titled(const QString& title, QWidget* pane) {
   auto* const box = new QWidget;
@@ -53,6 +54,8 @@ MainWindow::MainWindow(DesktopApplication& application, const std::string& addre
       lists_(new QStackedWidget),
       tabs_(new EditorTabs(application, lists_, nullptr)),
       beside_(new EditorTabs(application, nullptr, nullptr)),
+      explanation_(new ExplanationPane(
+          application, [this] { return in_sight(); }, nullptr)),
       company_(new QLabel),
       user_(new QLabel),
       month_(new QLabel) {
@@ -89,9 +92,10 @@ void MainWindow::add_panes() {
   across_->addWidget(left_);
   across_->addWidget(tabs_);
   across_->addWidget(beside_);
+  across_->addWidget(explanation_);
   across_->setStretchFactor(1, 1);
   across_->setStretchFactor(2, 1);
-  across_->setSizes({290, 900, 900});
+  across_->setSizes({290, 900, 900, 360});
   across_->setChildrenCollapsible(false);
   setCentralWidget(across_);
   for (QLabel* label : {company_, user_, month_}) {
@@ -105,6 +109,7 @@ void MainWindow::add_panes() {
   restoreGeometry(settings.value(kGeometry).toByteArray());
   across_->restoreState(settings.value(kAcross).toByteArray());
   left_->restoreState(settings.value(kLeft).toByteArray());
+  explanation_->setVisible(settings.value(kExplains, false).toBool());
 }
 
 void MainWindow::listen() {
@@ -113,6 +118,10 @@ void MainWindow::listen() {
   explorer_->on_entry = [this](const MenuPlace& place, const MenuEntry& entry) { carry_out(place, entry); };
   explorer_->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, false); };
   desk_top_->on_want = want;
+  explanation_->on_open = [this](const std::string& key) { carry_out(place_of_object(key), MenuPurpose::kOpen); };
+  for (EditorTabs* const tabs : all_tabs()) {
+    tabs->offer_for_rows([this](const std::string& key) { return person_entries(key); });
+  }
   desk_top_->on_menu = [this](const MenuPlace& place, const QPoint& at) { show_menu(place, at, true); };
   desk_top_->on_remove = [this](const std::string& key) { take_off_desk_top(key); };
   application_.on_desk_top(
@@ -154,7 +163,9 @@ void MainWindow::show_type(const std::string& object_type) {
       auto* const made = new ObjectListPane(application_, object_type, lists_);
       made->on_want = [this](const MenuPlace& place, MenuPurpose purpose) { carry_out(place, purpose); };
       made->on_menu = [this, made](const MenuPlace& place, const QPoint& at) {
-        show_menu(place, at, false, made->entries());
+        std::vector<ListEntry> own = person_entries(place.object);
+        for (ListEntry& entry : made->entries()) own.push_back(std::move(entry));
+        show_menu(place, at, false, own);
       };
       lists_->addWidget(made);
       pane = made;
@@ -175,6 +186,7 @@ void MainWindow::object_changed(const std::string& object_type) {
       tabs->show_titles();
       tabs->refresh_band();
     }
+    explanation_->refresh();
     show_status();
   });
 }
@@ -189,6 +201,7 @@ void MainWindow::refresh_all() {
       tabs->show_titles();
       tabs->refresh_band();
     }
+    explanation_->refresh();
     show_status();
   });
 }
@@ -271,6 +284,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   settings.setValue(kGeometry, saveGeometry());
   settings.setValue(kAcross, across_->saveState());
   settings.setValue(kLeft, left_->saveState());
+  settings.setValue(kExplains, explanation_->isVisible());
   QMainWindow::closeEvent(event);
 }
 

@@ -12,6 +12,7 @@
 #include "host/desktop/window/company_menu.h"
 #include "host/desktop/window/desk_top_pane.h"
 #include "host/desktop/window/editor_tabs.h"
+#include "host/desktop/window/explanation_pane.h"
 #include "host/desktop/window/explorer_tree.h"
 #include "host/desktop/window/object_list_pane.h"
 
@@ -32,6 +33,7 @@ class MainWindow : public QMainWindow {
   EditorTabs& tabs_beside() { return *beside_; }
   DeskTopPane& desk_top() { return *desk_top_; }
   ExplorerTree& explorer() { return *explorer_; }
+  ExplanationPane& explanation() { return *explanation_; }
   // The list in front; null before the first one was read.
   ObjectListPane* list() const;
 
@@ -74,6 +76,8 @@ class MainWindow : public QMainWindow {
   // Those in which the focus is.
   EditorTabs& tabs_in_use() const;
   std::string person_in_sight() const;
+  ExplanationPane::Sight in_sight() const;
+  std::vector<ListEntry> person_entries(const std::string& key);
   void open_person();
   bool close_all_tabs();
   void put_on_desk_top(const std::string& object, const std::shared_ptr<Form>& editor);
@@ -99,6 +103,7 @@ class MainWindow : public QMainWindow {
   QStackedWidget* lists_;
   EditorTabs* tabs_;
   EditorTabs* beside_;
+  ExplanationPane* explanation_;
   std::map<std::string, ObjectListPane*> panes_;  // by type, once shown
   QLabel* company_;
   QLabel* user_;

@@ -4,6 +4,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "host/company/month_keys.h"
 #include "host/company/person_of.h"
 #include "host/desktop/answers/report_preview.h"
 #include "host/desktop/edge/mnemonics.h"
@@ -12,6 +13,7 @@
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/registered_icons.h"
 #include "host/store/object_codes.h"
+#include "platform/toolkit/date_picker.h"
 
 namespace quor {
 
@@ -103,6 +105,9 @@ void MainWindow::add_window_menu() {
     if (list() != nullptr) list()->focus_list();
   });
   menu.addAction("&Darbuotojo kortelė", QKeySequence(Qt::Key_F4), this, [this] { open_person(); });
+  menu.addAction("&Kodėl tiek?", QKeySequence(Qt::Key_F2), this, [this] {
+    if (QApplication::activeModalWidget() == nullptr) explanation_->toggle();
+  });
   menu.addAction("Už&verti kortelę", QKeySequence(Qt::CTRL | Qt::Key_W), this,
                  [this] { tabs_in_use().close_tab(tabs_in_use().currentIndex()); });
   menu.addAction("Užverti &visas korteles", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_W), this,
@@ -124,6 +129,29 @@ std::string MainWindow::person_in_sight() const {
     if (std::string person = person_of(application_.company(), key); !person.empty()) return person;
   }
   return "";
+}
+
+// A preview's, a month's, worked time's or a card's month is that of the window.
+ExplanationPane::Sight MainWindow::in_sight() const {
+  ExplanationPane::Sight sight{.person = person_in_sight(), .month = {}};
+  const FormView* const view = tabs_in_use().current_view();
+  if (view == nullptr) return sight;
+  const std::string subject = view->form().subject();
+  for (const char* type : {kMonthType, kWorkedTimeType}) {
+    if (type_of_key(subject) == type && carries_object(subject)) sight.month = month_of_key(subject, type);
+  }
+  for (Control* const control : view->form().controls()) {
+    const auto* const date = dynamic_cast<const DatePicker*>(control);
+    if (!sight.month && date != nullptr) sight.month = Month::of(date->value());
+  }
+  return sight;
+}
+
+std::vector<ListEntry> MainWindow::person_entries(const std::string& key) {
+  std::string person;
+  act([&] { person = person_of(application_.company(), key); });
+  if (person.empty()) return {};
+  return {{"Kodėl tiek?\tF2", [this] { explanation_->toggle(); }}};
 }
 
 void MainWindow::open_person() {
