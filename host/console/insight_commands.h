@@ -21,7 +21,14 @@ struct RoomCommand {
   bool by_department = false;
 };
 
+struct StepsCommand {
+  std::string month;
+  int months = 3;
+  std::optional<std::int32_t> department;
+};
+
 ExitStatus run(const ExplainCommand& command, const CommonOptions& options, std::ostream& out);
 ExitStatus run(const RoomCommand& command, const CommonOptions& options, std::ostream& out);
+ExitStatus run(const StepsCommand& command, const CommonOptions& options, std::ostream& out);
 
 }  // namespace quor

@@ -29,6 +29,7 @@ constexpr char kMonth[] = "month";
 constexpr char kExport[] = "export";
 constexpr char kExplain[] = "explain";
 constexpr char kRoom[] = "room";
+constexpr char kSteps[] = "steps";
 
 // The parser takes a word in brackets for a list, divides it at its commas and calls itself for every level. Here such
 // a word is a word: it travels behind this sign.
@@ -143,8 +144,8 @@ void check_format(const quor::CommonOptions& options, const std::string& command
   const auto is_one_of = [&](std::initializer_list<const char*> some) {
     return std::find(some.begin(), some.end(), command) != some.end();
   };
-  if (is_one_of({kPreview, kPrint, kExplain, kRoom})) formats.emplace_back("pdf");
-  if (is_one_of({kPreview, kPrint, kExplain, kRoom, kMonth})) formats.emplace_back("xlsx");
+  if (is_one_of({kPreview, kPrint, kExplain, kRoom, kSteps})) formats.emplace_back("pdf");
+  if (is_one_of({kPreview, kPrint, kExplain, kRoom, kSteps, kMonth})) formats.emplace_back("xlsx");
   if (std::find(formats.begin(), formats.end(), options.format) != formats.end()) {
     for (const auto& [format, kind] : {std::pair("pdf", "PDF"), std::pair("xlsx", "XLSX")}) {
       if (options.format != format || !options.output.empty()) continue;
@@ -200,6 +201,7 @@ struct AllWords {
   quor::PrintCommand print;
   quor::ExplainCommand explain;
   quor::RoomCommand room;
+  quor::StepsCommand steps;
   quor::DesktopCommand desktop;
 };
 
@@ -250,6 +252,12 @@ void add_insight_commands(CLI::App& app, AllWords& words, const quor::CommonOpti
   room.add_option("MĖNUO", words.room.month, "mėnuo, pvz., 2008-01")->required();
   room.add_option("--department", words.room.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
   room.add_flag("--by-department", words.room.by_department, "ne žmonių, o padalinių sąrašas");
+
+  CLI::App& steps = add_command(app, kSteps, "parodo, kas ir kada pasieks kitą priedo už tarnybos stažą procentą",
+                                words.steps, options, command);
+  steps.add_option("MĖNUO", words.steps.month, "pirmas mėnuo, pvz., 2008-02")->required();
+  steps.add_option("--months", words.steps.months, "kiek mėnesių; be jo – 3");
+  steps.add_option("--department", words.steps.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
 }
 
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {

@@ -72,5 +72,14 @@ TEST_F(InsightProgramTest, ShowsWhatMayStillBeGiven) {
   EXPECT_EQ(quor({"room", "2008-01", "--department", "77"}).status, 1);
 }
 
+TEST_F(InsightProgramTest, TellsWhoReachesAServiceStep) {
+  const Outcome steps = quor({"steps", "2008-02", "--months", "3", "--format", "csv"});
+  EXPECT_EQ(steps.status, 0);
+  EXPECT_EQ(steps.out.find("\"Pavardė, vardas\",Diena,"), 0U) << steps.out.substr(0, 80);
+  EXPECT_NE(steps.out.find(",2008.02.01,"), std::string::npos);
+  EXPECT_EQ(steps.out.find(",2008.05.01,"), std::string::npos);
+  EXPECT_EQ(quor({"steps", "2008-02", "--months", "0"}).status, 1);
+}
+
 }  // namespace
 }  // namespace quor
