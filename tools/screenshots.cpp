@@ -221,6 +221,8 @@ void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
   Pictures pictures(window, folder);
   pictures.take_window("main_window");
   take_editors(window, pictures);
+  window.show_first_page();
+  pictures.take_window("first_page");
   take_explanation(window, pictures);
   take_person(window, pictures);
   take_dated_values(window, pictures);

@@ -4,6 +4,7 @@
 #include "host/company/rights.h"
 #include "host/editors/department_choice.h"
 #include "host/editors/reason_dialog.h"
+#include "host/editors/watched_work.h"
 #include "host/payroll/closed_months.h"
 #include "host/payroll/last_calculation.h"
 #include "host/payroll/latest_month.h"
@@ -14,13 +15,6 @@
 namespace quor {
 
 namespace {
-
-// Tells whoever waits how far the work is.
-MonthOptions watched(LongWork& work, MonthOptions whom = {}) {
-  whom.progress = [&work](std::int32_t done, std::int32_t all) { work.progress(done, all); };
-  whom.cancelled = [&work] { return work.cancelled(); };
-  return whom;
-}
 
 std::string summary_of(const CalculatedMonth& calculated) {
   return std::string(calculated.cancelled ? "Nutraukta. " : "") +

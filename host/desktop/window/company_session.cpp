@@ -40,6 +40,7 @@ NextCompany show_company(const SessionOptions& options, NextCompany shown, Edge&
   });
   MainWindow window(application, shown.address);
   window.show();
+  window.show_first_page();
   DesktopProcess::exec();
   // What closing has put off, while what it is about still stands.
   QCoreApplication::sendPostedEvents();

@@ -11,6 +11,7 @@ namespace quor {
 namespace {
 
 constexpr HelpTopic kTopics[] = {
+    {"Pradžia", "first_page"},
     {"Darbuotojo kortelė", "employee"},
     {"Darbuotojo pareigybė", "employee"},
     {"Darbo pabaiga", "employee"},

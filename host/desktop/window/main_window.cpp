@@ -16,6 +16,7 @@
 #include "host/desktop/window/import_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
 #include "host/editors/chart_windows.h"
+#include "host/editors/first_page.h"
 #include "host/editors/month_editor.h"
 #include "host/editors/office_editor.h"
 #include "host/payroll/latest_month.h"
@@ -217,6 +218,14 @@ void MainWindow::show_status() {
   month_->setText("Mėnuo: " + QString::fromStdString(latest.value_or(Month::of(application_.Today())).text()));
   const QString title = company_->text().isEmpty() ? QString::fromStdString(application_.Title()) : company_->text();
   setWindowTitle(application_.company().database().may_write() ? title : title + " (tik skaitymui)");
+}
+
+void MainWindow::show_first_page() {
+  static constexpr char kOpenedBy[] = "first page";
+  act([this] {
+    if (!tabs_->bring_forward_opened_by(kOpenedBy))
+      tabs_->open(std::make_shared<FirstPage>(application_), "", kOpenedBy);
+  });
 }
 
 void MainWindow::show_month() {

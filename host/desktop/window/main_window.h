@@ -37,6 +37,8 @@ class MainWindow : public QMainWindow {
   // The list in front; null before the first one was read.
   ObjectListPane* list() const;
 
+  // Shows what a clerk sees first, in a tab of its own.
+  void show_first_page();
   // Shows the list of a type.
   void show_type(const std::string& object_type);
   // Closes the window, with the usual questions, to go on with another company; what the user keeps open keeps the

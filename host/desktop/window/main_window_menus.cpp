@@ -100,6 +100,7 @@ void MainWindow::add_group_commands(QMenu& menu, QToolBar& tools) {
 
 void MainWindow::add_window_menu() {
   QMenu& menu = *menuBar()->addMenu("&Langas");
+  menu.addAction("&Pradžia", QKeySequence(Qt::CTRL | Qt::Key_0), this, [this] { show_first_page(); });
   menu.addAction("&Sąrašas", QKeySequence(Qt::CTRL | Qt::Key_L), this, [this] {
     tabs_->show_lists();
     if (list() != nullptr) list()->focus_list();
