@@ -92,8 +92,11 @@ Json to_json(const RecordedCall& call) {
   json["Value"] = call.row.empty() ? quor::to_json(call.value) : to_json(call.row);
   json["requests"] = Json::array();
   for (const RecordedRequest& each : call.requests) {
-    json["requests"].push_back(
-        {{"name", each.name}, {"parameter", each.parameter}, {"failure", each.failure}, {"row", to_json(each.row)}});
+    json["requests"].push_back({{"name", each.name},
+                                {"parameter", each.parameter},
+                                {"failure", each.failure},
+                                {"row", to_json(each.row)},
+                                {"source", each.source ? to_json(*each.source) : Json()}});
   }
   return json;
 }

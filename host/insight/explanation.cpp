@@ -31,6 +31,10 @@ class Explaining : public MonthTaker {
     const PersonInput& person = inputs_->people.front();
     explanation_.person = person.name;
     explanation_.calls = recorder_.calls();
+    const StoredSources sources(database_);
+    for (RecordedCall& call : explanation_.calls) {
+      for (RecordedRequest& request : call.requests) request.source = sources.of_request(request);
+    }
     explanation_.closed = is_closed(database_, explanation_.month);
     if (!part.faults.empty()) explanation_.fault = part.faults.front().reason;
     const DocumentDifference difference = compare_with_stored(database_, explanation_.month, part);
@@ -38,7 +42,7 @@ class Explaining : public MonthTaker {
                             : !difference.changed.empty() ? DocumentState::kDifferent
                                                           : DocumentState::kSame;
     if (!calculated_) return true;
-    ToldPay told = tell_pay(*inputs_, person, *calculated_, recorder_.calls(), StoredSources(database_));
+    ToldPay told = tell_pay(*inputs_, person, *calculated_, recorder_.calls(), sources);
     explanation_.amounts = std::move(told.amounts);
     explanation_.refused = std::move(told.refused);
     return true;

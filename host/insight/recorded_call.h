@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/insight/explained_amount.h"
 #include "platform/data/variant.h"
 
 namespace quor {
@@ -22,10 +23,11 @@ struct RecordedRow {
 };
 
 struct RecordedRequest {
-  std::string name;       // "GetSalaryConstants"
-  std::string parameter;  // "'2008.01.31'"
-  std::string failure;    // its Message; "" when it answered
-  RecordedRow row = {};   // at which the engine stood when its method had ended: the one that it read
+  std::string name;                         // "GetSalaryConstants"
+  std::string parameter;                    // "'2008.01.31'"
+  std::string failure;                      // its Message; "" when it answered
+  RecordedRow row = {};                     // at which the engine stood when its method had ended: the one that it read
+  std::optional<StoredSource> source = {};  // where that row is stored; none before it was looked up
 };
 
 struct RecordedCall {

@@ -104,6 +104,26 @@ std::optional<StoredSource> StoredSources::norm(const Month& month) const {
                       .key = object_key(kNormType, month.first_day().year())};
 }
 
+std::optional<StoredSource> StoredSources::of_request(const RecordedRequest& request) const {
+  const RecordedRow& row = request.row;
+  if (row.empty()) return std::nullopt;
+  const auto id = [&](const char* field) { return null_to_int32(row[field]); };
+  const auto from = [&] { return null_to_date(row["DateFrom"]); };
+  if (request.name == "GetSalaryConstants") return constant_value(id("ConstantTypeID"), from());
+  if (request.name == "GetOfficeEmployeeCategory") return category_row(id("ID"), from());
+  if (request.name == "GetOfficeEmployeeSettings") {
+    const std::string scale = null_to_text(row["RowGUID"]);
+    return scale.empty() ? settings(id("ID"), from()) : scale_row(id("ID"), scale, from());
+  }
+  if (request.name == "GetOfficeEmployeeExperience") return service(id("UserID"));
+  if (request.name == "GetSalaryExtraRow") {
+    StoredSource source = position(id("ID"), 0);
+    source.key = object_key(kSalaryExtensionType, source.id);
+    return source;
+  }
+  return std::nullopt;
+}
+
 // ---- names
 
 std::string StoredSources::text(const std::string& sql, const std::vector<Variant>& values) const {

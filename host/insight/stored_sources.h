@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "host/insight/explained_amount.h"
+#include "host/insight/recorded_call.h"
 #include "host/store/database.h"
 #include "platform/data/month.h"
 
@@ -31,6 +31,9 @@ class StoredSources {
   StoredSource worked_time(std::int32_t employee, const Month& month, std::int32_t code, std::optional<Date> day) const;
   // None when the month has no norm of its own.
   std::optional<StoredSource> norm(const Month& month) const;
+
+  // Of the row at which a recorded request stood; none for a row of no table, or on none.
+  std::optional<StoredSource> of_request(const RecordedRequest& request) const;
 
   // What a charge is called: its salary code's name, without one its comment; "" for neither.
   std::string charge_name(std::int32_t id) const;

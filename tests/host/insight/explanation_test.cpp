@@ -168,6 +168,14 @@ TEST_P(ExplanationTest, SaysWhoStoredARowAndWhereItIsKept) {
   const ExplainedAmount& factor = explanation.amounts.at(0).inputs.at(1);
   EXPECT_EQ(factor.source->key, object_key(kCategoryType, category_));
   EXPECT_EQ(date_text(*factor.source->from), "2007.07.01");
+  std::string read;
+  for (const RecordedRequest& request : explanation.calls.at(0).requests) {
+    read += request.name + request.parameter + " " + request.source->table + std::to_string(request.source->id) + "; ";
+  }
+  EXPECT_EQ(explanation.calls.at(0).method + ": " + read,
+            "GetSalaryComponents: GetSalaryExtraRow'K1N1','2008.01.31' positions1; "
+            "GetOfficeEmployeeSettings'2008.01.31' settings_rows1; GetSalaryConstants'2008.01.31' constant_values1; "
+            "GetOfficeEmployeeCategory1,'2008.01.31' category_rows2; ");
 }
 
 TEST_P(ExplanationTest, StandsBesideTheStoredDocument) {

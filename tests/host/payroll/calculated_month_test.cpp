@@ -181,6 +181,43 @@ TEST_P(CalculatedMonthTest, OnePersonsFaultIsKeptAndTheOthersGoOn) {
   EXPECT_EQ(none.faults[2].reason, "nėra valstybės tarnautojų nustatymų datai 2004.12.31");
 }
 
+// A run that begins while another is at work, of other people and another month, and one over the same.
+TEST_P(CalculatedMonthTest, RunsDoNotDisturbEachOther) {
+  struct Collecting : MonthTaker {
+    void begin(const MonthInputs&) override { text.clear(); }
+    void take(const PersonInput& person, const PersonMonth& month) override {
+      text += person.name + " " + general_text(month.document.sum_of(SumType::kBasePay)) + "; ";
+      if (meanwhile) meanwhile();
+    }
+    bool take_part(const CalculatedPeople& part) override {
+      for (const PersonFault& fault : part.faults) text += fault.person + ": " + fault.reason + "; ";
+      return true;
+    }
+    bool take_end() override { return true; }
+    std::function<void()> meanwhile;
+    std::string text;
+  };
+  given_person("Adomas");
+  const auto half = given_person("Benas", 0.5);
+  const auto ill = given_person("Celina");
+  change("UPDATE positions SET category_id = NULL WHERE employee_id = :p0", {ill});
+  change("INSERT INTO constant_values (id, constant_type_id, date_from, value) VALUES (90, 1, :p0, 140)",
+         {day("2008.02.01")});
+  Collecting outer, inner;
+  int runs = 0;
+  outer.meanwhile = [&] {
+    ++runs;
+    const MonthOptions whom = runs == 1 ? MonthOptions{.people = {half, ill}} : MonthOptions{};
+    calculate_people(company_.application(), Month::parse("2008-02"), whom, inner);
+    EXPECT_EQ(inner.text, runs == 1 ? "Benas 680; Celina: nėra pareigybės kategorijos koeficiento datai 2008.02.29; "
+                                    : "Adomas 1360; Benas 680; Celina: nėra pareigybės kategorijos koeficiento datai "
+                                      "2008.02.29; ");
+  };
+  calculate_people(company_.application(), Month::parse("2008-01"), {}, outer);
+  EXPECT_EQ(outer.text, "Adomas 1260; Benas 630; Celina: nėra pareigybės kategorijos koeficiento datai 2008.01.31; ");
+  EXPECT_EQ(rows_in("documents"), 0);
+}
+
 TEST_P(CalculatedMonthTest, StoppingKeepsWhatIsDoneAndNothingHalf) {
   for (const char* name : {"Adomas", "Benas", "Celina"}) given_person(name);
   int asked = 0;
