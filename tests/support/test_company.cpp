@@ -1,5 +1,6 @@
 #include "tests/support/test_company.h"
 
+#include "host/application/forwarded_requests.h"
 #include "host/application/main_bo.h"
 #include "host/company/guid.h"
 #include "host/console/session.h"
@@ -9,29 +10,19 @@ namespace quor {
 
 namespace {
 
-class RecordingBO : public QuorMainBO {
+class RecordingBO : public ForwardedRequests {
  public:
   RecordingBO(TestApplication& application, std::shared_ptr<QuorMainBO> real)
-      : application_(application), real_(std::move(real)) {}
+      : ForwardedRequests(std::move(real)), application_(application) {}
 
   MethodResult RunMethod(const std::string& name, const std::string& parameter, std::int32_t flag) override {
     application_.requests.push_back(name + "(" + parameter + "), flag " + std::to_string(flag));
     const auto answer = application_.answers.find(name);
-    return answer == application_.answers.end() ? real_->RunMethod(name, parameter, flag) : answer->second;
+    return answer == application_.answers.end() ? ForwardedRequests::RunMethod(name, parameter, flag) : answer->second;
   }
-  std::shared_ptr<Recordset> GetQuorObjectList(const std::string& parameter, const std::string& filter,
-                                               const std::string& order) override {
-    return real_->GetQuorObjectList(parameter, filter, order);
-  }
-  bool DeleteQuorObject(const std::string& object) override { return real_->DeleteQuorObject(object); }
-  SaveStatus SaveRecordset(const std::string& name, Recordset& rows) override {
-    return real_->SaveRecordset(name, rows);
-  }
-  std::string GroupContext() const override { return real_->GroupContext(); }
 
  private:
   TestApplication& application_;
-  std::shared_ptr<QuorMainBO> real_;
 };
 
 }  // namespace

@@ -154,6 +154,7 @@ void ExplanationPane::follow() {
     if (sight.month && sight.month != seen_month_) month_ = *sight.month;
     seen_month_ = sight.month;
   } catch (const std::exception& failure) {
+    told_.clear();
     text_->setHtml(refusal_page(failure.what()));
     return;
   }
