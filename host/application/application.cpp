@@ -77,6 +77,12 @@ void Application::load_plugin(const std::string& file) {
   object_uis_.clear();  // of a type that it has registered, the UI is its own from now on
 }
 
+std::vector<std::string> Application::plugin_files() const {
+  std::vector<std::string> files;
+  for (const PluginLibrary& plugin : plugins_) files.push_back(plugin.file());
+  return files;
+}
+
 std::vector<SecurityComponent> Application::security_components() {
   std::vector<SecurityComponent> components;
   for (const PluginLibrary& plugin : plugins_) {

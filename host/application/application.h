@@ -72,6 +72,8 @@ class Application : public QuorApplication {
 
   // Loads the library and lets its header register what it contributes. Throws PluginError or quor::Error.
   void load_plugin(const std::string& file);
+  // The libraries loaded so far, for another application that is to have the same.
+  std::vector<std::string> plugin_files() const;
   // What the loaded plug-ins give rights on, in the order in which they were loaded.
   std::vector<SecurityComponent> security_components();
   // A new object of a plug-in's class; null when no loaded plug-in has it.

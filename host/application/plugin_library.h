@@ -22,6 +22,7 @@ class PluginLibrary {
 
   // What the library is called, by its file (see plugin_entry.h).
   const std::string& name() const { return name_; }
+  const std::string& file() const { return file_; }
 
   // A new object of the class identifier; throws PluginError when the library has none.
   template <typename T>

@@ -7,8 +7,8 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
-#include "host/exchange/file_text.h"
 #include "host/store/addresses.h"
+#include "host/store/file_text.h"
 
 namespace quor {
 

@@ -1,8 +1,8 @@
 #include "host/exchange/import_file.h"
 
 #include "host/exchange/cell_values.h"
-#include "host/exchange/file_text.h"
 #include "host/exchange/table_heads.h"
+#include "host/store/file_text.h"
 #include "host/store/tables/column_values.h"
 #include "host/text/csv_reader.h"
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <stdexcept>
 
-#include "host/exchange/file_text.h"
 #include "host/store/addresses.h"
+#include "host/store/file_text.h"
 #include "host/text/csv_reader.h"
 
 namespace quor {

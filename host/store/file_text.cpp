@@ -1,4 +1,4 @@
-#include "host/exchange/file_text.h"
+#include "host/store/file_text.h"
 
 #include <filesystem>
 #include <fstream>
