@@ -202,6 +202,7 @@ struct AllWords {
   quor::ExplainCommand explain;
   quor::RoomCommand room;
   quor::StepsCommand steps;
+  quor::CheckCommand check;
   quor::DesktopCommand desktop;
 };
 
@@ -258,6 +259,10 @@ void add_insight_commands(CLI::App& app, AllWords& words, const quor::CommonOpti
   steps.add_option("MĖNUO", words.steps.month, "pirmas mėnuo, pvz., 2008-02")->required();
   steps.add_option("--months", words.steps.months, "kiek mėnesių; be jo – 3");
   steps.add_option("--department", words.steps.department, "padalinio ID: tik jo ir jam pavaldžių padalinių žmonės");
+
+  CLI::App& check = add_command(app, "check", "išbando taisyklių lenteles: kas turi išeiti ir kas išeina", words.check,
+                                options, command);
+  check.add_option("VIETA", words.check.place, "aplankas su CSV lentelėmis arba viena lentelė")->required();
 }
 
 void add_commands(CLI::App& app, AllWords& words, const quor::CommonOptions& options, Command& command) {

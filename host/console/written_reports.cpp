@@ -10,13 +10,9 @@
 
 namespace quor {
 
-namespace {
-
 bool to_terminal(const CommonOptions& options) {
   return options.output.empty() && isatty(STDOUT_FILENO) == 1 && std::getenv("NO_COLOR") == nullptr;
 }
-
-}  // namespace
 
 void write_reports(const Reports& reports, const CommonOptions& options, const Application& application,
                    std::ostream& out) {

@@ -8,6 +8,9 @@
 
 namespace quor {
 
+// Whether the result is shown on a terminal whose user wants colours.
+bool to_terminal(const CommonOptions& options);
+
 inline constexpr char kPdfFormat[] = "pdf", kXlsxFormat[] = "xlsx";
 
 // Several reports: tables one below the other, CSV lines under one head, JSON a report a line, PDF page behind page,

@@ -1,4 +1,6 @@
 // The commands that explain and look ahead, run as a person runs them.
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -79,6 +81,36 @@ TEST_F(InsightProgramTest, TellsWhoReachesAServiceStep) {
   EXPECT_NE(steps.out.find(",2008.02.01,"), std::string::npos);
   EXPECT_EQ(steps.out.find(",2008.05.01,"), std::string::npos);
   EXPECT_EQ(quor({"steps", "2008-02", "--months", "0"}).status, 1);
+}
+
+TEST_F(InsightProgramTest, ChecksTablesOfCases) {
+  const Outcome green = quor({"check", VELMORA_RULES});
+  EXPECT_EQ(green.status, 0) << green.out;
+  EXPECT_NE(green.out.find("✓ " VELMORA_RULES "/limits.csv: Priedų ir priemokų ribos: "), std::string::npos)
+      << green.out;
+  EXPECT_EQ(green.err + (green.out.find('\x1b') == std::string::npos ? "" : "coloured"), "");
+
+  const std::string folder = folder_.path("lentelės");
+  std::filesystem::create_directory(folder);
+  EXPECT_EQ(quor({"check", folder}).status, 1) << "nothing was checked";
+  const std::string file = folder + "/skalė.csv";
+  std::ofstream(file) << "Pastaba,Skalė,Metai,Stažo procentas\nriba,0-5:3 5-10:5,5,3\ngera,0-5:3,4,3\n";
+  const Outcome red = quor({"check", folder});
+  EXPECT_EQ(red.status, 1);
+  EXPECT_EQ(red.out, "✗ " + file +
+                         ": Stažo skalė: 1 iš 2\n  ✗ 2 eilutė „riba“: Skalė 0-5:3 5-10:5; Metai 5\n"
+                         "      Stažo procentas: turi būti 3, gauta 5\n"
+                         "      pirma pakopa, kurioje telpa 5 m., yra nuo 5 (imtinai) iki 10 (neimtinai): 5 %\n"
+                         "Lentelių 1, atvejų 2, raudonų 1\n");
+  const auto json = nlohmann::json::parse(quor({"check", file, "--format", "json"}).out);
+  EXPECT_EQ(json["tables"][0]["rows"][0]["results"][0]["got"], "5");
+  EXPECT_EQ(json["tables"][0]["rows"][1]["passed"], true);
+  EXPECT_NE(quor({"check", file, "--format", "csv-semicolon"}).out.find(";2;riba;Stažo procentas;3;5;ne;"),
+            std::string::npos);
+  std::ofstream(file) << "Skalė;Metai;Procentas\n0-5:3;1;3\n";
+  const Outcome unread = quor({"check", file});
+  EXPECT_EQ(unread.status, 1);
+  EXPECT_NE(unread.out.find("1 eilutė: taisyklės „Stažo skalė“ lentelei trūksta"), std::string::npos) << unread.out;
 }
 
 }  // namespace
