@@ -19,8 +19,10 @@
 #include "host/desktop/window/main_window.h"
 #include "host/desktop/window/new_company_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
+#include "host/desktop/window/rules_folder.h"
 #include "host/editors/host_editors.h"
 #include "host/editors/month_editor.h"
+#include "host/editors/rule_tables_form.h"
 #include "host/payroll/calculated_month.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
@@ -173,6 +175,18 @@ void take_previews(DesktopApplication& application, MainWindow& window, Pictures
   });
 }
 
+// A folder of tables of cases, tried: the shipped ones, and one that is not as the rules are.
+void take_rules(DesktopApplication& application, MainWindow& window, Pictures& pictures) {
+  QTemporaryDir folder;
+  const QDir shipped(shipped_rules());
+  for (const QString& table : shipped.entryList({"*.csv"}))
+    QFile::copy(shipped.filePath(table), folder.filePath(table));
+  write_whole_file(folder.filePath("skalė.csv").toStdString(),
+                   "Pastaba;Skalė;Metai;Stažo procentas\npenkeri metai;0-5:3 5-10:5;5;3\n");
+  window.tabs().open(std::make_shared<RuleTablesForm>(application, folder.path().toStdString()), "", "rules");
+  pictures.take_window("rule_tables");
+}
+
 void take_dialogs(DesktopApplication& application, MainWindow& window, Pictures& pictures, Edge& edge) {
   store_company_users(application,
                       {{"ona", true}, {"petras", false, {{"COfficeEmployees", {true, true, false, true, true}}}}});
@@ -229,6 +243,7 @@ void take_all(const std::string& plugin, const QString& folder, Edge& edge) {
   take_previews(application, window, pictures);
   window.show_type(kEmployeeType);
   pictures.take_window("employees");
+  take_rules(application, window, pictures);
   take_dialogs(application, window, pictures, edge);
 }
 

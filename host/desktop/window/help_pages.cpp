@@ -45,6 +45,7 @@ constexpr HelpTopic kTopics[] = {
     {"Atverti įmonę", "company"},
     {"Atkurti iš kopijos", "company"},
     {"Įstaigos pavadinimas", "company"},
+    {"Taisyklių lentelės", "rules"},
 };
 
 }  // namespace

@@ -15,10 +15,12 @@
 #include "host/desktop/edge/pointer.h"
 #include "host/desktop/window/import_dialog.h"
 #include "host/desktop/window/rights_dialog.h"
+#include "host/desktop/window/rules_folder.h"
 #include "host/editors/chart_windows.h"
 #include "host/editors/first_page.h"
 #include "host/editors/month_editor.h"
 #include "host/editors/office_editor.h"
+#include "host/editors/rule_tables_form.h"
 #include "host/payroll/latest_month.h"
 #include "host/payroll/month_state.h"
 #include "host/store/object_codes.h"
@@ -263,6 +265,17 @@ void MainWindow::import_file() {
 void MainWindow::name_office() {
   act([this] { application_.show_modal(*office_editor(application_)); });
   refresh_all();
+}
+
+// In a tab of its own for each folder; one that is open comes to the front.
+void MainWindow::check_rules() {
+  act([this] {
+    const QString place = ask_for_rules(*this);
+    if (place.isEmpty()) return;
+    const QString opened_by = "rules " + place;
+    if (tabs_->bring_forward_opened_by(opened_by)) return;
+    tabs_->open(std::make_shared<RuleTablesForm>(application_, place.toStdString()), "", opened_by);
+  });
 }
 
 void MainWindow::administer_rights() {

@@ -94,6 +94,7 @@ class MainWindow : public QMainWindow {
   void import_file();
   void administer_rights();
   void name_office();
+  void check_rules();
 
   DesktopApplication& application_;
   CompanyMenu* companies_;

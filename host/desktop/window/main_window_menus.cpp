@@ -174,6 +174,8 @@ void MainWindow::add_help_menu() {
                                       std::pair("&Apie programą", kHelpAbout)}) {
     menu.addAction(caption, this, [this, shown = QString(page)] { HelpWindow::show_above(*this, shown); });
   }
+  menu.addSeparator();
+  menu.addAction("&Taisyklių lentelės…", this, [this] { check_rules(); });
 }
 
 // A dialog's by its title; in the main window that of the form in front, or of its list.

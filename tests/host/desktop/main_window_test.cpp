@@ -12,6 +12,7 @@
 #include "host/desktop/window/first_start.h"
 #include "host/editors/host_editors.h"
 #include "host/editors/personal_charge_editor.h"
+#include "host/editors/rule_tables_form.h"
 #include "host/sample/sample_company.h"
 #include "host/store/object_codes.h"
 #include "platform/data/error.h"
@@ -457,6 +458,29 @@ TEST(FirstStart, MakesTheSampleCompany) {
   ASSERT_TRUE(made.database);
   EXPECT_EQ(count(*made.database, "employees"), 30);
   EXPECT_EQ(made.address, place.toStdString());
+}
+
+TEST_F(MainWindowTest, TheShippedTablesOfCasesAreTriedInATab) {
+  open();
+  const auto ask = [&] {
+    const NextWindows dialogs({[](QWidget& dialog) { dynamic_cast<QDialog&>(dialog).accept(); }});
+    for (QAction* const action : window_->findChildren<QAction*>()) {
+      if (action->text() == "&Taisyklių lentelės…") action->trigger();
+    }
+    settle();
+  };
+  ask();
+  auto* const form = dynamic_cast<RuleTablesForm*>(&window_->tabs().current_view()->form());
+  ASSERT_NE(form, nullptr);
+  EXPECT_EQ(form->lblSummary.caption().find("✓ Tinka viskas: "), 0U) << form->lblSummary.caption();
+  const int tabs = window_->tabs().count();
+  ask();
+  EXPECT_EQ(window_->tabs().count(), tabs) << "that folder's tab is there already";
+  come_back();
+  form->lblSummary.set_caption("");
+  window_->tabs().current_view()->widget_of(form->lvwCases)->setFocus();
+  press(Qt::Key_F5);
+  EXPECT_EQ(form->lblSummary.caption().find("✓ Tinka viskas: "), 0U) << "tried again";
 }
 
 }  // namespace
