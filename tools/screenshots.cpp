@@ -113,7 +113,7 @@ void take_explanation(MainWindow& window, Pictures& pictures) {
   window.list()->focus_list();
   window.explanation().toggle();
   pictures.take_window("explanation");
-  window.explanation().toggle();
+  window.explanation().hide();
 }
 
 // A card with every page of it, and the dialog of a position.

@@ -93,7 +93,8 @@ class Table {
   }
 
   void add_coloured(const ReportCell& cell) {
-    if (!style_.colours || cell.text.empty() || cell.colour == CellColour::kNormal) {
+    const bool coloured = cell.colour == CellColour::kRed || cell.colour == CellColour::kGreyText;
+    if (!style_.colours || cell.text.empty() || !coloured) {
       text_ += cell.text;
     } else {
       text_ += (cell.colour == CellColour::kRed ? "\033[31m" : "\033[90m") + cell.text + "\033[0m";

@@ -28,7 +28,7 @@ struct ListColumn {
   std::string header_key = {};  // by which the form changes the caption; none for a head that stays as it is
 };
 
-enum class CellColour : std::uint8_t { kNormal, kRed, kGreyText };
+enum class CellColour : std::uint8_t { kNormal, kRed, kGreyText, kGreen };
 
 class ListView : public Control {
  public:

@@ -21,9 +21,12 @@ QVariant wrapped(const ListColumn& column) {
                   (column.alignment == CellAlignment::kRight ? Qt::AlignRight : Qt::AlignLeft));
 }
 
-QVariant grey(CellColour colour) {
-  if (colour != CellColour::kGreyText) return {};
-  return QGuiApplication::palette().color(QPalette::Disabled, QPalette::Text);
+// Red is the delegate's, which knows the ground. A green that can be read on a light theme, and on a dark one.
+QVariant text_colour(CellColour colour) {
+  const QPalette palette = QGuiApplication::palette();
+  if (colour == CellColour::kGreyText) return palette.color(QPalette::Disabled, QPalette::Text);
+  if (colour != CellColour::kGreen) return {};
+  return palette.color(QPalette::Base).lightness() > 127 ? QColor(0, 112, 0) : QColor(130, 220, 130);
 }
 
 // Colour is not the only sign: not everybody sees it.
@@ -120,14 +123,14 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return alignment(list_.columns()[column]);
     case Qt::ForegroundRole:
-      return grey(list_.colour(row, column));
+      return text_colour(list_.colour(row, column));
     case RowDelegate::kRedRole:
       return list_.colour(row, column) == CellColour::kRed;
     case Qt::FontRole:
       return red_font(list_.colour(row, column));
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
-      return list_.colour(row, column) == CellColour::kRed ? QVariant("Viršija ribą") : QVariant();
+      return list_.colour(row, column) == CellColour::kRed ? QVariant("Viršija ribą arba netinka") : QVariant();
     case Qt::CheckStateRole:
       if (column > 0 || !list_.has_check_boxes()) return {};
       return list_.checked(row) ? Qt::Checked : Qt::Unchecked;

@@ -18,7 +18,7 @@ TEST_F(FormViewTest, TheListShowsItsRowsAndColours) {
   EXPECT_EQ(model.data(red).toString(), "10,00");
   EXPECT_EQ(list().accessibleName(), "Sąrašas & kita");
   EXPECT_TRUE(model.data(red, Qt::FontRole).value<QFont>().bold());
-  EXPECT_EQ(model.data(red, Qt::ToolTipRole).toString(), "Viršija ribą");
+  EXPECT_EQ(model.data(red, Qt::ToolTipRole).toString(), "Viršija ribą arba netinka");
   EXPECT_TRUE(model.data(red, RowDelegate::kRedRole).toBool() && !model.data(usual, RowDelegate::kRedRole).toBool());
   EXPECT_FALSE(model.data(usual, Qt::FontRole).isValid() || model.data(usual, Qt::ToolTipRole).isValid());
   screen_.list.set_caption(1, "Viso");
