@@ -50,7 +50,7 @@ std::string source_text(const StoredSource& source) {
 
 void print(const ExplainedAmount& amount, const std::string& indent, std::ostream& out) {
   out << indent << sentence_of(amount) << (amount.warns ? " !" : "")
-      << (amount.source ? source_text(*amount.source) : "") << '\n';
+      << (amount.source && amount.source->id != 0 ? source_text(*amount.source) : "") << '\n';
   for (const ExplainedAmount& input : amount.inputs) print(input, indent + "    ", out);
 }
 

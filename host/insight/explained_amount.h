@@ -16,7 +16,7 @@ namespace quor {
 // The stored row that a value was read from.
 struct StoredSource {
   std::string table;              // "category_rows", as the tables' description calls it
-  std::int32_t id = 0;            // of the row
+  std::int32_t id = 0;            // of the row; 0 where there is none, or none any more
   std::optional<Date> from = {};  // the day from which a dated row holds
   std::string stored_by = {};     // who stored it, or the record that it belongs to; "" where nobody is known
   std::string stored_at = {};     // when, likewise

@@ -65,8 +65,8 @@ class PayTeller {
   void tell_limits();
   void tell_total();
 
-  ExplainedAmount tariff(const char* what, const RecordedCall& call, double value) const;
-  ExplainedAmount factor(const RecordedCall& call, const DocumentPosition& pay) const;
+  ExplainedAmount tariff(const char* what, const RecordedCall& call) const;
+  ExplainedAmount factor(const RecordedCall& call) const;
   ExplainedAmount hours(const PositionInput& position, const WorkedPartSteps& steps,
                         const std::vector<const WorkedTime*>& worked) const;
   ExplainedAmount norm() const;

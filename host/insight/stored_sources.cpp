@@ -94,14 +94,13 @@ StoredSource StoredSources::worked_time(std::int32_t employee, const Month& mont
   return source;
 }
 
-std::optional<StoredSource> StoredSources::norm(const Month& month) const {
+StoredSource StoredSources::norm(const Month& month) const {
   const auto found = database_.read("SELECT month FROM month_norms WHERE month = :p0", {{"Month", FieldType::kInt32}},
                                     {month.first_day()});
-  if (found->RecordCount() == 0) return std::nullopt;
-  return StoredSource{.table = "month_norms",
-                      .id = found->int32({0}),
-                      .from = month.first_day(),
-                      .key = object_key(kNormType, month.first_day().year())};
+  return {.table = "month_norms",
+          .id = found->RecordCount() == 0 ? 0 : found->int32({0}),
+          .from = month.first_day(),
+          .key = object_key(kNormType, month.first_day().year())};
 }
 
 std::optional<StoredSource> StoredSources::of_request(const RecordedRequest& request) const {

@@ -29,8 +29,8 @@ class StoredSources {
   StoredSource service(std::int32_t employee) const;
   StoredSource charge(std::int32_t id, std::int32_t employee) const;
   StoredSource worked_time(std::int32_t employee, const Month& month, std::int32_t code, std::optional<Date> day) const;
-  // None when the month has no norm of its own.
-  std::optional<StoredSource> norm(const Month& month) const;
+  // The ID is 0 when the month has no norm of its own: that is where it would be kept.
+  StoredSource norm(const Month& month) const;
 
   // Of the row at which a recorded request stood; none for a row of no table, or on none.
   std::optional<StoredSource> of_request(const RecordedRequest& request) const;

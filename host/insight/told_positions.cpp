@@ -6,31 +6,36 @@ namespace quor {
 
 // ---- positions
 
-// The constant, since when it holds, and the settings that name it where the position has none of its own.
-ExplainedAmount PayTeller::tariff(const char* what, const RecordedCall& call, double value) const {
-  ExplainedAmount amount{.what = what, .value = amount_text(value), .number = value};
+// The constant as it was read, since when it holds, and the settings that name it where the position has none of its
+// own.
+ExplainedAmount PayTeller::tariff(const char* what, const RecordedCall& call) const {
+  ExplainedAmount amount{.what = what, .value = amount_text(0), .number = 0};
   if (const RecordedRequest* const read = call.request("GetSalaryConstants"); read != nullptr && !read->row.empty()) {
     const Date from = null_to_date(read->row["DateFrom"]);
+    amount.number = null_to_double(read->row["ConstantValue"]);
+    amount.value = amount_text(amount.number);
     amount.source = sources_.constant_value(null_to_int32(read->row["ConstantTypeID"]), from);
     Words(amount).say(" (" + from_text(from) + ")");
   }
   const RecordedRequest* const settings = call.request("GetOfficeEmployeeSettings");
   if (settings != nullptr && !settings->row.empty()) {
     const Date from = null_to_date(settings->row["DateFrom"]);
-    Words(amount).keep({.what = "bazinė alga parinkta nustatymuose",
+    Words(amount).keep({.what = "dydis parinktas nustatymuose",
                         .value = from_text(from),
                         .source = sources_.settings(null_to_int32(settings->row["ID"]), from)});
   }
   return amount;
 }
 
-ExplainedAmount PayTeller::factor(const RecordedCall& call, const DocumentPosition& pay) const {
-  ExplainedAmount amount{.what = "koeficientas", .value = general_text(pay.factor), .number = pay.factor};
+ExplainedAmount PayTeller::factor(const RecordedCall& call) const {
+  ExplainedAmount amount{.what = "koeficientas", .value = general_text(0), .number = 0};
   const RecordedRequest* const read = call.request("GetOfficeEmployeeCategory");
   if (read == nullptr || read->row.empty()) return amount;
   const Date from = null_to_date(read->row["DateFrom"]);
+  amount.number = null_to_double(read->row["Factor"]);
+  amount.value = general_text(amount.number);
   amount.source = sources_.category_row(null_to_int32(read->row["ID"]), from);
-  Words(amount).say(" (" + pay.category + ", " + from_text(from) + ")");
+  Words(amount).say(" (" + null_to_text(read->row["Name"]) + ", " + from_text(from) + ")");
   return amount;
 }
 
@@ -44,8 +49,8 @@ void PayTeller::tell_position(std::size_t at) {
   const PositionPay& pay = month_.positions[at];
   const RecordedCall& parts = calls_.next("GetSalaryComponents");
   const RecordedCall& answer = calls_.next("GetMonthSalaryValue");
-  const MonthSalarySteps steps = restate_month_salary(pay.tariff, pay.factor, position.share);
-  ExplainedAmount factor_read = factor(parts, pay);
+  ExplainedAmount tariff_read = tariff("bazinė alga", parts), factor_read = factor(parts);
+  const MonthSalarySteps steps = restate_month_salary(tariff_read.number, factor_read.number, position.share);
   if (at == 0) first_factor_ = factor_read;
   ExplainedAmount share{.what = "etato dalis",
                         .value = general_text(position.share),
@@ -56,7 +61,7 @@ void PayTeller::tell_position(std::size_t at) {
                          .value = amount_text(pay.month_salary),
                          .number = answer.value.to_double()};
   Words words(salary);
-  words.say(" = ").link(tariff("bazinė alga", parts, pay.tariff)).say(" x ").link(std::move(factor_read));
+  words.say(" = ").link(std::move(tariff_read)).say(" x ").link(std::move(factor_read));
   words.say(" = " + amount_text(steps.product));
   const std::string whole = general_text(steps.whole);
   if (general_text(steps.product) != whole) words.say(", suapvalinta " + whole);
@@ -90,7 +95,7 @@ ExplainedAmount PayTeller::norm() const {
   const Month month = Month::of(person_.positions.front().from);
   ExplainedAmount amount{.what = "norma", .value = hours_text(inputs_.norm_hours), .number = inputs_.norm_hours};
   amount.source = sources_.norm(month);
-  if (!amount.source) Words(amount).say(" (pagal kalendorių)");
+  if (amount.source->id == 0) Words(amount).say(" (pagal kalendorių)");
   return amount;
 }
 

@@ -103,7 +103,7 @@ void PayTeller::tell_surcharge(const SalaryRow& row) {
   const auto time = std::find_if(document_.time_rows.begin(), document_.time_rows.end(),
                                  [&](const TimeRow& each) { return each.guid == row.time_row_guid; });
   const std::int32_t code = time == document_.time_rows.end() ? 0 : time->time_code;
-  const double tariff_value = null_to_double(call.row["ConstantValue"]);
+  ExplainedAmount tariff_read = tariff("bazinis valandinis atlygis", call);
   ExplainedAmount hours{.what = "dirbta", .value = "", .number = 0};
   for (const WorkedTime& each : person_.worked) {
     if (each.time_code != code) continue;
@@ -111,16 +111,14 @@ void PayTeller::tell_surcharge(const SalaryRow& row) {
     Words(hours).keep(worked(each));
   }
   hours.value = hours_text(hours.number);
-  const SurchargeSteps steps = restate_surcharge(tariff_value, first_factor_.number, hours.number);
+  const SurchargeSteps steps = restate_surcharge(tariff_read.number, first_factor_.number, hours.number);
   ExplainedAmount amount{
       .what = "Priemoka (" + sources_.time_code_name(code) + ")", .value = amount_text(row.sum), .number = row.sum};
   const std::string mention = hours.value;
   Words words(amount);
   words.say(" = ").link(std::move(hours), mention).say(" x ");
-  words.link(tariff("bazinis valandinis atlygis", call, tariff_value)).say(" x ").link(first_factor_);
+  words.link(std::move(tariff_read)).say(" x ").link(first_factor_);
   take_paid(std::move(amount), steps.sum);
 }
-
-// ---- limits and the whole
 
 }  // namespace quor

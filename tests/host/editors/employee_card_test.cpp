@@ -115,7 +115,7 @@ TEST_P(EmployeeCardTest, AChargeTellsWhatTheLimitsLeaveWhileItIsTyped) {
   const auto person = company_.given_employee("Pirmoji");
   company_.given_position({.employee = person, .category = 1});
   company_.given_time_codes();
-  company_.given_charge(person, kNull, kNull, 26.0);
+  company_.given_charge(person, day("2006.05.01"), kNull, 26.0);
   const auto card = open("O04001001");
   const std::string free = "2008.01: pagrindas 1260,00, priedams dar galima ";
   next<PersonalChargeEditor>([&](PersonalChargeEditor& dialog) {

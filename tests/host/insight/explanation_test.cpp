@@ -22,7 +22,7 @@ namespace {
 
 // Every stored row under the amount, its table and ID.
 void collect_rows(const ExplainedAmount& amount, std::set<std::pair<std::string, std::int32_t>>& rows) {
-  if (amount.source) rows.emplace(amount.source->table, amount.source->id);
+  if (amount.source && amount.source->id != 0) rows.emplace(amount.source->table, amount.source->id);
   for (const ExplainedAmount& input : amount.inputs) collect_rows(input, rows);
 }
 
@@ -142,7 +142,7 @@ TEST_P(ExplanationTest, TellsWhatAClerkWouldReckon) {
       told(explained()),
       "Pareiginė alga 1260,00 = bazinė alga 130,00 (nuo 2005.01.01) x koeficientas 9,7 (A lygio 13 kategorija, "
       "nuo 2007.07.01) = 1261,00, paskutinis skaitmuo 1, todėl 1260 x 1 etatas\n"
-      "Už dirbtą laiką 575,22 = 1260 x 1 etatas x dirbta 84 val. / norma 184 val.\n"
+      "Už dirbtą laiką 575,22 = 1260 x 1 etatas x dirbta 84 val. / norma 184 val. (pagal kalendorių)\n"
       "Tarnybos stažas 6 m. 11 mėn. = įrašyta 3 m. 11 mėn. iki 2005.01.31 ir 36 mėn. nuo tada iki 2008.01\n"
       "Priedo už tarnybos stažą procentas 5 % = skalės eilutė nuo 5 iki 10 m. (nustatymai nuo 2005.01.01)\n"
       "Priedas už tarnybos stažą 28,76 = pagrindas 575,22 x 5 %, priedas už tarnybos stažą = 28,761, suapvalinta\n"
