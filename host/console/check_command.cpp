@@ -7,7 +7,7 @@
 #include "host/console/json_values.h"
 #include "host/console/session.h"
 #include "host/console/written_reports.h"
-#include "host/insight/rule_tables.h"
+#include "host/insight/rules/rule_tables.h"
 #include "platform/data/column.h"
 #include "platform/data/error.h"
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/application/application.h"
-#include "host/insight/rule_tables.h"
+#include "host/insight/rules/rule_tables.h"
 #include "platform/toolkit/captioned.h"
 #include "platform/toolkit/choice_box.h"
 #include "platform/toolkit/form.h"

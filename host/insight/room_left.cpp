@@ -10,11 +10,11 @@ namespace quor {
 
 namespace {
 
-// The largest part in whole cents that is within the limit. The quotient is a cent off at most; the judge decides.
+// The largest part in whole cents that is within the limit. What the product has too much is far below a tie, which is
+// within the limit; what it has too little may be a cent.
 double largest_part(double base, double limit) {
   double cents = std::floor(base * limit);
   while (!share_exceeds((cents + 1) / 100, base, limit)) ++cents;
-  while (share_exceeds(cents / 100, base, limit)) --cents;
   return cents;
 }
 

@@ -31,6 +31,7 @@ TEST(RoomLeft, IsWhatTheLimitsLeave) {
       {"part of a cent does not count", {333.33, 0, 0}, {7, 7, 0}, "23,33", "23,33", "46,66"},
       {"no limit of supplements: not counted in both", {1000, 900, 0}, {0, 60, 70}, "be ribos", "600,00", "be ribos"},
       {"no limit of surcharges", {1000, 0, 900}, {55, 0, 70}, "550,00", "be ribos", "be ribos"},
+      {"the product is a hair too low", {1310, 0, 0}, {5.6, 0, 0}, "73,36", "be ribos", "be ribos"},
       {"no limits", {1000, 900, 900}, {0, 0, 0}, "be ribos", "be ribos", "be ribos"},
       {"the limit of both alone counts nothing", {1000, 900, 900}, {0, 0, 10}, "be ribos", "be ribos", "be ribos"},
       {"no base: no check", {0, 100, 0}, {55, 60, 70}, "be ribos", "be ribos", "be ribos"},

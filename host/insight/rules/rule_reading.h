@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/insight/rule.h"
+#include "host/insight/rules/rule.h"
 
 namespace quor {
 

@@ -1,8 +1,8 @@
 // The salary of a month, and the part of it that was worked.
 #include "host/company/working_days.h"
 #include "host/insight/restatement.h"
-#include "host/insight/rule.h"
-#include "host/insight/rule_bench.h"
+#include "host/insight/rules/rule.h"
+#include "host/insight/rules/rule_bench.h"
 #include "platform/data/number_text.h"
 
 namespace quor {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "host/insight/rule_bench.h"
+#include "host/insight/rules/rule_bench.h"
 
 namespace quor {
 

@@ -1,4 +1,4 @@
-#include "host/insight/rule.h"
+#include "host/insight/rules/rule.h"
 
 #include <algorithm>
 #include <stdexcept>

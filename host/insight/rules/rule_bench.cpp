@@ -1,4 +1,4 @@
-#include "host/insight/rule_bench.h"
+#include "host/insight/rules/rule_bench.h"
 
 #include "host/application/forwarded_requests.h"
 #include "host/company/time_code.h"

@@ -3,8 +3,8 @@
 
 #include "frame/contract/over_limit.h"
 #include "host/insight/restatement.h"
-#include "host/insight/rule.h"
-#include "host/insight/rule_bench.h"
+#include "host/insight/rules/rule.h"
+#include "host/insight/rules/rule_bench.h"
 #include "host/store/tables/value_ranges.h"
 #include "platform/data/column.h"
 #include "platform/data/number_text.h"

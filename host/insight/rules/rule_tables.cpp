@@ -1,9 +1,9 @@
-#include "host/insight/rule_tables.h"
+#include "host/insight/rules/rule_tables.h"
 
 #include <algorithm>
 #include <filesystem>
 
-#include "host/insight/rule_reading.h"
+#include "host/insight/rules/rule_reading.h"
 #include "host/store/addresses.h"
 #include "host/store/file_text.h"
 #include "host/text/plain_values.h"

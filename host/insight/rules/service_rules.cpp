@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "host/insight/restatement.h"
-#include "host/insight/rule.h"
-#include "host/insight/rule_bench.h"
+#include "host/insight/rules/rule.h"
+#include "host/insight/rules/rule_bench.h"
 #include "host/store/tables/value_ranges.h"
 #include "host/text/plain_values.h"
 #include "platform/data/column.h"

@@ -1,5 +1,5 @@
 // The tables of cases that are shipped, through the plug-in as it is loaded; and what a wrong table is told.
-#include "host/insight/rule_tables.h"
+#include "host/insight/rules/rule_tables.h"
 
 #include <filesystem>
 #include <fstream>
@@ -7,7 +7,7 @@
 #include <set>
 #include <sstream>
 
-#include "host/insight/rule_reading.h"
+#include "host/insight/rules/rule_reading.h"
 #include "host/store/file_text.h"
 #include "tests/support/company_place.h"
 #include "tests/support/outcome.h"

@@ -1,4 +1,4 @@
-#include "host/insight/rule_reading.h"
+#include "host/insight/rules/rule_reading.h"
 
 #include <algorithm>
 #include <optional>
